@@ -1,0 +1,29 @@
+#include "host/context.h"
+
+host::Host* oHost = nullptr;
+bool bTerminato = false;
+clsConfig* oConfig = nullptr;
+clsGraphical* oGraphical = nullptr;
+QString sLogFile;
+QString sAppPath;
+
+platform::Collection<clsItemIva>* colIva = nullptr;
+platform::Collection<clsItemRaggMerc>* colRaggMerc = nullptr;
+platform::Collection<clsItemSituazioneDente>* colSituazioniDenti = nullptr;
+
+clsPreventivi* oPreventivi = nullptr;
+clsViewPreventivi* oViewPreventivi = nullptr;
+QString sIDPreventivo;
+clsFatture* oFatture = nullptr;
+clsViewFatture* oViewFatture = nullptr;
+QString sIDFattura;
+clsTrattamenti* oTrattamenti = nullptr;
+clsViewTrattamenti* oViewTrattamenti = nullptr;
+QString sIDTrattamento;
+clsParadontale* oParadontale = nullptr;
+clsViewSondaggi* oViewSondaggi = nullptr;
+QString sIDParadontale;
+clsPagamenti* oPagamenti = nullptr;
+clsViewPagamenti* oViewPagamenti = nullptr;
+QString sIDPagamento;
+clsServizi* oServizi = nullptr;

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace platform {
+
+/// Thrown when a key is added twice.
+class DuplicateKey : public std::runtime_error {
+public:
+    explicit DuplicateKey(const QString& key)
+        : std::runtime_error("Chiave già presente nella raccolta: " + key.toStdString()) {}
+};
+
+/// Values in the order in which they were added, each found again by a text key. Keys ignore case, as those of the
+/// records' own collections always did.
+template <class T>
+class Collection {
+public:
+    void add(const QString& key, T value) {
+        const QString folded = key.toCaseFolded();
+        if (index_.contains(folded)) throw DuplicateKey(key);
+        index_.insert(folded, values_.size());
+        values_.push_back(std::move(value));
+    }
+    const T* find(const QString& key) const {
+        const auto found = index_.constFind(key.toCaseFolded());
+        return found == index_.cend() ? nullptr : &values_[*found];
+    }
+    bool contains(const QString& key) const { return index_.contains(key.toCaseFolded()); }
+    void clear() {
+        values_.clear();
+        index_.clear();
+    }
+    std::size_t size() const { return values_.size(); }
+    bool empty() const { return values_.empty(); }
+    const T& operator[](std::size_t position) const { return values_[position]; }
+    T& operator[](std::size_t position) { return values_[position]; }
+    auto begin() const { return values_.begin(); }
+    auto end() const { return values_.end(); }
+
+private:
+    std::vector<T> values_;
+    QHash<QString, std::size_t> index_;
+};
+
+} // namespace platform

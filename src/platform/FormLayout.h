@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <initializer_list>
+
+class QBoxLayout;
+class QDateEdit;
+class QGridLayout;
+class QGroupBox;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QVBoxLayout;
+
+/// Helpers with which windows are laid out in code: every control gets its name, captions line up.
+namespace platform::form {
+
+/// "tbDati(3)": the name of one control of an array.
+QString arrayName(const char* name, int index);
+
+template <class Control>
+Control* named(Control* control, const QString& name) {
+    control->setObjectName(name);
+    return control;
+}
+
+QLineEdit* textBox(const QString& name, QWidget* parent);
+QDateEdit* dateBox(const QString& name, QWidget* parent);        ///< With a calendar, "dd/MM/yyyy".
+QPushButton* button(const QString& name, const QString& caption, QWidget* parent);
+QLabel* heading(const QString& name, const QString& text, QWidget* parent); ///< Heading at the top of a window.
+/// A caption and its control in one row of a grid; the caption is the control's buddy and accessible name.
+QLabel* labelledRow(QGridLayout* grid, int row, int column, const QString& caption, QWidget* control, int span = 1);
+QGroupBox* titledArea(const QString& title, QWidget* parent);
+QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons); ///< Right aligned.
+
+} // namespace platform::form
