@@ -12,6 +12,21 @@ class Host;
 
 /// One run of a module. The host creates it through PluginFactory, calls `Init` (or raises "registrazione") and reports
 /// everything else through `evento`. No exception leaves these calls.
+///
+/// The events, whose names ignore case, and what `args` holds for each:
+///
+///   registrazione            [anything]                 starts the module, as `Init` does with `mittente` as the host
+///   fine                     []
+///   form.load                [HostForm*]                "frmMain", a MainForm, once it is built; "frmAmbulatorio" when a
+///                                                       patient opens or changes
+///   ambulatorio.ready        []
+///   chiuditutto              []                         the patient is closed
+///   execute                  [int: command id]
+///   mainribbonbar.returntab  [bool, written]
+///   mainribbonbar.activetab  [QString: caption of the tab]
+///   listapannelli            [QStringList, appended to]
+///   arcpannelli.daiparent    [QString: panel, int written, View* written]
+///   prescrizione.add         [Prescrizione*]
 class PluginInterface {
 public:
     virtual ~PluginInterface() = default;
