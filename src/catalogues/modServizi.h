@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+/// Look-ups in the service catalogue by code, for rows of plans and documents. An empty or unknown code is answered
+/// with nothing, never an error.
+
+bool ServizioInEvidenza(const QString& id, QString& breve); ///< `breve` is the short text, empty for an unknown code.
+float PrezzoServizio(const QString& id);
+QString StatusLavoriServizio(const QString& id); ///< Names of the intermediate states, one a line.
+QString RaggruppamentoServizio(const QString& id);

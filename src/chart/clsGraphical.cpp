@@ -1,0 +1,93 @@
+#include "chart/clsGraphical.h"
+
+#include "host/context.h"
+
+#include <exception>
+
+using platform::XmlNode;
+
+namespace {
+
+constexpr qint16 ULTIMO_POSTO_ALL_OCCHIO = 11;
+
+XmlNode firstWithId(const XmlNode& first, const char* element, const QString& id) {
+    for (XmlNode node = first; node; node = node.nextSibling(element))
+        if (node.attribute("id") == id) return node;
+    return {};
+}
+
+XmlNode entry(const XmlNode& parent, const char* element, const QString& id) {
+    return firstWithId(parent.firstChild(element), element, id);
+}
+
+// Replaced at each lookup and in lower case only: a practice may move the folder of the module between two runs.
+QString path(const XmlNode& node, const char* attribute) {
+    return node.attribute(attribute, QString()).replace(QStringLiteral("[app.path]"), sAppPath);
+}
+
+bool answer(const XmlNode& node, const char* attribute, QString& image) {
+    image = path(node, attribute);
+    return !image.isEmpty();
+}
+
+const char* attributeOfColour(const QString& colour) {
+    const QString upper = colour.toUpper();
+    if (upper == QLatin1String("RED")) return "redImage";
+    if (upper == QLatin1String("YELLOW")) return "yellowImage";
+    if (upper == QLatin1String("GREEN")) return "greenImage";
+    return nullptr;
+}
+
+} // namespace
+
+bool clsGraphical::Init(const QString& file) {
+    lastError_.clear();
+    try {
+        if (document_.loadFile(file)) return true;
+        lastError_ = QStringLiteral("Non è stato possibile caricare il file di configurazione");
+    } catch (const std::exception& error) {
+        lastError_ = QStringLiteral("Errore 0: ") + QString::fromUtf8(error.what());
+    }
+    return false;
+}
+
+XmlNode clsGraphical::dente(const QString& id) const {
+    return entry(document_.root().firstChild("tooths"), "tooth", id);
+}
+
+bool clsGraphical::ImmagineServizio(const QString& tooth, const QString& servizio, qint16& left, qint16& top,
+                                    QString& image) const {
+    const XmlNode found = entry(dente(tooth), "trattamento", servizio);
+    left = found.attribute("left", QString()).toShort();
+    top = found.attribute("top", QString()).toShort();
+    return answer(found, "image", image);
+}
+
+bool clsGraphical::SituazioneDente(const QString& tooth, const QString& situazione, QString& image) const {
+    return answer(entry(dente(tooth), "situazione", situazione), "image", image);
+}
+
+bool clsGraphical::ImmagineInEvidenza(const QString& servizio, QString& image) const {
+    return answer(entry(document_.root().firstChild("inEvidenza"), "trattamento", servizio), "image", image);
+}
+
+bool clsGraphical::ImmagineAllOcchio(const QString& servizio, qint16& index, QString& image) const {
+    index = 0;
+    image.clear();
+    XmlNode node = entry(document_.root().firstChild("inEvidenza"), "trattamento", servizio);
+    for (; node; node = firstWithId(node.nextSibling("trattamento"), "trattamento", servizio)) {
+        bool number = false;
+        const qint16 place = node.attribute("eyeIndex", QString()).toShort(&number);
+        if (!number || place < 0 || place > ULTIMO_POSTO_ALL_OCCHIO) continue;
+        index = place;
+        return answer(node, "eyeImage", image);
+    }
+    return false;
+}
+
+bool clsGraphical::ServizioConStatus(const QString& servizio, const QString& colore, QString& image) const {
+    image.clear();
+    const char* attribute = attributeOfColour(colore);
+    if (attribute == nullptr) return false;
+    return answer(entry(document_.root().firstChild("status"), "trattamento", servizio), attribute, image);
+}
