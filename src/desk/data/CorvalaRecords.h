@@ -1,0 +1,25 @@
+#pragma once
+
+#include "desk/data/PatientScope.h"
+
+namespace desk {
+
+/// The module's rows of `tblWorkspace` under one patient. Every failure of the database answers false or nothing.
+class CorvalaRecords : public host::Corvala {
+public:
+    static constexpr int tiporecord = 906; ///< Marks the rows of this module among all others in the table.
+
+    explicit CorvalaRecords(const PatientScope& scope)
+        : scope_(scope) {}
+
+    QList<host::RigaCorvala> Lista() override;
+    std::optional<host::RigaCorvala> Carica(const QString& id) override;
+    bool Salva(QString& id, const host::DatiCorvala& dati) override;
+    bool Elimina(const QString& id) override;
+    void Refresh() override; ///< Rows are always read afresh; only notices what others wrote.
+
+private:
+    PatientScope scope_;
+};
+
+} // namespace desk

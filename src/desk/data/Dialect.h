@@ -1,0 +1,41 @@
+#pragma once
+
+#include "desk/data/DatabaseUrl.h"
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+class QSqlDatabase;
+class QSqlError;
+
+namespace desk {
+
+/// Everything in which one database system differs from another; no other class asks which one it is. Statements are
+/// written with "{schema}." before each table name, and `expand` makes them fit.
+class Dialect {
+public:
+    virtual ~Dialect() = default;
+    static std::unique_ptr<Dialect> forKind(DatabaseUrl::Kind kind);
+
+    virtual QString driver() const = 0; ///< Qt's name of the driver.
+    /// Opens the connection so that `schema` is there to be filled or read, waiting briefly for others; throws
+    /// DatabaseError.
+    virtual void open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const = 0;
+    /// Takes up the settings of every day, after the version was found to be good; throws DatabaseError.
+    virtual void settle(QSqlDatabase& connection, const QString& schema) const = 0;
+
+    virtual QString expand(const QString& sql, const QString& schema) const = 0;
+    virtual QString beginWriting() const = 0; ///< Statement that starts a transaction which is going to write.
+    virtual QString tableExists(const QString& table,
+                                const QString& schema) const = 0; ///< A query: one row when it is.
+    /// Condition that `column` contains the bound pattern, case ignored; "\" takes their meaning off "%" and "_".
+    virtual QString contains(const QString& column) const = 0;
+    /// A number that changes when another connection has written; nothing when the system cannot tell.
+    virtual std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const = 0;
+    /// What went wrong in words for the user.
+    virtual QString explain(const QSqlError& error) const = 0;
+};
+
+} // namespace desk

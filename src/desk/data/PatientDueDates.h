@@ -1,0 +1,33 @@
+#pragma once
+
+#include "desk/data/PatientScope.h"
+
+#include <QDate>
+
+namespace desk {
+
+struct Scadenza {
+    QString ID;
+    QDate Data;
+    QString descrizione;
+    bool chiusa = false;
+};
+
+/// The patient's due dates (recalls, checks, payments to ask for), in `tblScadenze`, earliest first.
+class PatientDueDates : public host::Scadenze {
+public:
+    explicit PatientDueDates(const PatientScope& scope)
+        : scope_(scope) {}
+
+    QObject* EditForm(const QString& id) override;
+
+    QList<Scadenza> Lista();
+    std::optional<Scadenza> Carica(const QString& id);
+    bool Salva(Scadenza& scadenza); ///< Inserts when `ID` is empty and writes the new identity into it.
+    bool Elimina(const QString& id);
+
+private:
+    PatientScope scope_;
+};
+
+} // namespace desk

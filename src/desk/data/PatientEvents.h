@@ -1,0 +1,22 @@
+#pragma once
+
+#include "desk/data/PatientScope.h"
+
+namespace desk {
+
+/// The patient's diary, in `tblEventi`, newest first.
+class PatientEvents : public host::Eventi {
+public:
+    explicit PatientEvents(const PatientScope& scope)
+        : scope_(scope) {}
+
+    QList<host::Evento> Lista() override;
+    bool Salva(host::Evento& evento) override; ///< False too when `Data` is no date.
+    bool Elimina(const QString& id) override;
+    void Refresh() override;
+
+private:
+    PatientScope scope_;
+};
+
+} // namespace desk

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/// Folders of the run on this machine, created when first asked for; paths without a final separator.
+namespace desk::workFolders {
+
+QString
+temporary(); ///< Readable by this user alone, since patients' files pass through it; removed when the program ends.
+QString log();
+
+} // namespace desk::workFolders
