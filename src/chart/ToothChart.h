@@ -1,0 +1,44 @@
+#pragma once
+
+#include "chart/modDenti.h"
+
+#include <QWidget>
+#include <array>
+
+class ComposizioneDenti;
+class QScrollBar;
+class ToothBox;
+
+/// The 52 teeth as four rows, from the upper right to the lower left of the patient: shape or picture, number, service
+/// pictures, status mark, red frame when marked. Each tooth has the named parts pbTooh(i), imTooth(i), imTrt01(i) to
+/// imTrt03(i), imStatusLavori(i) and laDente(i); the panel is pbDenti, moved sideways by hsDenti when there is no room.
+class ToothChart : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ToothChart(QWidget* parent = nullptr);
+
+    void setComposition(const ComposizioneDenti& composition);
+    /// Marks the teeth of a selection ("1.1" or "+1.1;1.2") and no others; empty clears all marks.
+    void setSelection(const QString& denti);
+    bool isMarked(int indice) const;
+    ToothBox* box(int indice) const { return boxes_[static_cast<std::size_t>(indice)]; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+signals:
+    void toothClicked(int indice);
+    void toothRightClicked(int indice);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void layOutTeeth();
+    void updateScrolling();
+
+    QWidget* pbDenti_ = nullptr;
+    QScrollBar* hsDenti_ = nullptr;
+    std::array<ToothBox*, NUMERO_DENTI> boxes_{};
+};
