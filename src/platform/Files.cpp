@@ -1,1 +1,97 @@
 #include "platform/Files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace platform::files {
+
+namespace {
+
+constexpr qint64 COPY_STEP = 1 << 20;
+
+/// The entry of the folder with that name in any case; the name itself when there is none.
+QString nameOnDisk(const QString& folder, const QString& name) {
+    if (QFileInfo::exists(folder + name)) return name;
+    const QDir directory(folder.isEmpty() ? QStringLiteral(".") : folder);
+    const QStringList names =
+        directory.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString& candidate : names) {
+        if (candidate.compare(name, Qt::CaseInsensitive) == 0) return candidate;
+    }
+    return name;
+}
+
+} // namespace
+
+QString resolve(const QString& path) {
+    QString slashed = path;
+    slashed.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    if (slashed.isEmpty() || QFileInfo::exists(slashed)) return slashed;
+
+    QString resolved = slashed.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : QString();
+    const QStringList components = slashed.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString& component : components) {
+        resolved += nameOnDisk(resolved, component) + QLatin1Char('/');
+    }
+    if (!slashed.endsWith(QLatin1Char('/'))) resolved.chop(1);
+    return resolved;
+}
+
+bool exists(const QString& path) {
+    return !path.isEmpty() && QFileInfo(resolve(path)).isFile();
+}
+
+bool isFolder(const QString& path) {
+    return !path.isEmpty() && QFileInfo(resolve(path)).isDir();
+}
+
+bool createFolder(const QString& path) {
+    if (path.isEmpty()) return false;
+    const QString resolved = resolve(path);
+    return QDir().mkdir(resolved) || QFileInfo(resolved).isDir();
+}
+
+bool remove(const QString& path) {
+    const QString resolved = resolve(path);
+    return !resolved.isEmpty() && !QFileInfo(resolved).isDir() && QFile::remove(resolved);
+}
+
+bool move(const QString& from, const QString& to) {
+    if (!exists(from) || to.isEmpty()) return false;
+    return QFile::rename(resolve(from), resolve(to));
+}
+
+bool copy(const QString& from, const QString& to) {
+    QFile source(resolve(from));
+    QSaveFile target(resolve(to));
+    if (!exists(from) || !source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly)) return false;
+    while (!source.atEnd()) {
+        const QByteArray part = source.read(COPY_STEP);
+        if (part.isEmpty() || target.write(part) != part.size()) return false;
+    }
+    return source.error() == QFileDevice::NoError && target.commit();
+}
+
+QStringList list(const QString& folder, const QString& pattern) {
+    if (!isFolder(folder)) return {};
+    return QDir(resolve(folder)).entryList({pattern}, QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
+}
+
+std::optional<QByteArray> read(const QString& path) {
+    QFile file(resolve(path));
+    if (!exists(path) || !file.open(QIODevice::ReadOnly)) return std::nullopt;
+    QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError) return std::nullopt;
+    return content;
+}
+
+bool writeAtomically(const QString& path, const QByteArray& content) {
+    if (path.isEmpty()) return false;
+    QSaveFile file(resolve(path));
+    if (!file.open(QIODevice::WriteOnly)) return false;
+    return file.write(content) == content.size() && file.commit();
+}
+
+} // namespace platform::files

@@ -33,7 +33,6 @@ public:
     const QString& shortDateFormat() const { return shortDateFormat_; }
 
 private:
-    QString formatDigits(const QString& plain, const QString& pattern) const;
 
     QChar decimalMark_;
     QChar groupMark_;
