@@ -1,0 +1,100 @@
+#pragma once
+
+#include "host/context.h"
+#include "host/contract/Host.h"
+#include "platform/Collection.h"
+
+#include <QDate>
+#include <QString>
+#include <optional>
+#include <utility>
+
+/// What every record of the practice has, whatever its type. `ID` is empty until the first save; `Data` is text in the
+/// regional short form. The human number `idrif1` is never a field: it is `anno` and `progressivo`, joined.
+struct WorkspaceItem {
+    QString ID;
+    QString anno;
+    QString progressivo;
+    QString Data;
+    QString descrizione;
+};
+
+/// `anno` "-" `progressivo`.
+QString unisciIdrif1(const WorkspaceItem& item);
+/// Sets `anno` and `progressivo`; both empty when the number does not have exactly two parts.
+void dividiIdrif1(const QString& idrif1, WorkspaceItem& item);
+/// The fields that come from the row itself, all but the memo.
+void leggiRiga(const host::RigaCorvala& riga, WorkspaceItem& item);
+/// The query of the records of one type across all patients, in a period when both dates are valid.
+QString queryPeriodo(const QString& t1, const QDate& from, const QDate& to);
+
+/// The manager of one record type: writes, reads and lists the rows with the code `t1`, and keeps the list of the
+/// current patient until `Refresh`. One long-lived instance per type. Errors of the host pass through.
+template <class Item>
+class WorkspaceManager {
+public:
+    explicit WorkspaceManager(QString t1)
+        : t1_(std::move(t1)) {}
+    virtual ~WorkspaceManager() = default;
+    WorkspaceManager(const WorkspaceManager&) = delete;
+    WorkspaceManager& operator=(const WorkspaceManager&) = delete;
+
+    /// Fills the item from the memo; an empty or broken memo leaves what the type says.
+    virtual void DeserializzaMEMO(Item& item, const QString& memo) const = 0;
+
+    /// Writes the record for the current patient, and its new identity into `ID`. False leaves `ID` as it was. Does not
+    /// empty the list: the caller does, once all its work on the record is done.
+    bool Salva(Item& item) {
+        host::Paziente* paziente = oHost->paziente();
+        if (!paziente) return false;
+        QString id = item.ID;
+        const host::DatiCorvala dati{item.Data, unisciIdrif1(item), item.descrizione, t1_, SerializzaMEMO(item)};
+        if (!paziente->corvala().Salva(id, dati)) return false;
+        item.ID = id;
+        return true;
+    }
+
+    /// Nothing when the row is not there. Without a patient, that of the desk.
+    std::optional<Item> Carica(const QString& id, host::Paziente* paziente = nullptr) const {
+        if (!paziente) paziente = oHost->paziente();
+        if (!paziente) return std::nullopt;
+        const std::optional<host::RigaCorvala> riga = paziente->corvala().Carica(id);
+        return riga ? std::optional<Item>(CreaItem(*riga)) : std::nullopt;
+    }
+
+    virtual bool Elimina(host::Paziente& paziente, const QString& id) {
+        if (!paziente.corvala().Elimina(id)) return false;
+        Refresh();
+        return true;
+    }
+
+    /// The records of the current patient by `ID`; what others saved since it was filled is not seen.
+    const platform::Collection<Item>& Lista() {
+        if (cache_) return *cache_;
+        platform::Collection<Item> items;
+        if (host::Paziente* paziente = oHost->paziente()) {
+            for (const host::RigaCorvala& riga : paziente->corvala().Lista()) {
+                if (riga.t1 == t1_) items.add(riga.ID, CreaItem(riga)); // The host lists all types together.
+            }
+        }
+        return cache_.emplace(std::move(items));
+    }
+
+    void Refresh() { cache_.reset(); }
+
+    const QString& t1() const { return t1_; }
+
+protected:
+    virtual QString SerializzaMEMO(const Item& item) const = 0;
+
+    Item CreaItem(const host::RigaCorvala& riga) const {
+        Item item;
+        leggiRiga(riga, item);
+        DeserializzaMEMO(item, riga.m1);
+        return item;
+    }
+
+private:
+    QString t1_;
+    std::optional<platform::Collection<Item>> cache_;
+};
