@@ -9,7 +9,6 @@
 
 namespace platform {
 class XmlDocument;
-class XmlNode;
 } // namespace platform
 
 /// The practice-wide catalogue of services and products: one XML file, read once and kept in memory until `Refresh`,
@@ -33,8 +32,9 @@ public:
     const platform::Collection<clsItemServizio>& Lista();
 
 private:
-    bool sostituisci(platform::XmlDocument& document, const clsItemServizio& item) const;
-    bool salva(const platform::XmlDocument& document);
+    bool replace(const platform::XmlDocument& document, const clsItemServizio& item) const;
+    void append(const platform::XmlDocument& document, const clsItemServizio& item) const;
+    bool save(const platform::XmlDocument& document);
 
     FileProvider file_;
     std::optional<platform::Collection<clsItemServizio>> lista_;

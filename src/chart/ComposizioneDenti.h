@@ -77,7 +77,7 @@ public:
 
     /// Plain teeth, then the entries of the plan's `SituazioneOrale`, joined by ";".
     void composeTeeth(const QString& situazioneOrale);
-    /// One entry "index:situation:text"; an empty situation and text give the plain tooth back.
+    /// One entry "index:situation:text", as the user sets it; no situation and no text give the plain tooth back.
     void composeTooth(int indice, const QString& entry);
     void composeServices(const QList<RigoGrafico>& righi); ///< Layers, strip, short list and marks at a glance.
     void composeMarks(const QList<RigoGrafico>& righi);    ///< Status marks.
@@ -93,6 +93,7 @@ public:
     const QString& phase() const { return phase_; } ///< "step 1" to "step 5.d", for the message of an unexpected error.
 
 private:
+    void setTooth(int indice, const QString& entry);
     void clearServices();
     void addLayers(const RigoGrafico& rigo);
     void addToStrip(const RigoGrafico& rigo);

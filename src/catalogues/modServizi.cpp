@@ -1,0 +1,33 @@
+#include "catalogues/modServizi.h"
+
+#include "catalogues/clsServizi.h"
+#include "host/context.h"
+
+namespace {
+
+const clsItemServizio* servizio(const QString& id) {
+    return id.isEmpty() || oServizi == nullptr ? nullptr : oServizi->Carica(id);
+}
+
+} // namespace
+
+bool ServizioInEvidenza(const QString& id, QString& breve) {
+    const clsItemServizio* item = servizio(id);
+    breve = item == nullptr ? QString() : item->breve;
+    return item != nullptr && item->inEvidenza;
+}
+
+float PrezzoServizio(const QString& id) {
+    const clsItemServizio* item = servizio(id);
+    return item == nullptr ? 0.0F : item->prezzo;
+}
+
+QString StatusLavoriServizio(const QString& id) {
+    const clsItemServizio* item = servizio(id);
+    return item == nullptr ? QString() : item->statusLavori.trimmed();
+}
+
+QString RaggruppamentoServizio(const QString& id) {
+    const clsItemServizio* item = servizio(id);
+    return item == nullptr ? QString() : item->raggruppamento.trimmed();
+}
