@@ -16,9 +16,9 @@ inline constexpr int COMANDO_MODIFICA = 10078;
 inline constexpr int COMANDO_ELIMINA = 10079;
 inline constexpr int COMANDO_STAMPA = 10080;
 
-/// What all lists of the patient's panels share: set-up of the host's grid, the refill with the focus on one record, the
-/// host's own menu entries taken away. A list gives its columns, its rows and its commands. Owned by the module's assembly;
-/// the grids are the host's and may go away at any time.
+/// What all lists of the patient's panels share: set-up of the host's grid, the refill with the focus on one record,
+/// the host's own menu entries taken away. A list gives its columns, its rows and its commands. Owned by the module's
+/// assembly; the grids are the host's and may go away at any time.
 class clsViewBase : public host::View {
 public:
     void setLikePannello(bool likePannello) override { likePannello_ = likePannello; }

@@ -1,5 +1,7 @@
 #include "host/context.h"
 
+#include "host/contract/Host.h"
+
 host::Host* oHost = nullptr;
 bool bTerminato = false;
 clsConfig* oConfig = nullptr;
@@ -27,3 +29,10 @@ clsPagamenti* oPagamenti = nullptr;
 clsViewPagamenti* oViewPagamenti = nullptr;
 QString sIDPagamento;
 clsServizi* oServizi = nullptr;
+
+IdComandi idComandi;
+Agganci agganci;
+
+host::Paziente* PazienteAperto() {
+    return oHost ? oHost->paziente() : nullptr;
+}

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
-// What every room must reach without passing it around, one instance per run. The objects exist from `Plugin::Init` to the
-// end of the Plugin; `oHost` and `oConfig` become null when the module terminates. Owned by the module's assembly.
+// What every room must reach without passing it around, one instance per run. The objects exist from `Plugin::Init` to
+// the end of the Plugin; `oHost` and `oConfig` become null when the module terminates. Owned by the module's assembly.
 
 namespace host {
 class Host;
-}
+class Paziente;
+} // namespace host
 namespace platform {
 template <class T>
 class Collection;
@@ -57,6 +59,32 @@ extern clsPagamenti* oPagamenti;
 extern clsViewPagamenti* oViewPagamenti;
 extern QString sIDPagamento;
 extern clsServizi* oServizi;
+
+/// The command ids that the host gave to the entries beside the services: the group and buttons of its desk tab, and
+/// the main menu. Taken by `clsConfig::initGUI`; 0 before.
+struct IdComandi {
+    qint32 gruppo = 0;
+    qint32 sintesi = 0;
+    qint32 paradontale = 0;
+    qint32 menu = 0;
+    qint32 menuPreventivi = 0;
+    qint32 menuFatturazione = 0;
+    qint32 menuImmagini = 0;
+    qint32 menuSintesi = 0;
+    qint32 menuParadontale = 0;
+};
+extern IdComandi idComandi;
+
+/// What a lower room asks of a higher one. Filled by the module's assembly; empty before and after.
+struct Agganci {
+    std::function<bool()> pazienteConPiani;      ///< Whether the open patient has a treatment plan.
+    std::function<int()> contaTrattamentiAperti; ///< How many plans of the open patient have open work.
+    std::function<void()> refreshGUITrattamento; ///< Sets the command of the patient's plan again.
+};
+extern Agganci agganci;
+
+/// The patient open in the desk; null when there is none, and after the end of the module.
+host::Paziente* PazienteAperto();
 
 /// Title of the message boxes of record windows, and prefix of the captions of child windows.
 inline constexpr char16_t TITOLO_CORVALA[] = u"Tessara 5000. CORVALA";

@@ -4,14 +4,14 @@
 
 class QWidget;
 
-// What all windows share: the title rule, the set-up when a window is made, the geometry kept from run to run and the task
-// dialog.
+// What all windows share: the title rule, the set-up when a window is made, the geometry kept from run to run and the
+// task dialog.
 
 /// The title rule of all windows: the text, ". " and the name of the module.
 QString TitoloForm(const QString& testo);
 
-/// Puts a new window among the open forms and applies the host's appearance to it. Every window calls it at the end of its
-/// constructor, when its controls exist and its `objectName` is set. Passes on a HostError.
+/// Puts a new window among the open forms and applies the host's appearance to it. Every window calls it at the end of
+/// its constructor, when its controls exist and its `objectName` is set. Passes on a HostError.
 void InizializzaForm(QWidget* form);
 
 /// With `flag`, the window no longer closes by its frame, only by its own buttons.
@@ -20,17 +20,17 @@ void DisabilitaChiudi(QWidget* form, bool flag);
 /// Keeps size, place and state of a window in the user's folder, under its `objectName`. Does nothing without a folder.
 void SalvaGeometria(const QWidget* form);
 
-/// Takes back what SalvaGeometria kept. Without a file the window stays as designed; values that make no sense are passed
-/// over, and the window always lands on a screen that is there.
+/// Takes back what SalvaGeometria kept. Without a file the window stays as designed; values that make no sense are
+/// passed over, and the window always lands on a screen that is there.
 void CaricaGeometria(QWidget* form);
 
 /// The optional parts of a task dialog.
 struct OpzioniTask {
-    QString piede;          ///< Footer.
-    QString url;            ///< Address for further information.
-    QString casella;        ///< Caption of the check box; empty for none.
-    bool spuntata = false;  ///< State of the check box, in and out.
-    int secondi = 0;        ///< Time-out; 0 for none.
+    QString piede;         ///< Footer.
+    QString url;           ///< Address for further information.
+    QString casella;       ///< Caption of the check box; empty for none.
+    bool spuntata = false; ///< State of the check box, in and out.
+    int secondi = 0;       ///< Time-out; 0 for none.
 };
 
 /// The task dialog with the button "Chiudi". Texts may hold the markup of task dialogs.

@@ -17,7 +17,8 @@ class Host;
 ///
 ///   registrazione            [anything]                 starts the module, as `Init` does with `mittente` as the host
 ///   fine                     []
-///   form.load                [HostForm*]                "frmMain", a MainForm, once it is built; "frmAmbulatorio" when a
+///   form.load                [HostForm*]                "frmMain", a MainForm, once it is built; "frmAmbulatorio" when
+///   a
 ///                                                       patient opens or changes
 ///   ambulatorio.ready        []
 ///   chiuditutto              []                         the patient is closed
