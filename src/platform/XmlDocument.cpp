@@ -125,6 +125,13 @@ QString XmlNode::text() const {
     return toText(content.get());
 }
 
+QString XmlNode::xml() const {
+    if (!node_) return {};
+    const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(xmlBufferCreate(), &xmlBufferFree);
+    if (!buffer || xmlNodeDump(buffer.get(), node_->doc, node_, 0, 0) < 0) return {};
+    return toText(xmlBufferContent(buffer.get()));
+}
+
 void XmlNode::setText(const QString& text) const {
     if (!node_) return;
     const QByteArray content = storable(text);

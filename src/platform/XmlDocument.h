@@ -28,6 +28,7 @@ public:
 
     QString name() const;
     QString text() const;                                       ///< Of the element and all below it.
+    QString xml() const;                                        ///< The element itself as markup.
     void setText(const QString& text) const;
     std::optional<QString> attribute(const char* name) const;   ///< Nothing when absent. ASCII names.
     QString attribute(const char* name, const QString& otherwise) const;
