@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+/// A goods group of the catalogues.
+struct clsItemRaggMerc {
+    QString codice;
+    QString descrizione;
+};
