@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace desk {
+
+/// Every named control of a window with its text, in the order of the names, and each cell of its grids: what a script
+/// can speak of. One control or cell a line.
+QString describeWindow(const QWidget& window);
+
+} // namespace desk
