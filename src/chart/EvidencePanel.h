@@ -5,7 +5,6 @@
 
 class ComposizioneDenti;
 class QLabel;
-struct ServizioEvidenziato;
 
 /// What stands beside the tooth chart: the strip pbLavoriSeri(i) of services in evidence, framed in the colour of their
 /// state, the short list pbInEvidenzaBreve(i) with laInEvidenzaBreve(i) under "In Evidenza", and the marks
@@ -17,8 +16,6 @@ public:
     explicit EvidencePanel(QWidget* parent = nullptr);
 
     void setComposition(const ComposizioneDenti& composition);
-    int stripPlaces() const { return static_cast<int>(strip_.size()); }
-    int shortListPlaces() const { return static_cast<int>(shortList_.size()); }
 
 signals:
     void serviceClicked(const QString& servizio); ///< On any of the three.
@@ -27,9 +24,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void buildStrip(QWidget* parent);
-    void buildShortList(QWidget* parent);
-    void buildMarks(QWidget* parent);
+    QLabel* box(const QString& name, const QSize& size);
+    void layOut();
+    void showShortList(const ComposizioneDenti& composition);
 
     QList<QLabel*> strip_;
     QList<QLabel*> shortList_;

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "chart/ComposizioneDenti.h"
+
+#include <QPixmap>
+
+/// The module's own marks for the state of a row, told apart by shape as well as by colour: a ring to begin, a half
+/// disc for work going on, a tick when finished.
+QPixmap statusMark(StatoDente stato, const QSize& size, qreal ratio);

@@ -1,0 +1,143 @@
+#include "chart/ToothBox.h"
+
+#include "chart/StatusMark.h"
+#include "chart/ToothPicture.h"
+#include "platform/FormLayout.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+
+using platform::form::arrayName;
+
+namespace {
+
+constexpr int FRAME = 2;
+constexpr int TWIPS_PER_PIXEL = 15;
+constexpr int MARK_TWIPS_FROM_EDGE = 240;
+constexpr QSize PICTURE(40, 84); ///< The box that offsets and picture sizes are meant for.
+constexpr int MARK = 14;
+
+QLabel* layer(const QString& name, QWidget* parent) {
+    auto* label = platform::form::named(new QLabel(parent), name);
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label->hide();
+    return label;
+}
+
+QString stateText(StatoDente stato) {
+    switch (stato) {
+    case StatoDente::Finito:
+        return QStringLiteral("terminato");
+    case StatoDente::Aperto:
+        return QStringLiteral("in corso");
+    case StatoDente::DaIniziare:
+        return QStringLiteral("da iniziare");
+    case StatoDente::Nessuno:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+ToothBox::ToothBox(int indice, QWidget* panel)
+    : QFrame(panel)
+    , indice_(indice) {
+    setObjectName(arrayName("pbTooh", indice));
+    imTooth_ = platform::form::named(new ToothPicture(indice, this), arrayName("imTooth", indice));
+    connect(imTooth_, &ToothPicture::clicked, this, [this] { emit clicked(indice_); });
+    connect(imTooth_, &ToothPicture::rightClicked, this, [this] { emit rightClicked(indice_); });
+    imTrt_ = {layer(arrayName("imTrt01", indice), this), layer(arrayName("imTrt02", indice), this),
+              layer(arrayName("imTrt03", indice), this)};
+    imStatusLavori_ = layer(arrayName("imStatusLavori", indice), this);
+    laDente_ = platform::form::named(new QLabel(DenteDaIndice(indice), panel), arrayName("laDente", indice));
+    laDente_->setAlignment(Qt::AlignCenter);
+    describe();
+}
+
+QSize ToothBox::naturalSize(int indice) {
+    const QSize picture = DenteDeciduo(indice) ? QSize(33, 69) : PICTURE;
+    return picture + QSize(2 * FRAME, 2 * FRAME);
+}
+
+void ToothBox::setTooth(const DenteComposto& tooth) {
+    tooth_ = tooth;
+    imTooth_->setPicture(tooth.immagine);
+    imTooth_->setProperty("tag", tooth.situazione);
+    imTooth_->setToolTip(tooth.testo);
+    placeLayers();
+    placeMark();
+    describe();
+}
+
+void ToothBox::setMarked(bool marked) {
+    if (marked_ == marked) return;
+    marked_ = marked;
+    describe();
+    update();
+}
+
+void ToothBox::placeLayers() {
+    const double scale = double(imTooth_->height()) / PICTURE.height();
+    for (std::size_t place = 0; place < imTrt_.size(); ++place) {
+        const StratoDente& shown = tooth_.strati[place];
+        QLabel* label = imTrt_[place];
+        label->setProperty("tag", shown.servizio);
+        label->setVisible(!shown.servizio.isEmpty());
+        if (shown.servizio.isEmpty()) {
+            label->setPixmap(QPixmap());
+            continue;
+        }
+        const QSize size = pictureSize(shown.immagine) * scale;
+        const QPoint offset(qRound(shown.left * scale / TWIPS_PER_PIXEL), qRound(shown.top * scale / TWIPS_PER_PIXEL));
+        label->setPixmap(loadPicture(shown.immagine, size, devicePixelRatioF()));
+        label->setGeometry(QRect(imTooth_->pos() + offset, size));
+    }
+}
+
+void ToothBox::placeMark() {
+    imStatusLavori_->setProperty("tag", tooth_.statusTag());
+    imStatusLavori_->setVisible(tooth_.stato != StatoDente::Nessuno);
+    if (tooth_.stato == StatoDente::Nessuno) return;
+    const double scale = double(imTooth_->height()) / PICTURE.height();
+    const QSize size = QSize(MARK, MARK) * scale;
+    QPixmap picture = loadPicture(tooth_.immagineStato, size, devicePixelRatioF());
+    if (picture.isNull()) picture = statusMark(tooth_.stato, size, devicePixelRatioF());
+    imStatusLavori_->setPixmap(picture);
+    const int inset = qRound(MARK_TWIPS_FROM_EDGE * scale / TWIPS_PER_PIXEL);
+    const int top = DenteSuperiore(indice_) ? height() - size.height() - inset : inset;
+    imStatusLavori_->setGeometry(QRect(QPoint((width() - size.width()) / 2, top), size));
+}
+
+void ToothBox::describe() {
+    QString name = QStringLiteral("Dente %1").arg(DenteDaIndice(indice_));
+    if (!tooth_.testo.isEmpty()) name += QStringLiteral(", ") + tooth_.testo;
+    if (tooth_.stato != StatoDente::Nessuno)
+        name += QStringLiteral(", %1 %2").arg(tooth_.servizioStato, stateText(tooth_.stato));
+    if (marked_) name += QStringLiteral(", evidenziato");
+    setAccessibleName(name);
+    imTooth_->setAccessibleName(name);
+}
+
+void ToothBox::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    imTooth_->setGeometry(rect().adjusted(FRAME, FRAME, -FRAME, -FRAME));
+    placeLayers();
+    placeMark();
+}
+
+void ToothBox::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const int width = marked_ ? 2 : 1;
+    painter.setPen(QPen(marked_ ? QColor(255, 0, 0) : QColor(128, 128, 128, 110), width));
+    painter.setBrush(marked_ ? QColor(255, 240, 240) : QColor(255, 255, 255));
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double inset = width / 2.0;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 4, 4);
+}
+
+void ToothBox::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) emit clicked(indice_);
+    if (event->button() == Qt::RightButton) emit rightClicked(indice_);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "chart/ComposizioneDenti.h"
+
+#include <QFrame>
+#include <array>
+
+class QLabel;
+class ToothPicture;
+
+/// One tooth of the chart with all that lies over it. Its number stands beside it, on the chart's panel.
+class ToothBox : public QFrame {
+    Q_OBJECT
+
+public:
+    ToothBox(int indice, QWidget* panel);
+
+    void setTooth(const DenteComposto& tooth);
+    void setMarked(bool marked); ///< Red frame of width 2, or grey of width 1.
+    bool isMarked() const { return marked_; }
+    QLabel* numberLabel() const { return laDente_; }
+
+    static QSize naturalSize(int indice); ///< At scale 1, frame included.
+
+signals:
+    void clicked(int indice);
+    void rightClicked(int indice);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void placeLayers();
+    void placeMark();
+    void describe();
+
+    int indice_;
+    bool marked_ = false;
+    DenteComposto tooth_;
+    ToothPicture* imTooth_ = nullptr;
+    std::array<QLabel*, DenteComposto::STRATI> imTrt_{};
+    QLabel* imStatusLavori_ = nullptr;
+    QLabel* laDente_ = nullptr;
+};

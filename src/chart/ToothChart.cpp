@@ -1,0 +1,163 @@
+#include "chart/ToothChart.h"
+
+#include "chart/ComposizioneDenti.h"
+#include "chart/ToothBox.h"
+#include "platform/FormLayout.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QResizeEvent>
+#include <QScrollBar>
+#include <algorithm>
+
+namespace {
+
+// At scale 1, in pixels.
+constexpr int COLUMN = 47;
+constexpr int COLUMNS = 16;
+constexpr int MIDDLE_GAP = 18;
+constexpr int MARGIN = 8;
+constexpr int NUMBER_HEIGHT = 15;
+constexpr int ROW_GAP = 6;
+constexpr int BITE_GAP = 14;
+constexpr double SMALLEST = 0.7;
+constexpr double READABLE = 0.8;
+constexpr double LARGEST = 1.6;
+
+constexpr int PERMANENT_ROW = 88 + NUMBER_HEIGHT;
+constexpr int DECIDUOUS_ROW = 73 + NUMBER_HEIGHT;
+constexpr int CHART_WIDTH = COLUMNS * COLUMN + MIDDLE_GAP + 2 * MARGIN;
+constexpr int BITE = MARGIN + PERMANENT_ROW + ROW_GAP + DECIDUOUS_ROW + BITE_GAP / 2;
+constexpr int CHART_HEIGHT = 2 * BITE;
+
+/// The panel under the teeth: midline, bite line and the sides of the patient.
+class ChartPanel : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), QColor(246, 249, 252));
+        painter.setPen(QPen(QColor(186, 200, 214), 1, Qt::DashLine));
+        painter.drawLine(width() / 2, MARGIN, width() / 2, height() - MARGIN);
+        painter.drawLine(MARGIN, height() / 2, width() - MARGIN, height() / 2);
+        painter.setPen(QColor(104, 122, 140));
+        const QRect middle(2 * MARGIN, height() / 2 - 20, width() - 4 * MARGIN, 18);
+        painter.drawText(middle, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Destra"));
+        painter.drawText(middle, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("Sinistra"));
+    }
+};
+
+bool onRightOfPatient(int indice) {
+    const int quadrant = QuadranteDente(indice);
+    return quadrant == 1 || quadrant == 4 || quadrant == 5 || quadrant == 8;
+}
+
+int centreX(int indice) {
+    const int steps = PosizioneDente(indice);
+    const int fromMiddle = MIDDLE_GAP / 2 + steps * COLUMN - COLUMN / 2;
+    return CHART_WIDTH / 2 + (onRightOfPatient(indice) ? -fromMiddle : fromMiddle);
+}
+
+/// Distance of the tooth's biting edge from the line between the arches.
+int distanceFromBite(int indice) {
+    return DenteDeciduo(indice) ? BITE_GAP / 2 : BITE_GAP / 2 + DECIDUOUS_ROW + ROW_GAP;
+}
+
+QRect boxArea(int indice) {
+    const QSize size = ToothBox::naturalSize(indice);
+    const int away = distanceFromBite(indice);
+    const int top = DenteSuperiore(indice) ? BITE - away - size.height() : BITE + away;
+    return {QPoint(centreX(indice) - size.width() / 2, top), size};
+}
+
+QRect numberArea(int indice) {
+    const QRect box = boxArea(indice);
+    const int top = DenteSuperiore(indice) ? box.top() - NUMBER_HEIGHT : box.bottom() + 1;
+    return {centreX(indice) - COLUMN / 2, top, COLUMN, NUMBER_HEIGHT};
+}
+
+QRect scaled(const QRect& area, double scale) {
+    return {qRound(area.x() * scale), qRound(area.y() * scale), qRound(area.width() * scale),
+            qRound(area.height() * scale)};
+}
+
+/// As high as there is room; less when that spares the scroll bar without becoming hard to read.
+double scaleFor(const QSize& room) {
+    const double byHeight = std::clamp(double(room.height()) / CHART_HEIGHT, SMALLEST, LARGEST);
+    const double byWidth = double(room.width()) / CHART_WIDTH;
+    return byWidth >= byHeight ? byHeight : std::max(byWidth, std::min(byHeight, READABLE));
+}
+
+} // namespace
+
+ToothChart::ToothChart(QWidget* parent)
+    : QWidget(parent) {
+    pbDenti_ = platform::form::named(new ChartPanel(this), QStringLiteral("pbDenti"));
+    hsDenti_ = platform::form::named(new QScrollBar(Qt::Horizontal, this), QStringLiteral("hsDenti"));
+    connect(hsDenti_, &QScrollBar::valueChanged, this, [this](int value) { pbDenti_->move(-value, pbDenti_->y()); });
+    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
+        auto* tooth = new ToothBox(indice, pbDenti_);
+        boxes_[static_cast<std::size_t>(indice)] = tooth;
+        connect(tooth, &ToothBox::clicked, this, &ToothChart::toothClicked);
+        connect(tooth, &ToothBox::rightClicked, this, &ToothChart::toothRightClicked);
+    }
+    setAccessibleName(QStringLiteral("Schema dei denti"));
+    layOutTeeth();
+}
+
+void ToothChart::setComposition(const ComposizioneDenti& composition) {
+    for (int indice = 0; indice < NUMERO_DENTI; ++indice)
+        box(indice)->setTooth(composition.tooth(indice));
+}
+
+void ToothChart::setSelection(const QString& denti) {
+    const QStringList teeth = DentiDaSelezione(denti);
+    for (int indice = 0; indice < NUMERO_DENTI; ++indice)
+        box(indice)->setMarked(teeth.contains(DenteDaIndice(indice)));
+}
+
+bool ToothChart::isMarked(int indice) const {
+    return box(indice)->isMarked();
+}
+
+QSize ToothChart::sizeHint() const {
+    return {CHART_WIDTH, CHART_HEIGHT};
+}
+
+QSize ToothChart::minimumSizeHint() const {
+    return {320, qRound(CHART_HEIGHT * SMALLEST)};
+}
+
+void ToothChart::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    layOutTeeth();
+}
+
+void ToothChart::layOutTeeth() {
+    const double scale = scaleFor(size());
+    const int panelWidth = std::max(qRound(CHART_WIDTH * scale), width());
+    const int spare = (panelWidth - qRound(CHART_WIDTH * scale)) / 2;
+    pbDenti_->resize(panelWidth, std::max(qRound(CHART_HEIGHT * scale), height()));
+    const int drop = (pbDenti_->height() - qRound(CHART_HEIGHT * scale)) / 2;
+    QFont font = this->font();
+    font.setPointSizeF(std::max(6.5, 8 * scale));
+    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
+        box(indice)->setGeometry(scaled(boxArea(indice), scale).translated(spare, drop));
+        box(indice)->numberLabel()->setGeometry(scaled(numberArea(indice), scale).translated(spare, drop));
+        box(indice)->numberLabel()->setFont(font);
+    }
+    updateScrolling();
+}
+
+void ToothChart::updateScrolling() {
+    const int hidden = pbDenti_->width() - width();
+    const int height = hsDenti_->sizeHint().height();
+    hsDenti_->setGeometry(0, this->height() - height, width(), height);
+    hsDenti_->setRange(0, std::max(hidden, 0));
+    hsDenti_->setPageStep(width());
+    hsDenti_->setSingleStep(COLUMN);
+    hsDenti_->setVisible(hidden > 0);
+    pbDenti_->move(-hsDenti_->value(), 0);
+}

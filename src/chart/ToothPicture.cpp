@@ -1,0 +1,78 @@
+#include "chart/ToothPicture.h"
+
+#include "chart/ToothShape.h"
+#include "chart/modDenti.h"
+#include "platform/Files.h"
+
+#include <QImageReader>
+#include <QMouseEvent>
+#include <QPainter>
+
+QSize pictureSize(const QString& path) {
+    return QImageReader(platform::files::resolve(path)).size();
+}
+
+QPixmap loadPicture(const QString& path, const QSize& size, qreal ratio) {
+    if (path.isEmpty() || size.isEmpty()) return {};
+    QImageReader reader(platform::files::resolve(path));
+    const QSize asked = reader.size();
+    if (asked.isEmpty()) return {};
+    reader.setScaledSize(asked.scaled(size * ratio, Qt::KeepAspectRatio));
+    QPixmap pixmap = QPixmap::fromImage(reader.read());
+    pixmap.setDevicePixelRatio(ratio);
+    return pixmap;
+}
+
+ToothPicture::ToothPicture(int indice, QWidget* parent)
+    : QWidget(parent)
+    , indice_(indice) {
+    setCursor(Qt::PointingHandCursor);
+    setAccessibleName(QStringLiteral("Dente %1").arg(DenteDaIndice(indice)));
+}
+
+void ToothPicture::setPicture(const QString& path) {
+    if (path_ == path) return;
+    path_ = path;
+    pixmap_ = QPixmap();
+    update();
+}
+
+void ToothPicture::setMarked(bool marked) {
+    if (marked_ == marked) return;
+    marked_ = marked;
+    update();
+}
+
+QSize ToothPicture::sizeHint() const {
+    return DenteDeciduo(indice_) ? QSize(32, 67) : QSize(40, 84);
+}
+
+void ToothPicture::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (marked_) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(255, 0, 0, 34));
+        painter.drawRoundedRect(rect(), 5, 5);
+    }
+    const qreal ratio = devicePixelRatioF();
+    if (pixmap_.isNull() || pixmap_.deviceIndependentSize().toSize().scaled(size(), Qt::KeepAspectRatio) !=
+                                pixmap_.deviceIndependentSize().toSize())
+        pixmap_ = loadPicture(path_, size(), ratio);
+    if (pixmap_.isNull()) {
+        paintTooth(painter, indice_, QRectF(rect()).adjusted(1, 1, -1, -1));
+        return;
+    }
+    const QSizeF shown = pixmap_.deviceIndependentSize();
+    painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2), pixmap_);
+}
+
+void ToothPicture::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+void ToothPicture::mouseReleaseEvent(QMouseEvent* event) {
+    if (!rect().contains(event->position().toPoint())) return;
+    if (event->button() == Qt::LeftButton) emit clicked();
+    if (event->button() == Qt::RightButton) emit rightClicked();
+}

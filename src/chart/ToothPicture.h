@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+#include <QWidget>
+
+/// A picture file fitted into a size in logical pixels, sharp on any screen; null when there is none or it cannot be
+/// read.
+QPixmap loadPicture(const QString& path, const QSize& size, qreal ratio);
+/// The size that a picture file asks for, in logical pixels.
+QSize pictureSize(const QString& path);
+
+/// One tooth to look at and to click: the picture of a file or, without one, the shape of its kind.
+class ToothPicture : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ToothPicture(int indice, QWidget* parent = nullptr);
+
+    void setPicture(const QString& path); ///< Empty for the shape.
+    void setMarked(bool marked);          ///< Lays a tint behind the tooth.
+    QSize sizeHint() const override;
+
+signals:
+    void clicked();
+    void rightClicked();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    int indice_;
+    QString path_;
+    QPixmap pixmap_;
+    bool marked_ = false;
+};
