@@ -20,13 +20,13 @@ constexpr QSize STRIP_BOX(52, 52);
 constexpr QSize SHORT_BOX(20, 20);
 constexpr QSize MARK_BOX(30, 30);
 
-QString colourOf(StatoDente stato) {
-    if (stato == StatoDente::Finito) return QStringLiteral("rgb(0, 192, 0)");
-    return stato == StatoDente::Aperto ? QStringLiteral("rgb(192, 0, 0)") : QStringLiteral("rgb(192, 192, 0)");
+QColor colourOf(StatoDente stato) {
+    if (stato == StatoDente::Finito) return {0, 192, 0};
+    return stato == StatoDente::Aperto ? QColor(192, 0, 0) : QColor(192, 192, 0);
 }
 
 /// Shows the service's picture or, where the file is missing, its code.
-void show(QLabel* label, const ServizioEvidenziato& entry, const QSize& size) {
+void fill(QLabel* label, const ServizioEvidenziato& entry, const QSize& size) {
     label->setProperty("tag", entry.servizio);
     label->setToolTip(entry.descrizione);
     label->setAccessibleName(entry.descrizione);
@@ -77,6 +77,10 @@ void EvidencePanel::layOut() {
     auto* strip = new QGridLayout;
     for (int place = 0; place < strip_.size(); ++place)
         strip->addWidget(strip_[place], place / 5, place % 5);
+    for (QLabel* label : strip_) {
+        label->setFrameStyle(QFrame::Box | QFrame::Plain);
+        label->setLineWidth(2);
+    }
     strip->setColumnStretch(5, 1);
     layout->addLayout(strip);
 
@@ -105,9 +109,11 @@ void EvidencePanel::setComposition(const ComposizioneDenti& composition) {
         clear(label);
     for (int place = 0; place < std::min(strip_.size(), composition.strip().size()); ++place) {
         const ServizioEvidenziato& entry = composition.strip()[place];
-        show(strip_[place], entry, STRIP_BOX);
-        strip_[place]->setStyleSheet(
-            QStringLiteral("border: 2px solid %1; border-radius: 4px; background: white;").arg(colourOf(entry.stato)));
+        fill(strip_[place], entry, STRIP_BOX);
+        // The colours of the frame are its own, not those of the marks: red is work going on, not work to begin.
+        QPalette palette = strip_[place]->palette();
+        palette.setColor(QPalette::WindowText, colourOf(entry.stato));
+        strip_[place]->setPalette(palette);
     }
     showShortList(composition);
     for (int place = 0; place < marks_.size(); ++place) {
@@ -115,7 +121,7 @@ void EvidencePanel::setComposition(const ComposizioneDenti& composition) {
         if (entry.servizio.isEmpty())
             clear(marks_[place]);
         else
-            show(marks_[place], entry, MARK_BOX);
+            fill(marks_[place], entry, MARK_BOX);
     }
     shortListArea_->setVisible(composition.options().evidenziaBreve);
     marksArea_->setVisible(composition.options().saltaAllOcchio);
@@ -127,7 +133,7 @@ void EvidencePanel::showShortList(const ComposizioneDenti& composition) {
         clear(shortTexts_[place]);
         if (place >= composition.shortList().size()) continue;
         const ServizioEvidenziato& entry = composition.shortList()[place];
-        show(shortList_[place], entry, SHORT_BOX);
+        fill(shortList_[place], entry, SHORT_BOX);
         shortTexts_[place]->setProperty("tag", entry.servizio);
         shortTexts_[place]->setToolTip(entry.descrizione);
         shortTexts_[place]->setText(entry.breve);
