@@ -38,8 +38,10 @@ QString toText(const xmlChar* text) {
 }
 
 /// Stops at a document type declaration, before any entity in it could be read.
-void refuseDocumentType(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
-    xmlStopParser(static_cast<xmlParserCtxt*>(context));
+void refuseDocumentType(void* data, const xmlChar*, const xmlChar*, const xmlChar*) {
+    auto* const context = static_cast<xmlParserCtxt*>(data);
+    context->wellFormed = 0; // A parser that was stopped would hand out what it had so far.
+    xmlStopParser(context);
 }
 
 void ignoreError(void*, xmlErrorPtr) {}
@@ -104,7 +106,7 @@ std::vector<xmlNode*> evaluate(xmlDoc* doc, xmlNode* from, const char* xpath) {
 
 QString describe(const xmlParserCtxt& context) {
     if (context.lastError.code == XML_ERR_OK || !context.lastError.message)
-        return QStringLiteral("Documento XML non valido");
+        return QStringLiteral("Documento XML non valido, o con una dichiarazione di tipo");
     return QStringLiteral("Riga %1: %2")
         .arg(context.lastError.line)
         .arg(QString::fromUtf8(context.lastError.message).trimmed());
@@ -225,7 +227,6 @@ bool XmlDocument::loadBytes(const QByteArray& utf8) {
     // The text is UTF-8 by now, whatever its declaration says.
     doc_.reset(xmlCtxtReadMemory(context.get(), utf8.constData(), static_cast<int>(utf8.size()), nullptr, "UTF-8",
                                  PARSE_OPTIONS));
-    if (doc_ && (doc_->intSubset || doc_->extSubset)) doc_.reset();
     lastError_ = doc_ ? QString() : describe(*context);
     return doc_ != nullptr;
 }

@@ -1,0 +1,44 @@
+#include "store/modProgressivi.h"
+
+#include "host/context.h"
+#include "host/contract/Host.h"
+#include "platform/Regional.h"
+#include "store/modConversioni.h"
+
+#include <QStringList>
+
+namespace {
+
+constexpr int DIGITS = 4;
+
+/// The number in "2024-0007"; 0 for anything else.
+int numberIn(const QString& idrif1) {
+    const QStringList parts = idrif1.split(QLatin1Char('-'));
+    // Four characters only, also of "10000": workstations of every age must propose the same number.
+    return parts.size() == 2 ? CastInteger(parts[1].left(DIGITS)) : 0;
+}
+
+QString rowsOfType(const QString& t1) {
+    return oHost->Utente().idschema() + QStringLiteral(".tblWorkspace where tiporecord=906 and t1='") + t1 +
+           QStringLiteral("' and idrif1");
+}
+
+} // namespace
+
+QString ProssimoProgressivo(const QString& t1, const QString& anno) {
+    const auto rows =
+        oHost->DB().OpenRecordset(QStringLiteral("Select max(idrif1) AS HighestValue from ") + rowsOfType(t1) +
+                                  QStringLiteral(" like '") + anno + QStringLiteral("%'"));
+    int highest = 0;
+    if (rows && rows->RecordCount() == 1) {
+        const QVariant value = rows->value(QStringLiteral("HighestValue"));
+        if (!value.isNull()) highest = numberIn(value.toString());
+    }
+    return platform::regional().format(highest + 1, QStringLiteral("0000"));
+}
+
+bool EsisteProgressivo(const QString& t1, const QString& idrif1) {
+    const auto rows = oHost->DB().OpenRecordset(QStringLiteral("Select id from ") + rowsOfType(t1) +
+                                                QStringLiteral("='") + idrif1 + QLatin1Char('\''));
+    return rows && rows->RecordCount() > 0;
+}
