@@ -120,14 +120,28 @@ SCREW = ('<path d="M14 46L15 16Q20 8 25 16L26 46Z" fill="url(#m)" stroke="#6b768
          '<path d="M16 46h8v8h-8z" fill="url(#m)" stroke="#6b7682"/>')
 MISSING = '<path d="{}" fill="none" stroke="#b4bcc6" stroke-dasharray="3 2"/>'
 
+def plain(form):
+    return root_part(form) + crown_part(form)
+
+
 # What each situation of Config.xml looks like, by its id.
 SITUATIONS = {
-    "": lambda f: root_part(f) + crown_part(f),
-    "1": lambda f: root_part(f) + crown_part(f) + SPOT.format("#5d4434", "#3b2a20"),
-    "2": lambda f: root_part(f) + crown_part(f) + SPOT.format("#9fb4c8", "#5f7890"),
-    "3": lambda f: root_part(f) + f'<path d="{canals(f)}" fill="none" stroke="#c2410c" stroke-width="2"/>' + crown_part(f),
-    "4": lambda f: root_part(f) + crown_part(f, "url(#o)", "#a8790a"),
-    "9": lambda f: MISSING.format(roots(f)) + MISSING.format(crown(f)),
+    "": plain,
+    "1": lambda f: MISSING.format(roots(f)) + MISSING.format(crown(f)),
+    "2": lambda f: plain(f) + SPOT.format("#5d4434", "#3b2a20"),
+    "3": lambda f: plain(f) + SPOT.format("#9fb4c8", "#5f7890"),
+    "4": lambda f: root_part(f) + f'<path d="{canals(f)}" fill="none" stroke="#c2410c" stroke-width="2"/>' + crown_part(f),
+    "5": lambda f: root_part(f) + crown_part(f, "url(#o)", "#a8790a"),
+    "6": lambda f: MISSING.format(roots(f)) + crown_part(f, "url(#o)", "#a8790a") + '<path d="M1 66h38" stroke="#a8790a" '
+         'stroke-width="3"/>',
+    "7": lambda f: plain(f) + '<path d="M12 58l7 3l-2 6l8 3l-1 6l5 4" fill="none" stroke="#d52b1e" stroke-width="2"/>',
+    "8": lambda f: f'<g opacity=".45">{plain(f)}</g><path d="M1 50q19-8 38 0v32q-19 6-38 0z" fill="#f2a3a0" '
+         'fill-opacity=".55"/>',
+    "9": lambda f: SCREW + crown_part(f),
+    "10": lambda f: root_part(f) + MISSING.format(crown(f)),
+    "11": lambda f: plain(f) + '<path d="M12 75q8-7 16 0" fill="none" stroke="#16a085" stroke-width="2.5"/>',
+    "12": lambda f: plain(f) + '<path d="M3 62h10M3 62l3-3M3 62l3 3M37 62H27M37 62l-3-3M37 62l-3 3" fill="none" '
+          'stroke="#2471a3" stroke-width="1.8"/>',
 }
 
 # Service over a tooth: name of the picture, drawing, and what it depends on ("outline", "arch" or nothing).
