@@ -1,7 +1,6 @@
 #pragma once
 
 #include "desk/data/PatientScope.h"
-#include "desk/data/PatientTable.h"
 
 namespace desk {
 
@@ -10,7 +9,8 @@ class CorvalaRecords : public host::Corvala {
 public:
     static constexpr int tiporecord = 906; ///< Marks the rows of this module among all others in the table.
 
-    explicit CorvalaRecords(const PatientScope& scope);
+    explicit CorvalaRecords(const PatientScope& scope)
+        : scope_(scope) {}
 
     QList<host::RigaCorvala> Lista() override;
     std::optional<host::RigaCorvala> Carica(const QString& id) override;
@@ -19,8 +19,7 @@ public:
     void Refresh() override; ///< Rows are always read afresh; only notices what others wrote.
 
 private:
-    Database& database_;
-    PatientTable table_;
+    PatientScope scope_;
 };
 
 } // namespace desk

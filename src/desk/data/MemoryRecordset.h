@@ -5,7 +5,6 @@
 #include <QHash>
 #include <QString>
 #include <QVariant>
-#include <cstddef>
 #include <vector>
 
 namespace desk {
@@ -26,7 +25,6 @@ public:
 private:
     QHash<QString, int> columns_; ///< By lower-case name.
     std::vector<QVariant> cells_;
-    std::size_t width_ = 0;
     int rows_ = 0;
     int current_ = 0;
 };

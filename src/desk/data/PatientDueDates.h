@@ -1,7 +1,6 @@
 #pragma once
 
 #include "desk/data/PatientScope.h"
-#include "desk/data/PatientTable.h"
 
 #include <QDate>
 
@@ -17,7 +16,8 @@ struct Scadenza {
 /// The patient's due dates (recalls, checks, payments to ask for), in `tblScadenze`, earliest first.
 class PatientDueDates : public host::Scadenze {
 public:
-    explicit PatientDueDates(const PatientScope& scope);
+    explicit PatientDueDates(const PatientScope& scope)
+        : scope_(scope) {}
 
     QObject* EditForm(const QString& id) override;
 
@@ -28,7 +28,6 @@ public:
 
 private:
     PatientScope scope_;
-    PatientTable table_;
 };
 
 } // namespace desk

@@ -16,12 +16,12 @@ namespace desk {
 
 struct Options;
 
-/// The whole stand-alone host: database, signed-in user, main window, the patient's desk and at most one module. It owns all
-/// of them and ends them in the right order; ending a desk raises "fine" to its module. Interface thread only.
+/// The whole stand-alone host: database, signed-in user, main window, the patient's desk and at most one module. It
+/// owns all of them and ends them in the right order; ending a desk raises "fine" to its module. Interface thread only.
 class Desk {
 public:
-    /// Opens the database, signs the user in and builds the main window, not yet shown. Throws DatabaseError or OptionError
-    /// with text for the user.
+    /// Opens the database, signs the user in and builds the main window, not yet shown. Throws DatabaseError or
+    /// OptionError with text for the user.
     static std::unique_ptr<Desk> open(const Options& options);
     ~Desk();
     Desk(const Desk&) = delete;
@@ -30,7 +30,8 @@ public:
     host::Host& host();
     QMainWindow* window();
 
-    /// Loads a module and starts it. False leaves a desk that works without it; `moduleError` and the main window say why.
+    /// Loads a module and starts it. False leaves a desk that works without it; `moduleError` and the main window say
+    /// why.
     bool loadModule(const QString& libraryPath);
     /// The same for a module that is already in the program.
     bool attachModule(std::unique_ptr<host::PluginInterface> module);
@@ -41,8 +42,8 @@ public:
     bool openPatientByTaxCode(const QString& taxCode); ///< Letter case does not matter.
     void closePatient();
 
-    /// Presses a command of the ribbon or of the main menu, named by the module's key ("CRVL0302") or by its caption. False,
-    /// with the reason in `error`, when there is none, or it is hidden or disabled.
+    /// Presses a command of the ribbon or of the main menu, named by the module's key ("CRVL0302") or by its caption.
+    /// False, with the reason in `error`, when there is none, or it is hidden or disabled.
     bool pressCommand(const QString& keyOrCaption, QString* error = nullptr);
 
     /// Variables that the last report was asked with, by name.

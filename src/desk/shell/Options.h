@@ -9,7 +9,8 @@ namespace desk {
 /// Thrown for a command line or a setting that makes no sense; the text is Italian and meant for the user.
 class OptionError : public std::runtime_error {
 public:
-    explicit OptionError(const QString& what) : std::runtime_error(what.toStdString()) {}
+    explicit OptionError(const QString& what)
+        : std::runtime_error(what.toStdString()) {}
     QString text() const { return QString::fromUtf8(what()); }
 };
 

@@ -1,0 +1,102 @@
+#include "desk/data/DatabaseError.h"
+#include "desk/scenario/DeskScenario.h"
+#include "desk/shell/Desk.h"
+#include "desk/shell/DeskApplication.h"
+#include "desk/shell/MessageFilter.h"
+#include "desk/shell/Options.h"
+#include "platform/Dialogs.h"
+#include "platform/QtDialogs.h"
+#include "platform/Theme.h"
+
+#include <QDir>
+#include <QMainWindow>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+constexpr int EXIT_FAILED = 1;
+constexpr int EXIT_USAGE = 2;
+constexpr char MODULE_FILE[] = "plgCorvala.so";
+
+void tellOnConsole(const QString& text) {
+    std::fprintf(stderr, "tessara: %s\n", qUtf8Printable(text));
+}
+
+QStringList argumentsOf(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+bool hasScreen() {
+    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsSet("DISPLAY") ||
+           qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+/// Qt wants a folder of this user's own; a session without one, such as a service, gets one.
+void provideRuntimeFolder() {
+    if (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) return;
+    const QString folder = QDir::tempPath() + QStringLiteral("/tessara-runtime-%1").arg(::getuid());
+    if (!QDir().exists(folder) && !QDir().mkpath(folder)) return;
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder));
+}
+
+/// On the console always; in a message box only where somebody sits in front of it.
+void tellUser(const QString& text, const desk::Options& options) {
+    tellOnConsole(text);
+    if (!options.scenarioFile.isEmpty() || QGuiApplication::platformName() == QLatin1String("offscreen")) return;
+    platform::dialogs().message(text, platform::MB_CRITICAL, QStringLiteral("Tessara 5000"));
+}
+
+int runDesk(const desk::Options& options) {
+    const std::unique_ptr<desk::Desk> desk = desk::Desk::open(options);
+    desk->loadModule(QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(MODULE_FILE));
+    desk->window()->show();
+    if (!options.scenarioFile.isEmpty()) return desk::runScenario(*desk, options.scenarioFile, options.outDir);
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    desk::installMessageFilter();
+    desk::Options options;
+    try {
+        options = desk::Options::parse(argumentsOf(argc, argv));
+    } catch (const desk::OptionError& error) {
+        tellOnConsole(error.text() + QStringLiteral("\nPer l'elenco delle opzioni: tessara --help"));
+        return EXIT_USAGE;
+    }
+    if (options.help) {
+        std::fputs(qUtf8Printable(desk::Options::helpText()), stdout);
+        return 0;
+    }
+    if (!hasScreen()) {
+        tellOnConsole(
+            QStringLiteral("nessuno schermo disponibile: manca DISPLAY. Per lavorare senza schermo, per esempio "
+                           "con --scenario, impostare QT_QPA_PLATFORM=offscreen."));
+        return EXIT_USAGE;
+    }
+    provideRuntimeFolder();
+
+    // Qt must not read the arguments, which are ours.
+    int ownCount = 1;
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    desk::DeskApplication application(ownCount, argv);
+    platform::applyTheme(application);
+    platform::QtDialogs dialogs;
+    platform::installDialogs(&dialogs);
+    try {
+        return runDesk(options);
+    } catch (const desk::DatabaseError& error) {
+        tellUser(error.text(), options);
+    } catch (const desk::OptionError& error) {
+        tellUser(error.text(), options);
+    } catch (const std::exception& error) {
+        tellUser(QStringLiteral("Il programma non si avvia: ") + QString::fromUtf8(error.what()), options);
+    }
+    return EXIT_FAILED;
+}

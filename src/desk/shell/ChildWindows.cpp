@@ -1,0 +1,109 @@
+#include "desk/shell/ChildWindows.h"
+
+#include <QEvent>
+#include <QMdiSubWindow>
+#include <QPainter>
+#include <QPointer>
+#include <QTabBar>
+#include <QTimer>
+
+namespace desk {
+
+ChildWindows::ChildWindows(QWidget* parent)
+    : QMdiArea(parent) {
+    setObjectName(QStringLiteral("area"));
+    setViewMode(QMdiArea::TabbedView);
+    setTabsClosable(true);
+    setTabsMovable(true);
+    setDocumentMode(true);
+    setBackground(palette().color(QPalette::Window));
+}
+
+void ChildWindows::adopt(QWidget* form) {
+    if (QMdiSubWindow* holder = holderOf(form)) {
+        setActiveSubWindow(holder);
+        return;
+    }
+    auto* holder = new QMdiSubWindow;
+    holder->setAttribute(Qt::WA_DeleteOnClose);
+    holder->setWidget(form);
+    holder->setWindowIcon(form->windowIcon());
+    addSubWindow(holder);
+    holder->hide();
+    form->installEventFilter(this);
+    connect(form, &QObject::destroyed, holder, &QObject::deleteLater);
+}
+
+QMdiSubWindow* ChildWindows::holderOf(QObject* form) {
+    return form ? qobject_cast<QMdiSubWindow*>(form->parent()) : nullptr;
+}
+
+QMdiSubWindow* ChildWindows::find(const QString& caption) const {
+    for (QMdiSubWindow* holder : subWindowList())
+        if (holder->widget() && holder->widget()->windowTitle() == caption) return holder;
+    return nullptr;
+}
+
+bool ChildWindows::bringForward(const QString& caption) {
+    QMdiSubWindow* holder = find(caption);
+    if (!holder) return false;
+    holder->widget()->show();
+    setActiveSubWindow(holder);
+    return true;
+}
+
+void ChildWindows::bringForward(QWidget* form) {
+    if (QMdiSubWindow* holder = holderOf(form)) setActiveSubWindow(holder);
+}
+
+void ChildWindows::closeCaption(const QString& caption) {
+    if (QMdiSubWindow* holder = find(caption)) holder->close();
+}
+
+void ChildWindows::closeForm(QWidget* form) {
+    if (QMdiSubWindow* holder = holderOf(form)) holder->close();
+}
+
+bool ChildWindows::closeAll(const QWidget* except) {
+    for (QMdiSubWindow* holder : subWindowList())
+        if (holder->widget() && holder->widget() != except && !holder->close()) return false;
+    return true;
+}
+
+void ChildWindows::deleteAll() {
+    qDeleteAll(subWindowList());
+}
+
+bool ChildWindows::eventFilter(QObject* watched, QEvent* event) {
+    QMdiSubWindow* holder = holderOf(watched);
+    if (holder && event->type() == QEvent::ShowToParent) {
+        // The first show of the window is what opens its tab.
+        QTimer::singleShot(0, holder, [this, holder] { setActiveSubWindow(holder); });
+    }
+    if (holder && event->type() == QEvent::HideToParent && holder->isVisible()) {
+        // A window that closes itself leaves only its own place; the tab around it has to go too.
+        QTimer::singleShot(0, holder, [holder] {
+            if (!holder->widget() || holder->widget()->isHidden()) holder->deleteLater();
+        });
+    }
+    return QMdiArea::eventFilter(watched, event);
+}
+
+void ChildWindows::paintEvent(QPaintEvent* event) {
+    QMdiArea::paintEvent(event);
+    for (QMdiSubWindow* holder : subWindowList())
+        if (holder->isVisible()) return;
+    QPainter painter(viewport());
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    painter.setFont(large);
+    painter.setPen(palette().color(QPalette::Mid).darker(120));
+    const QRect upper = viewport()->rect().adjusted(0, 0, 0, -viewport()->height() / 2 - 4);
+    painter.drawText(upper, Qt::AlignHCenter | Qt::AlignBottom, QStringLiteral("Nessun paziente aperto"));
+    painter.setFont(font());
+    const QRect lower = viewport()->rect().adjusted(0, viewport()->height() / 2 + 4, 0, 0);
+    painter.drawText(lower, Qt::AlignHCenter | Qt::AlignTop,
+                     QStringLiteral("Premere \u201cCerca paziente\u201d nella barra in alto, oppure Ctrl+F"));
+}
+
+} // namespace desk

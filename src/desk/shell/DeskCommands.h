@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace desk {
+
+class CommandList;
+class RibbonBar;
+
+/// Commands that the desk performs itself. All others of its ribbon are shown disabled until their part is built.
+enum DeskCommand : qint32 {
+    CERCA_PAZIENTE = 1,
+    CHIUDI_PAZIENTE = 2,
+    ESCI = 3,
+    INFORMAZIONI = 5,
+};
+
+/// Fills the ribbon with the desk's own tabs. The numbers of the commands are part of the contract: modules look them
+/// up.
+void buildStandardRibbon(RibbonBar& ribbon, CommandList& commands);
+
+} // namespace desk

@@ -1,0 +1,215 @@
+#include "desk/shell/DeskParts.h"
+
+#include "desk/shell/ChildWindows.h"
+#include "desk/shell/DeskCommands.h"
+#include "desk/shell/Guarded.h"
+#include "desk/shell/PatientDesk.h"
+#include "desk/shell/PatientSearch.h"
+#include "desk/shell/RibbonBar.h"
+#include "host/contract/PluginInterface.h"
+#include "platform/Dialogs.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QMdiSubWindow>
+#include <QStatusBar>
+#include <QTimer>
+#include <QUrl>
+
+namespace desk {
+
+namespace {
+
+constexpr int STATUS_MILLISECONDS = 15000;
+
+} // namespace
+
+Desk::Parts::Parts(std::unique_ptr<Practice> openPractice)
+    : practice(std::move(openPractice))
+    , window(commands)
+    , framework(window, commands,
+                {.newPatient = [this] { return practice->newPatient(); },
+                 .openPatient = [this](const QString& id) { return openPatient(id); },
+                 .schema = [this] { return practice->database().schema(); }})
+    , archive(*practice, {.isPanelLoaded = [this](const QString& name) { return isPanelLoaded(name); },
+                          .choosePatient = [this](const QString& value,
+                                                  const QString& column) { return choosePatient(value, column); }})
+    , host(*practice, framework, archive) {
+    const UserData& user = practice->user().data();
+    window.showUser(QStringLiteral("%1 %2").arg(user.Cognome, user.Nome).trimmed());
+    window.showDatabase(practice->database().url().toDisplay());
+    window.setCloseGuard([this] { return closeEverything(); });
+    practice->hooks().generaEvento = [this](host::Paziente&, host::Raccolta&) { refreshPanelsSoon(); };
+    practice->hooks().showFile = [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
+    connect(&commands, &CommandList::pressed, this, [this](Command* command) { run(*command); });
+    connect(&window.ribbon(), &RibbonBar::tabActivated, this, [this](const QString& caption) {
+        if (module && module->asksForTabs()) module->raise(QStringLiteral("mainribbonbar.activetab"), {caption});
+    });
+}
+
+Desk::Parts::~Parts() {
+    closePatient();
+    // The module's windows give back what they hold, for which they need their module.
+    window.children().deleteAll();
+    endModule();
+}
+
+bool Desk::Parts::attach(std::unique_ptr<host::PluginInterface> newModule) {
+    endModule();
+    try {
+        module = std::make_unique<ModuleSession>(std::move(newModule), host, [this](const QString& why) {
+            moduleError = QStringLiteral("Modulo: ") + why;
+            window.showWarning(moduleError);
+        });
+    } catch (const ModuleError& error) {
+        return refuseModule(QString::fromUtf8(error.what()));
+    }
+    moduleError.clear();
+    window.showWarning(QString());
+    module->formLoad(window);
+    panels = module->askPanels();
+    if (const host::Paziente* patient = host.paziente()) {
+        const QString id = patient->ID();
+        closePatient();
+        openPatient(id);
+    }
+    return true;
+}
+
+bool Desk::Parts::refuseModule(const QString& why) {
+    moduleError = QStringLiteral("Il programma lavora senza modulo: ") + why;
+    window.showWarning(moduleError);
+    return false;
+}
+
+void Desk::Parts::endModule() {
+    panels.clear();
+    module.reset();
+}
+
+bool Desk::Parts::openPatient(const QString& id) {
+    if (patientDesk && host.paziente() && host.paziente()->ID() == id) {
+        window.children().bringForward(patientDesk);
+        return true;
+    }
+    bool opened = false;
+    const QString why = guarded([&] {
+        const std::optional<PatientData> data = practice->patients().load(id);
+        std::unique_ptr<PatientRecord> record = practice->newPatient();
+        if (!data || !record->Init(id)) return;
+        closePatient();
+        host.setPatient(std::move(record));
+        showPatient(*data);
+        opened = true;
+    });
+    if (!why.isEmpty()) tell(why);
+    return opened;
+}
+
+void Desk::Parts::showPatient(const PatientData& data) {
+    const host::Medico doctor = host.paziente()->medico();
+    auto* desk = new PatientDesk(data, QStringLiteral("%1 %2").arg(doctor.Cognome, doctor.Nome).trimmed());
+    patientDesk = desk;
+    connect(desk, &PatientDesk::closeRequested, this,
+            [this] { QTimer::singleShot(0, this, [this] { closePatient(); }); });
+    connect(desk, &PatientDesk::failed, this, &Parts::tell);
+    window.showPatient(data.Cognome + QLatin1Char(' ') + data.Nome);
+    commands.find(CHIUDI_PAZIENTE)->setEnabled(true);
+    // The module forgets the patient before, only then the panels ask it for the records of this one.
+    if (module) module->formLoad(*desk);
+    if (patientDesk != desk) return;
+    desk->addPanels(framework.layout().arrange(panels), framework);
+    desk->activatePanel(lastPanel);
+    window.children().adopt(desk);
+    desk->show();
+    window.children().bringForward(desk);
+    if (module) module->raise(QStringLiteral("ambulatorio.ready"));
+}
+
+void Desk::Parts::closePatient() {
+    if (!host.paziente()) return;
+    if (module) module->raise(QStringLiteral("chiuditutto"));
+    // Callers on the stack may still hold the patient that closes; it goes when they have returned.
+    if (std::shared_ptr<host::Paziente> leaving = host.setPatient(nullptr))
+        QTimer::singleShot(0, this, [leaving] { Q_UNUSED(leaving) });
+    if (PatientDesk* desk = patientDesk) {
+        if (const QString panel = desk->activePanel(); !panel.isEmpty()) lastPanel = panel;
+        patientDesk = nullptr;
+        desk->release();
+        window.children().closeForm(desk);
+    }
+    window.showPatient(QString());
+    commands.find(CHIUDI_PAZIENTE)->setEnabled(false);
+}
+
+bool Desk::Parts::closeEverything() {
+    if (!window.children().closeAll(patientDesk)) return false;
+    closePatient();
+    return true;
+}
+
+QString Desk::Parts::choosePatient(const QString& value, const QString& column) {
+    PatientSearch search(practice->patients(), &window);
+    search.start(value, column);
+    search.exec();
+    return search.chosenId();
+}
+
+bool Desk::Parts::isPanelLoaded(const QString& name) const {
+    const PatientDesk* desk = patientDesk;
+    return desk && desk->hasPanel(name);
+}
+
+void Desk::Parts::refreshPanelsSoon() {
+    // Later, since whoever tells the change may still be holding rows of a panel.
+    if (std::exchange(refreshPending, true)) return;
+    QTimer::singleShot(0, this, [this] {
+        refreshPending = false;
+        if (PatientDesk* desk = patientDesk) desk->refreshPanels();
+    });
+}
+
+void Desk::Parts::run(const Command& command) {
+    const qint32 id = command.ID();
+    const QString why = guarded([&] {
+        switch (id) {
+        case CERCA_PAZIENTE:
+            searchPatient();
+            break;
+        case CHIUDI_PAZIENTE:
+            closePatient();
+            break;
+        case ESCI:
+            window.close();
+            break;
+        case INFORMAZIONI:
+            showInformation();
+            break;
+        default:
+            if (module) module->raise(QStringLiteral("execute"), {id});
+        }
+    });
+    if (!why.isEmpty()) tell(why);
+}
+
+void Desk::Parts::searchPatient() {
+    const QString id = choosePatient(QString(), QStringLiteral("Cognome e Nome"));
+    if (id.isEmpty()) return;
+    if (!openPatient(id)) tell(QStringLiteral("Il paziente scelto non \u00e8 pi\u00f9 nell'archivio."));
+}
+
+void Desk::Parts::showInformation() {
+    const QString state = !moduleError.isEmpty() ? moduleError
+                          : module               ? QStringLiteral("Il modulo di odontoiatria \u00e8 attivo.")
+                                                 : QStringLiteral("Nessun modulo caricato.");
+    platform::dialogs().message(
+        QStringLiteral("Tessara 5000, scrivania dello studio\nVersione %1\n\nArchivio: %2\n%3")
+            .arg(QCoreApplication::applicationVersion(), practice->database().url().toDisplay(), state),
+        platform::MB_INFORMATION, QStringLiteral("Informazioni"));
+}
+
+void Desk::Parts::tell(const QString& why) {
+    window.statusBar()->showMessage(why, STATUS_MILLISECONDS);
+}
+
+} // namespace desk

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "desk/shell/CommandList.h"
+#include "desk/shell/Desk.h"
+#include "desk/shell/DeskArchive.h"
+#include "desk/shell/DeskFramework.h"
+#include "desk/shell/DeskHost.h"
+#include "desk/shell/MainWindow.h"
+#include "desk/shell/ModuleSession.h"
+#include "desk/shell/Practice.h"
+
+#include <QObject>
+#include <QPointer>
+
+namespace desk {
+
+class PatientDesk;
+
+/// The inside of Desk: what belongs to it, in the order in which it is made, and how patient, module and commands play
+/// together.
+struct Desk::Parts : public QObject {
+    explicit Parts(std::unique_ptr<Practice> openPractice);
+    ~Parts() override;
+
+    bool attach(std::unique_ptr<host::PluginInterface> newModule);
+    bool refuseModule(const QString& why);
+    void endModule();
+
+    bool openPatient(const QString& id);
+    void showPatient(const PatientData& data);
+    void closePatient();
+    bool closeEverything();
+    QString choosePatient(const QString& value, const QString& column);
+    bool isPanelLoaded(const QString& name) const;
+    void refreshPanelsSoon();
+
+    void run(const Command& command);
+    void searchPatient();
+    void showInformation();
+    void tell(const QString& why);
+
+    std::unique_ptr<Practice> practice;
+    CommandList commands;
+    MainWindow window;
+    DeskFramework framework;
+    DeskArchive archive;
+    DeskHost host;
+    std::unique_ptr<ModuleSession> module;
+    QList<Panel> panels;
+    QPointer<PatientDesk> patientDesk;
+    QString lastPanel; ///< The panel in front, kept from one patient to the next.
+    QString moduleError;
+    bool refreshPending = false;
+};
+
+} // namespace desk

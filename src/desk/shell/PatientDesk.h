@@ -1,0 +1,55 @@
+#pragma once
+
+#include "desk/data/PatientData.h"
+#include "desk/shell/Panel.h"
+#include "host/contract/Forms.h"
+
+#include <QList>
+#include <QWidget>
+
+class QTabWidget;
+class QVBoxLayout;
+
+namespace host {
+class Framework;
+}
+
+namespace desk {
+
+class PanelPage;
+
+/// The desk of the open patient, "frmAmbulatorio": who it is, and the panels of the module below. Made anew for each
+/// patient. Closing its tab only asks for the patient to be closed.
+class PatientDesk : public QWidget, public host::HostForm {
+    Q_OBJECT
+
+public:
+    PatientDesk(const PatientData& patient, const QString& doctor, QWidget* parent = nullptr);
+
+    QString Name() const override { return objectName(); }
+
+    void addPanels(const QList<Panel>& panels, host::Framework& framework);
+    bool hasPanel(const QString& name) const;
+    void refreshPanels();
+    QString activePanel() const; ///< Caption; empty without panels.
+    void activatePanel(const QString& caption);
+    /// From now on the window may go.
+    void release() { released_ = true; }
+
+signals:
+    void closeRequested();
+    void failed(const QString& why);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* buildHeader(const PatientData& patient, const QString& doctor);
+
+    QVBoxLayout* column_;
+    QTabWidget* tabs_ = nullptr;
+    QList<PanelPage*> pages_;
+    bool released_ = false;
+};
+
+} // namespace desk

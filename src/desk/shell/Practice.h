@@ -1,0 +1,45 @@
+#pragma once
+
+#include "desk/data/Database.h"
+#include "desk/data/DatabaseService.h"
+#include "desk/data/FreeData.h"
+#include "desk/data/PatientDirectory.h"
+#include "desk/data/PatientHooks.h"
+#include "desk/data/PatientRecord.h"
+#include "desk/data/SignedInUser.h"
+#include "desk/data/UserDirectory.h"
+
+#include <memory>
+
+namespace desk {
+
+struct Options;
+
+/// The data side of the desk: the open database, the user who signed in and what they give access to.
+class Practice {
+public:
+    /// Throws DatabaseError, or OptionError when nobody has the user code.
+    static std::unique_ptr<Practice> open(const Options& options);
+
+    Database& database() { return *database_; }
+    UserDirectory& users() { return users_; }
+    SignedInUser& user() { return user_; }
+    DatabaseService& sql() { return sql_; }
+    FreeData& freeData() { return freeData_; }
+    PatientDirectory& patients() { return patients_; }
+    PatientHooks& hooks() { return hooks_; }
+    std::unique_ptr<PatientRecord> newPatient();
+
+private:
+    Practice(std::unique_ptr<Database> database, const UserData& user);
+
+    std::unique_ptr<Database> database_;
+    UserDirectory users_;
+    SignedInUser user_;
+    DatabaseService sql_;
+    FreeData freeData_;
+    PatientDirectory patients_;
+    PatientHooks hooks_;
+};
+
+} // namespace desk
