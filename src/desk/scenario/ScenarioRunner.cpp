@@ -60,6 +60,8 @@ ScenarioRunner::~ScenarioRunner() = default;
 int ScenarioRunner::run() {
     if (!load()) return 1;
     platform::Dialogs* const former = platform::installDialogs(&dialogs_);
+    const bool quits = QApplication::quitOnLastWindowClosed();
+    QApplication::setQuitOnLastWindowClosed(false);
     watchdog_.start(options_.lineLimit + LONGEST_UNWINDING);
     sinceWaiting_.start();
     sinceProgress_.start();
@@ -67,6 +69,7 @@ int ScenarioRunner::run() {
     loop_.exec();
     watchdog_.stop();
     platform::installDialogs(former);
+    QApplication::setQuitOnLastWindowClosed(quits);
     if (!failure_.isEmpty()) return 1;
     std::printf("%d passi eseguiti\n", stepsDone_);
     std::fflush(stdout);
