@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desk/data/PatientScope.h"
+#include "desk/data/PatientTable.h"
 
 namespace desk {
 
@@ -9,8 +10,7 @@ class CorvalaRecords : public host::Corvala {
 public:
     static constexpr int tiporecord = 906; ///< Marks the rows of this module among all others in the table.
 
-    explicit CorvalaRecords(const PatientScope& scope)
-        : scope_(scope) {}
+    explicit CorvalaRecords(const PatientScope& scope);
 
     QList<host::RigaCorvala> Lista() override;
     std::optional<host::RigaCorvala> Carica(const QString& id) override;
@@ -19,7 +19,8 @@ public:
     void Refresh() override; ///< Rows are always read afresh; only notices what others wrote.
 
 private:
-    PatientScope scope_;
+    Database& database_;
+    PatientTable table_;
 };
 
 } // namespace desk

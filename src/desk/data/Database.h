@@ -5,13 +5,12 @@
 #include "desk/data/Dialect.h"
 #include "desk/data/Query.h"
 
-#include <QHash>
 #include <QSqlDatabase>
 #include <QString>
 #include <QVariantList>
 #include <memory>
 #include <optional>
-#include <vector>
+#include <unordered_map>
 
 namespace desk {
 
@@ -49,16 +48,18 @@ private:
     friend class Transaction;
     Database(const DatabaseUrl& url, std::unique_ptr<Dialect> dialect);
     void giveBack(const QString& sql, std::unique_ptr<QSqlQuery> statement);
+    [[noreturn]] void fail(const QSqlQuery& statement) const;
 
     DatabaseUrl url_;
     std::unique_ptr<Dialect> dialect_;
     QString connectionName_;
     QSqlDatabase connection_;
-    QHash<QString, std::shared_ptr<QSqlQuery>> idle_;
+    std::unordered_map<QString, std::unique_ptr<QSqlQuery>> idle_; ///< Prepared, not in use.
     std::unique_ptr<PatientCache> patients_;
     std::optional<qint64> othersSeen_;
     quint64 generation_ = 1;
     int transactionDepth_ = 0;
+    bool transactionDoomed_ = false; ///< An inner one was not committed, so the outer one must not be.
 };
 
 } // namespace desk

@@ -3,7 +3,6 @@
 #include "desk/data/DatabaseUrl.h"
 
 #include <QString>
-#include <QStringList>
 #include <memory>
 #include <optional>
 
@@ -28,11 +27,11 @@ public:
 
     virtual QString expand(const QString& sql, const QString& schema) const = 0;
     virtual QString beginWriting() const = 0; ///< Statement that starts a transaction which is going to write.
-    virtual QString tableExists(const QString& table,
-                                const QString& schema) const = 0; ///< A query: one row when it is.
-    /// Condition that `column` contains the bound pattern, case ignored; "\" takes their meaning off "%" and "_".
-    virtual QString contains(const QString& column) const = 0;
-    /// A number that changes when another connection has written; nothing when the system cannot tell.
+    virtual QString tables(const QString& schema) const = 0; ///< A query for the names of all tables.
+    /// Condition that `column` fits the bound pattern, case ignored; "\" takes the meaning off "%" and "_".
+    virtual QString matches(const QString& column) const = 0;
+    /// A number that changes when another connection has written; nothing when the system cannot
+    /// tell.
     virtual std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const = 0;
     /// What went wrong in words for the user.
     virtual QString explain(const QSqlError& error) const = 0;

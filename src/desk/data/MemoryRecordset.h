@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QString>
 #include <QVariant>
+#include <cstddef>
 #include <vector>
 
 namespace desk {
@@ -25,6 +26,7 @@ public:
 private:
     QHash<QString, int> columns_; ///< By lower-case name.
     std::vector<QVariant> cells_;
+    std::size_t width_ = 0;
     int rows_ = 0;
     int current_ = 0;
 };

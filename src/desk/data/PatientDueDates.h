@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desk/data/PatientScope.h"
+#include "desk/data/PatientTable.h"
 
 #include <QDate>
 
@@ -16,8 +17,7 @@ struct Scadenza {
 /// The patient's due dates (recalls, checks, payments to ask for), in `tblScadenze`, earliest first.
 class PatientDueDates : public host::Scadenze {
 public:
-    explicit PatientDueDates(const PatientScope& scope)
-        : scope_(scope) {}
+    explicit PatientDueDates(const PatientScope& scope);
 
     QObject* EditForm(const QString& id) override;
 
@@ -28,6 +28,7 @@ public:
 
 private:
     PatientScope scope_;
+    PatientTable table_;
 };
 
 } // namespace desk

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "desk/data/PatientScope.h"
+#include "desk/data/PatientTable.h"
 
 namespace desk {
 
 /// The patient's diary, in `tblEventi`, newest first.
 class PatientEvents : public host::Eventi {
 public:
-    explicit PatientEvents(const PatientScope& scope)
-        : scope_(scope) {}
+    explicit PatientEvents(const PatientScope& scope);
 
     QList<host::Evento> Lista() override;
     bool Salva(host::Evento& evento) override; ///< False too when `Data` is no date.
@@ -16,7 +16,8 @@ public:
     void Refresh() override;
 
 private:
-    PatientScope scope_;
+    Database& database_;
+    PatientTable table_;
 };
 
 } // namespace desk

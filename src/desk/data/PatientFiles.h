@@ -1,14 +1,14 @@
 #pragma once
 
 #include "desk/data/PatientScope.h"
+#include "desk/data/PatientTable.h"
 
 namespace desk {
 
 /// Files of one patient, content included, in `tblFiles`. A temporary copy is made in the run's own folder.
 class PatientFiles : public host::Files {
 public:
-    explicit PatientFiles(const PatientScope& scope)
-        : scope_(scope) {}
+    explicit PatientFiles(const PatientScope& scope);
 
     QList<host::VoceFile> Lista() override;
     std::optional<host::VoceFile> Carica(const QString& id) override;
@@ -21,6 +21,8 @@ public:
 
 private:
     PatientScope scope_;
+    PatientTable table_;
+    PatientTable contents_; ///< The same table with the content, which lists leave out.
 };
 
 } // namespace desk

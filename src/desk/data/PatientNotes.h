@@ -1,14 +1,14 @@
 #pragma once
 
 #include "desk/data/PatientScope.h"
+#include "desk/data/PatientTable.h"
 
 namespace desk {
 
 /// The patient's notes, in `tblAppunti`, newest first. `b1` (private) and `b2` (important) are stored as 0 or 1.
 class PatientNotes : public host::Appunti {
 public:
-    explicit PatientNotes(const PatientScope& scope)
-        : scope_(scope) {}
+    explicit PatientNotes(const PatientScope& scope);
 
     QList<host::Appunto> Lista() override;
     bool Elimina(const QString& id) override;
@@ -19,6 +19,7 @@ public:
 
 private:
     PatientScope scope_;
+    PatientTable table_;
 };
 
 } // namespace desk

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "desk/data/PatientScope.h"
+#include "desk/data/PatientTable.h"
 
 namespace desk {
 
 /// The patient's visits, in `tblVisite`, newest first.
 class PatientVisits : public host::VisiteAmbDom {
 public:
-    explicit PatientVisits(const PatientScope& scope)
-        : scope_(scope) {}
+    explicit PatientVisits(const PatientScope& scope);
 
     QList<host::Visita> Lista() override;
     QObject* EditForm(const QString& id) override;
@@ -19,6 +19,7 @@ public:
 
 private:
     PatientScope scope_;
+    PatientTable table_;
 };
 
 } // namespace desk

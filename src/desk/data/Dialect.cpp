@@ -1,0 +1,13 @@
+#include "desk/data/Dialect.h"
+
+#include "desk/data/PostgresDialect.h"
+#include "desk/data/SqliteDialect.h"
+
+namespace desk {
+
+std::unique_ptr<Dialect> Dialect::forKind(DatabaseUrl::Kind kind) {
+    if (kind == DatabaseUrl::Kind::PostgreSql) return std::make_unique<PostgresDialect>();
+    return std::make_unique<SqliteDialect>();
+}
+
+} // namespace desk

@@ -1,0 +1,86 @@
+#include "desk/data/FreeData.h"
+
+#include "desk/data/Database.h"
+#include "desk/data/Identity.h"
+#include "desk/data/Transaction.h"
+#include "platform/Clock.h"
+
+namespace desk {
+
+namespace {
+
+host::ItemDati itemOf(const Query& query) {
+    return {query.text(0), query.text(1), query.text(2), query.text(3)};
+}
+
+QString selectItems() {
+    return QStringLiteral("select ID, Cartella, descrizione, file from {schema}.tblDati");
+}
+
+} // namespace
+
+QList<host::ItemDati> FreeData::Lista(const QString& cartella, bool sottocartelle) {
+    try {
+        QString condition = QStringLiteral(" where Cartella = ?");
+        QVariantList values{cartella};
+        if (sottocartelle) {
+            condition += QStringLiteral(" or substr(Cartella, 1, length(?)) = ?");
+            const QString below = cartella + QLatin1Char('/');
+            values << below << below;
+        }
+        QList<host::ItemDati> list;
+        for (Query query = database_.run(
+                 selectItems() + condition + QStringLiteral(" order by Cartella, descrizione, ID"), values);
+             query.next();)
+            list << itemOf(query);
+        return list;
+    } catch (const DatabaseError&) {
+        return {};
+    }
+}
+
+std::optional<host::ItemDati> FreeData::Carica(const QString& id) {
+    try {
+        Query query = database_.run(selectItems() + QStringLiteral(" where ID = ?"), {id});
+        if (!query.next()) return std::nullopt;
+        return itemOf(query);
+    } catch (const DatabaseError&) {
+        return std::nullopt;
+    }
+}
+
+bool FreeData::Salva(host::ItemDati& item, bool sovrascrivi) {
+    const QVariant now = storedMoment(platform::now());
+    const QString id = item.ID.isEmpty() ? newIdentity() : item.ID;
+    const QString replace = QStringLiteral(
+        " on conflict (ID) do update set Cartella = excluded.Cartella, descrizione = excluded.descrizione, "
+        "file = excluded.file, ModificatoDa = excluded.ModificatoDa, "
+        "DataModifica = excluded.DataModifica, LastUpdate = excluded.LastUpdate");
+    try {
+        Transaction transaction(database_);
+        database_.run(QStringLiteral("insert into {schema}.tblDati (ID, Cartella, descrizione, file, ModificatoDa, "
+                                     "DataModifica, LastUpdate) "
+                                     "values (?, ?, ?, ?, ?, ?, ?)") +
+                          (sovrascrivi ? replace : QString()),
+                      {id, item.Cartella, item.descrizione, item.file, sign_, now, now});
+        transaction.commit();
+    } catch (const DatabaseError&) {
+        return false;
+    }
+    item.ID = id;
+    return true;
+}
+
+bool FreeData::Elimina(const QString& id) {
+    try {
+        Transaction transaction(database_);
+        if (database_.run(QStringLiteral("delete from {schema}.tblDati where ID = ?"), {id}).affectedRows() != 1)
+            return false;
+        transaction.commit();
+        return true;
+    } catch (const DatabaseError&) {
+        return false;
+    }
+}
+
+} // namespace desk

@@ -1,0 +1,56 @@
+#include "desk/data/PatientNotes.h"
+
+#include "desk/data/Database.h"
+#include "host/contract/HostError.h"
+
+namespace desk {
+
+namespace {
+
+host::Appunto noteOf(const Query& query) {
+    return {query.text(0), query.moment(1), query.value(2), query.value(3), query.text(4)};
+}
+
+} // namespace
+
+PatientNotes::PatientNotes(const PatientScope& scope)
+    : scope_(scope)
+    , table_(scope, QStringLiteral("tblAppunti"),
+             {QStringLiteral("Data"), QStringLiteral("b1"), QStringLiteral("b2"), QStringLiteral("m1")}) {}
+
+QList<host::Appunto> PatientNotes::Lista() {
+    try {
+        QList<host::Appunto> list;
+        for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
+            list << noteOf(query);
+        return list;
+    } catch (const DatabaseError&) {
+        return {};
+    }
+}
+
+std::optional<host::Appunto> PatientNotes::Carica(const QString& id) {
+    try {
+        Query query = table_.row(id);
+        if (!query.next()) return std::nullopt;
+        return noteOf(query);
+    } catch (const DatabaseError&) {
+        return std::nullopt;
+    }
+}
+
+bool PatientNotes::Salva(host::Appunto& appunto) {
+    return table_.save(
+        appunto.ID, {storedMoment(appunto.Data), appunto.b1.toBool() ? 1 : 0, appunto.b2.toBool() ? 1 : 0, appunto.m1});
+}
+
+bool PatientNotes::Elimina(const QString& id) {
+    return table_.remove(id);
+}
+
+QObject* PatientNotes::EditForm(const QString& id) {
+    if (!scope_.hooks.noteForm) throw host::HostError(QStringLiteral("La finestra degli appunti non è disponibile."));
+    return scope_.hooks.noteForm(scope_.patient, id);
+}
+
+} // namespace desk

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "desk/data/PatientScope.h"
+#include "desk/data/Query.h"
+
+#include <QStringList>
+#include <QVariantList>
+
+namespace desk {
+
+/// The rows of one table that belong to one patient, in the shape all those tables share: identity, patient, columns of
+/// their own, and who changed the row when. Reading throws DatabaseError; writing is one transaction and answers false.
+class PatientTable {
+public:
+    /// `condition`, such as " and a=1", narrows the table down.
+    PatientTable(const PatientScope& scope, QString name, QStringList columns, QString condition = {});
+
+    Query rows(const QString& order) const; ///< ID, then the columns.
+    Query row(const QString& id) const;
+    /// Inserts when `id` is empty and writes the new identity into it; else updates, false when the row is gone.
+    bool save(QString& id, const QVariantList& values) const;
+    bool remove(const QString& id) const;
+
+private:
+    void insert(const QString& id, const QVariantList& values) const;
+    bool update(const QString& id, const QVariantList& values) const;
+    QVariantList stamped(const QVariantList& values) const;
+
+    PatientScope scope_;
+    QString name_;
+    QStringList columns_;
+    QString condition_;
+};
+
+} // namespace desk

@@ -1,0 +1,54 @@
+#include "desk/data/PatientVisits.h"
+
+#include "desk/data/Database.h"
+#include "host/contract/HostError.h"
+
+namespace desk {
+
+namespace {
+
+host::Visita visitOf(const Query& query) {
+    return {query.text(0), query.moment(1), query.text(2)};
+}
+
+} // namespace
+
+PatientVisits::PatientVisits(const PatientScope& scope)
+    : scope_(scope)
+    , table_(scope, QStringLiteral("tblVisite"), {QStringLiteral("Data"), QStringLiteral("descrizione")}) {}
+
+QList<host::Visita> PatientVisits::Lista() {
+    try {
+        QList<host::Visita> list;
+        for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
+            list << visitOf(query);
+        return list;
+    } catch (const DatabaseError&) {
+        return {};
+    }
+}
+
+QObject* PatientVisits::EditForm(const QString& id) {
+    if (!scope_.hooks.visitForm) throw host::HostError(QStringLiteral("La finestra delle visite non è disponibile."));
+    return scope_.hooks.visitForm(scope_.patient, id);
+}
+
+std::optional<host::Visita> PatientVisits::Carica(const QString& id) {
+    try {
+        Query query = table_.row(id);
+        if (!query.next()) return std::nullopt;
+        return visitOf(query);
+    } catch (const DatabaseError&) {
+        return std::nullopt;
+    }
+}
+
+bool PatientVisits::Salva(host::Visita& visita) {
+    return table_.save(visita.ID, {storedMoment(visita.Data), visita.descrizione});
+}
+
+bool PatientVisits::Elimina(const QString& id) {
+    return table_.remove(id);
+}
+
+} // namespace desk

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "desk/data/Dialect.h"
+
+namespace desk {
+
+/// A server that several workstations share. Statements are already made to fit; opening is refused for the time being.
+class PostgresDialect : public Dialect {
+public:
+    QString driver() const override { return QStringLiteral("QPSQL"); }
+    void open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const override;
+    void settle(QSqlDatabase& connection, const QString& schema) const override;
+    QString expand(const QString& sql, const QString& schema) const override;
+    QString beginWriting() const override { return QStringLiteral("begin"); }
+    QString tables(const QString& schema) const override;
+    QString matches(const QString& column) const override;
+    std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const override;
+    QString explain(const QSqlError& error) const override;
+};
+
+} // namespace desk

@@ -1,0 +1,167 @@
+#include "desk/data/SqliteDialect.h"
+
+#include "desk/data/DatabaseError.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUrl>
+#include <QVariant>
+
+namespace desk {
+
+namespace {
+
+constexpr int openingPatience = 3000;  // milliseconds: the user looks at an empty screen
+constexpr int everydayPatience = 8000; // another workstation's save is soon over
+
+// Native result codes, without their extension.
+constexpr int codeBusy = 5;
+constexpr int codeLocked = 6;
+constexpr int codeReadOnly = 8;
+constexpr int codeInputOutput = 10;
+constexpr int codeCorrupt = 11;
+constexpr int codeFull = 13;
+constexpr int codeCannotOpen = 14;
+constexpr int codeNotADatabase = 26;
+
+int nativeCode(const QSqlError& error) {
+    return error.nativeErrorCode().toInt() & 0xff;
+}
+
+[[noreturn]] void refuse(const QString& path, const QString& why) {
+    throw DatabaseError(
+        QStringLiteral("Impossibile aprire l'archivio «%1».\n%2").arg(QDir::toNativeSeparators(path), why));
+}
+
+// A stray file must be recognised before the database library touches it: it would lay its own files beside it.
+void checkContent(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        refuse(path, QStringLiteral("Il file non può essere letto: %1.").arg(file.errorString()));
+    if (file.size() == 0) {
+        // The log of a lost file still holds its last changes, and would be thrown away together with it.
+        if (QFileInfo(path + QStringLiteral("-wal")).size() > 0)
+            refuse(path,
+                   QStringLiteral(
+                       "Il file è vuoto, ma accanto vi sono modifiche non ancora registrate: il file è danneggiato."));
+        return;
+    }
+    if (file.read(16) != QByteArray("SQLite format 3", 16))
+        refuse(path, QStringLiteral("Il file non è un archivio di Tessara, oppure è danneggiato."));
+}
+
+void checkFile(const QString& path) {
+    const QFileInfo file(path);
+    const QFileInfo folder(file.absolutePath());
+    if (!folder.exists()) refuse(path, QStringLiteral("La cartella non esiste."));
+    if (!folder.isDir()) refuse(path, QStringLiteral("Il percorso passa per un file che non è una cartella."));
+    if (file.isDir()) refuse(path, QStringLiteral("Il percorso indica una cartella, non un file."));
+    if (file.exists()) checkContent(path);
+    if (file.exists() && !file.isWritable()) refuse(path, QStringLiteral("Il file è di sola lettura."));
+    if (!folder.isWritable()) refuse(path, QStringLiteral("La cartella è di sola lettura."));
+}
+
+void execute(QSqlDatabase& connection, const QString& sql) {
+    QSqlQuery query(connection);
+    if (!query.exec(sql)) throw DatabaseError(SqliteDialect().explain(query.lastError()));
+}
+
+// As far as the record tables go; the stored files may take gigabytes, and their damage stays theirs.
+void checkPages(QSqlDatabase& connection, const QString& path, const QString& schema) {
+    const QStringList tables{QStringLiteral("tblPazienti"), QStringLiteral("tblWorkspace")};
+    for (const QString& table : tables) {
+        QSqlQuery query(connection);
+        const bool answered =
+            query.exec(QStringLiteral("pragma %1.quick_check(%2)").arg(schema, table)) && query.next();
+        if (!answered || query.value(0).toString() != QLatin1String("ok"))
+            refuse(path, QStringLiteral("L'archivio è danneggiato: ripristinare l'ultima copia di sicurezza."));
+    }
+}
+
+} // namespace
+
+void SqliteDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const {
+    checkFile(url.path);
+    const bool known = QFileInfo::exists(url.path);
+    connection.setDatabaseName(QStringLiteral(":memory:"));
+    connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(openingPatience));
+    if (!connection.open()) refuse(url.path, explain(connection.lastError()));
+
+    // "rw" never makes a new file where one was just seen.
+    QUrl file = QUrl::fromLocalFile(url.path);
+    const QString address =
+        file.toString(QUrl::FullyEncoded) + (known ? QStringLiteral("?mode=rw") : QStringLiteral("?mode=rwc"));
+    QSqlQuery attach(connection);
+    attach.prepare(QStringLiteral("attach database ? as %1").arg(schema));
+    attach.addBindValue(address);
+    if (!attach.exec()) refuse(url.path, explain(attach.lastError()));
+
+    QSqlQuery firstLook(connection);
+    if (!firstLook.exec(QStringLiteral("select count(*) from %1.sqlite_master").arg(schema)) || !firstLook.next())
+        refuse(url.path, explain(firstLook.lastError()));
+    firstLook.finish();
+    if (known) checkPages(connection, url.path, schema);
+}
+
+void SqliteDialect::settle(QSqlDatabase& connection, const QString& schema) const {
+    execute(connection, QStringLiteral("pragma %1.journal_mode=wal").arg(schema));
+    execute(connection, QStringLiteral("pragma %1.synchronous=full").arg(schema));
+    execute(connection, QStringLiteral("pragma foreign_keys=on"));
+    execute(connection, QStringLiteral("pragma busy_timeout=%1").arg(everydayPatience));
+}
+
+QString SqliteDialect::expand(const QString& sql, const QString& schema) const {
+    // An index is named under the schema, its table without it.
+    static const QRegularExpression index(QStringLiteral("create( unique)? index (\\w+) on \\{schema\\}\\.(\\w+)"),
+                                          QRegularExpression::CaseInsensitiveOption);
+    QString text = sql;
+    text.replace(index, QStringLiteral("create\\1 index {schema}.\\2 on \\3"));
+    text.replace(QStringLiteral("{blob}"), QStringLiteral("blob"));
+    text.replace(QStringLiteral("{schema}"), schema);
+    return text;
+}
+
+QString SqliteDialect::tables(const QString& schema) const {
+    return QStringLiteral(
+               "select name from %1.sqlite_master where type='table' and name not like 'sqlite\\_%' escape '\\'")
+        .arg(schema);
+}
+
+QString SqliteDialect::matches(const QString& column) const {
+    return QStringLiteral("%1 like ? escape '\\'").arg(column);
+}
+
+std::optional<qint64> SqliteDialect::foreignWrites(QSqlDatabase& connection, const QString& schema) const {
+    QSqlQuery query(connection);
+    if (!query.exec(QStringLiteral("pragma %1.data_version").arg(schema)) || !query.next()) return std::nullopt;
+    return query.value(0).toLongLong();
+}
+
+QString SqliteDialect::explain(const QSqlError& error) const {
+    switch (nativeCode(error)) {
+    case codeBusy:
+    case codeLocked:
+        return QStringLiteral("L'archivio è in uso da un altro programma. Riprovare fra poco.");
+    case codeReadOnly:
+        return QStringLiteral("L'archivio è di sola lettura.");
+    case codeInputOutput:
+        return QStringLiteral("Errore del disco durante l'accesso all'archivio.");
+    case codeCorrupt:
+        return QStringLiteral("L'archivio è danneggiato: ripristinare l'ultima copia di sicurezza.");
+    case codeFull:
+        return QStringLiteral("Il disco è pieno.");
+    case codeCannotOpen:
+        return QStringLiteral("Il file dell'archivio non può essere aperto.");
+    case codeNotADatabase:
+        return QStringLiteral("Il file non è un archivio di Tessara, oppure è danneggiato.");
+    default:
+        return QStringLiteral("Errore dell'archivio: %1.").arg(error.databaseText());
+    }
+}
+
+} // namespace desk

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "desk/data/Dialect.h"
+
+namespace desk {
+
+/// One file, attached under the schema's name to a connection of its own in memory. Write-ahead log, every commit on
+/// disk before it is reported. A file that is refused is left as it was found.
+class SqliteDialect : public Dialect {
+public:
+    QString driver() const override { return QStringLiteral("QSQLITE"); }
+    void open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const override;
+    void settle(QSqlDatabase& connection, const QString& schema) const override;
+    QString expand(const QString& sql, const QString& schema) const override;
+    QString beginWriting() const override { return QStringLiteral("begin immediate"); }
+    QString tables(const QString& schema) const override;
+    QString matches(const QString& column) const override;
+    std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const override;
+    QString explain(const QSqlError& error) const override;
+};
+
+} // namespace desk

@@ -1,0 +1,200 @@
+#include "PracticeFixture.h"
+
+#include "desk/data/DatabaseService.h"
+#include "desk/data/Transaction.h"
+#include "host/contract/HostError.h"
+#include "platform/Clock.h"
+
+#include <QSet>
+
+namespace {
+
+host::DatiCorvala plan(const QString& number, const QString& memo = QStringLiteral("<trattamento/>")) {
+    return {QStringLiteral("22/11/2025"), number, QStringLiteral("Corona 1.1"), QStringLiteral("TRT"), memo};
+}
+
+} // namespace
+
+class CorvalaRecordsTest : public PracticeFixture {
+protected:
+    std::unique_ptr<host::Recordset> rows(const QString& what) {
+        return desk::DatabaseService(*database_, sign_).OpenRecordset(what);
+    }
+};
+
+TEST_F(CorvalaRecordsTest, WritesTheWholeRowAndReadsItBack) {
+    platform::setClock(QDateTime(QDate(2025, 11, 23), QTime(9, 5, 7)));
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    QString id;
+    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    platform::releaseClock();
+
+    const auto row = rows(QStringLiteral("select * from tessara.tblWorkspace"));
+    ASSERT_TRUE(row);
+    EXPECT_EQ(row->RecordCount(), 1);
+    const QList<QPair<QString, QString>> expected{
+        {QStringLiteral("id"), id},
+        {QStringLiteral("TIPORECORD"), QStringLiteral("906")},
+        {QStringLiteral("t1"), QStringLiteral("TRT")},
+        {QStringLiteral("idrif1"), QStringLiteral("2025-0001")},
+        {QStringLiteral("idpaziente"), patient->ID()},
+        {QStringLiteral("data"), QStringLiteral("2025-11-22 00:00:00")},
+        {QStringLiteral("descrizione"), QStringLiteral("Corona 1.1")},
+        {QStringLiteral("m1"), QStringLiteral("<trattamento/>")},
+        {QStringLiteral("ModificatoDa"), sign_},
+        {QStringLiteral("DataModifica"), QStringLiteral("2025-11-23 09:05:07")},
+        {QStringLiteral("LastUpdate"), QStringLiteral("2025-11-23 09:05:07")},
+    };
+    for (const auto& [column, text] : expected)
+        EXPECT_EQ(row->text(column), text) << column.toStdString();
+    EXPECT_TRUE(row->value(QStringLiteral("manca")).isNull());
+    row->MoveNext();
+    EXPECT_TRUE(row->isEOF());
+    EXPECT_TRUE(row->value(QStringLiteral("id")).isNull()) << "past the end";
+
+    const auto read = patient->corvala().Carica(id);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->Data, QDate(2025, 11, 22).startOfDay());
+    EXPECT_EQ(read->idrif1, QStringLiteral("2025-0001"));
+    EXPECT_EQ(read->t1, QStringLiteral("TRT"));
+    EXPECT_EQ(id.size(), 36) << "without braces";
+}
+
+TEST_F(CorvalaRecordsTest, UpdateKeepsTheIdentityAndNeverRevivesADeletedRow) {
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    QString id;
+    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    const QString first = id;
+    EXPECT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))));
+    EXPECT_EQ(id, first);
+    ASSERT_EQ(patient->corvala().Lista().size(), 1);
+    EXPECT_EQ(patient->corvala().Lista().first().idrif1, QStringLiteral("2025-0002"));
+
+    const auto elsewhere = reopened();
+    desk::PatientRecord same(*elsewhere, sign_);
+    ASSERT_TRUE(same.Init(patient->ID()));
+    ASSERT_TRUE(same.corvala().Elimina(id));
+    EXPECT_FALSE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0003"))));
+    EXPECT_FALSE(patient->corvala().Elimina(id));
+    EXPECT_FALSE(patient->corvala().Carica(id));
+    EXPECT_TRUE(patient->corvala().Lista().isEmpty());
+}
+
+TEST_F(CorvalaRecordsTest, RefusesWhatCannotBeARecord) {
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    for (const char* date : {"", "domani", "31/02/2025", "2025-13-01"}) {
+        auto dati = plan(QStringLiteral("2025-0001"));
+        dati.Data = QString::fromUtf8(date);
+        QString id;
+        EXPECT_FALSE(patient->corvala().Salva(id, dati)) << date;
+        EXPECT_TRUE(id.isEmpty());
+    }
+    desk::PatientRecord unbound(*database_, sign_);
+    QString id;
+    EXPECT_FALSE(unbound.corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    EXPECT_FALSE(unbound.Init(QStringLiteral("nessuno")));
+    EXPECT_EQ(rows(QStringLiteral("select id from tessara.tblWorkspace"))->RecordCount(), 0);
+}
+
+TEST_F(CorvalaRecordsTest, TouchesOnlyItsOwnRows) {
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    const auto other = bound(addPatient(QStringLiteral("Verdi"), QStringLiteral("Anna")));
+    QString id;
+    ASSERT_TRUE(other->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    EXPECT_FALSE(patient->corvala().Elimina(id));
+    EXPECT_FALSE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0009"))));
+    EXPECT_FALSE(patient->corvala().Carica(id));
+    EXPECT_TRUE(patient->corvala().Lista().isEmpty());
+
+    desk::DatabaseService(*database_, sign_).Execute(QStringLiteral("update tessara.tblWorkspace set tiporecord=7"));
+    EXPECT_TRUE(other->corvala().Lista().isEmpty()) << "rows of another module";
+    EXPECT_FALSE(other->corvala().Elimina(id));
+}
+
+TEST_F(CorvalaRecordsTest, AFailedSaveLeavesTheOldRecord) {
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    QString id;
+    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    database_->runText(QStringLiteral(
+        "create trigger tessara.rotto after update on tblWorkspace begin select raise(abort, 'disco'); end"));
+    EXPECT_FALSE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))));
+    EXPECT_EQ(patient->corvala().Carica(id)->idrif1, QStringLiteral("2025-0001"));
+    database_->runText(QStringLiteral("drop trigger tessara.rotto"));
+    EXPECT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))))
+        << "the next save is not caught in the failed one";
+}
+
+TEST_F(CorvalaRecordsTest, AnswersTheQuestionsOfNumberingAndPeriods) {
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    const auto highest = [this](const char* year) {
+        return rows(
+            QStringLiteral(
+                "Select max(idrif1) AS HighestValue from tessara.tblWorkspace where tiporecord=906 and t1='TRT' "
+                "and idrif1 like '%1%'")
+                .arg(QLatin1String(year)));
+    };
+    EXPECT_EQ(highest("2025")->RecordCount(), 1);
+    EXPECT_TRUE(highest("2025")->value(QStringLiteral("HighestValue")).isNull());
+    EXPECT_TRUE(highest("2025")->text(QStringLiteral("highestvalue")).isNull());
+    for (const char* number : {"2025-0002", "2025-0011", "2024-0099"}) {
+        QString id;
+        ASSERT_TRUE(patient->corvala().Salva(id, plan(QLatin1String(number))));
+    }
+    EXPECT_EQ(highest("2025")->text(QStringLiteral("HighestValue")), QStringLiteral("2025-0011"));
+
+    const auto within = [this](const char* from, const char* to) {
+        return rows(QStringLiteral(
+                        "Select * from tessara.tblWorkspace where data Between '%1 00:00:00' AND '%2 23:59:59' and "
+                        "tiporecord=906 and t1='TRT'")
+                        .arg(QLatin1String(from), QLatin1String(to)))
+            ->RecordCount();
+    };
+    EXPECT_EQ(within("2025-11-22", "2025-11-22"), 3);
+    EXPECT_EQ(within("2025-11-23", "2025-12-31"), 0);
+    EXPECT_EQ(within("2025-01-01", "2025-11-21"), 0);
+    EXPECT_FALSE(rows(QStringLiteral("select * from tessara.tblAltro")));
+    EXPECT_FALSE(rows(QStringLiteral("delete from tessara.tblVersione; select 1"))) << "one statement at a time";
+}
+
+TEST_F(CorvalaRecordsTest, ExecutesOneStatementOrNothing) {
+    desk::DatabaseService service(*database_, sign_);
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    QString id;
+    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    service.Execute(
+        QStringLiteral(
+            "Update tessara.tblWorkspace SET Descrizione='Ex Corona',ModificatoDa='D''Amico' Where (id='%1')")
+            .arg(id));
+    EXPECT_EQ(patient->corvala().Carica(id)->descrizione, QStringLiteral("Ex Corona"));
+    EXPECT_THROW(service.Execute(QStringLiteral("Update tessara.tblWorkspace SET Descrizione='Ex l'altra' Where 1=1")),
+                 host::HostError);
+    EXPECT_EQ(patient->corvala().Carica(id)->descrizione, QStringLiteral("Ex Corona"));
+    EXPECT_EQ(service.Sign(), sign_);
+}
+
+TEST_F(CorvalaRecordsTest, AwkwardTextsRoundTrip) {
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    for (const QString& text : awkwardTexts()) {
+        auto dati = plan(QStringLiteral("2025-0001"), text.repeated(200));
+        dati.descrizione = text;
+        QString id;
+        ASSERT_TRUE(patient->corvala().Salva(id, dati));
+        EXPECT_EQ(patient->corvala().Carica(id)->descrizione, text);
+        EXPECT_EQ(patient->corvala().Carica(id)->m1, dati.m1);
+    }
+    database_->runText(QStringLiteral("update tessara.tblWorkspace set m1=null, Data=null"));
+    EXPECT_TRUE(patient->corvala().Lista().first().m1.isNull());
+    EXPECT_FALSE(patient->corvala().Lista().first().Data.isValid());
+}
+
+TEST_F(CorvalaRecordsTest, AnInnerFailureUndoesTheOuterTransaction) {
+    {
+        desk::Transaction outer(*database_);
+        addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario"));
+        { desk::Transaction abandoned(*database_); }
+        EXPECT_THROW(outer.commit(), desk::DatabaseError);
+    }
+    EXPECT_TRUE(database_->isEmpty());
+    addPatient(QStringLiteral("Verdi"), QStringLiteral("Anna"));
+    EXPECT_FALSE(database_->isEmpty());
+}
