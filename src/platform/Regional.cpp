@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QTime>
+#include <QVarLengthArray>
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -114,26 +115,31 @@ bool areDigits(QStringView text) {
     return std::all_of(text.begin(), text.end(), isDigit);
 }
 
-/// Takes group marks out of a whole part. Nothing when one does not stand at thousands; a group that starts with a
-/// nought is none, so that "0.500" is a half.
-std::optional<QString> withoutGroups(QStringView whole, QChar groupMark) {
-    const QList<QStringView> groups = whole.split(groupMark);
-    for (const QStringView group : groups) {
-        if (!areDigits(group)) return std::nullopt;
+/// Whether group marks stand at thousands in a whole part that holds some. A group that starts with a nought is none,
+/// so that "0.500" is a half.
+bool isGrouped(QStringView whole, QChar groupMark) {
+    const qsizetype first = whole.indexOf(groupMark);
+    if (first < 1 || first > GROUP || whole.front() == QLatin1Char('0') || (whole.size() - first) % (GROUP + 1) != 0)
+        return false;
+    for (qsizetype i = 0; i < whole.size(); ++i) {
+        const bool mark = i >= first && (i - first) % (GROUP + 1) == 0;
+        if (mark ? whole[i] != groupMark : !isDigit(whole[i])) return false;
     }
-    if (groups.size() == 1) return whole.toString();
-    if (groups.first().isEmpty() || groups.first().size() > GROUP || groups.first().front() == QLatin1Char('0'))
-        return std::nullopt;
-    if (std::any_of(groups.begin() + 1, groups.end(), [](QStringView group) { return group.size() != GROUP; }))
-        return std::nullopt;
-    return whole.toString().remove(groupMark);
+    return true;
 }
 
-std::optional<double> toDouble(bool negative, const QString& whole, QStringView decimals) {
+std::optional<double> toDouble(bool negative, QStringView whole, QStringView decimals) {
     if (whole.isEmpty() && decimals.isEmpty()) return std::nullopt;
-    const std::string text = '0' + whole.toStdString() + '.' + decimals.toString().toStdString() + '0';
+    QVarLengthArray<char, 64> text{'0'}; // Numbers are read by the thousand: no allocation for those of usual length.
+    const auto add = [&text](QChar character) {
+        if (isDigit(character)) text.append(static_cast<char>(character.unicode())); // Drops the group marks.
+    };
+    std::for_each(whole.begin(), whole.end(), add);
+    text.append('.');
+    std::for_each(decimals.begin(), decimals.end(), add);
+    text.append('0');
     double value = 0;
-    if (std::from_chars(text.data(), text.data() + text.size(), value).ec != std::errc()) return std::nullopt;
+    if (std::from_chars(text.begin(), text.end(), value).ec != std::errc()) return std::nullopt;
     return negative ? -value : value;
 }
 
@@ -195,14 +201,13 @@ std::optional<double> Regional::toNumber(const QString& text) const {
     const qsizetype mark = number.indexOf(decimalMark_);
     const QStringView decimals = mark < 0 ? QStringView() : number.mid(mark + 1);
     if (!areDigits(decimals)) return std::nullopt;
-    if (const auto whole = withoutGroups(mark < 0 ? number : number.left(mark), groupMark_))
-        return toDouble(negative, *whole, decimals);
+    const QStringView whole = mark < 0 ? number : number.left(mark);
+    if (areDigits(whole) || isGrouped(whole, groupMark_)) return toDouble(negative, whole, decimals);
 
     const qsizetype stop = number.indexOf(QLatin1Char('.'));
     if (mark >= 0 || stop < 0) return std::nullopt;
-    const QStringView whole = number.left(stop);
-    if (!areDigits(whole) || !areDigits(number.mid(stop + 1))) return std::nullopt;
-    return toDouble(negative, whole.toString(), number.mid(stop + 1));
+    if (!areDigits(number.left(stop)) || !areDigits(number.mid(stop + 1))) return std::nullopt;
+    return toDouble(negative, number.left(stop), number.mid(stop + 1));
 }
 
 QString Regional::shortDate(const QDate& date) const {

@@ -16,24 +16,24 @@ public:
 
     /// Formats by one of the patterns "###0.00", "##,##", "##,##0.0", "0000", "00", "0,0.00": "0" a digit that always
     /// shows, "#" one that may, a comma between digits asks for grouping, a full stop starts the decimals. Rounds half
-    /// away from zero on the decimal digits of the value as its type shows them, so 2.675f gives "2,68". A value that is
-    /// no number gives an empty text.
+    /// away from zero on the decimal digits of the value as its type shows them, so 2.675f gives "2,68". A value that
+    /// is no number gives an empty text.
     QString format(float value, const QString& pattern) const;
     QString format(double value, const QString& pattern) const;
     QString format(int value, const QString& pattern) const;
 
-    /// Reads a number as typed or stored. Group marks must stand at thousands; a full stop that cannot be a thousands mark
-    /// counts as the decimal mark ("12.50"). Nothing for empty text, letters or a malformed number.
+    /// Reads a number as typed or stored. Group marks must stand at thousands; a full stop that cannot be a thousands
+    /// mark counts as the decimal mark ("12.50"). Nothing for empty text, letters or a malformed number.
     std::optional<double> toNumber(const QString& text) const;
 
     QString shortDate(const QDate& date) const; ///< Empty for an invalid date.
-    std::optional<QDate> toDate(const QString& text) const; ///< Accepts one-digit days and months and, after the date, a time.
+    std::optional<QDate>
+    toDate(const QString& text) const; ///< Accepts one-digit days and months and, after the date, a time.
 
     QChar decimalMark() const { return decimalMark_; }
     const QString& shortDateFormat() const { return shortDateFormat_; }
 
 private:
-
     QChar decimalMark_;
     QChar groupMark_;
     QString shortDateFormat_;

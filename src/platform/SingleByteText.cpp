@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <string_view>
 
 namespace platform {
 
@@ -29,6 +30,25 @@ bool hasOwnByte(char16_t character) {
     return character < FIRST_SPECIAL || (character >= FIRST_LATIN && character <= LAST_LATIN);
 }
 
+QChar characterOf(unsigned char code) {
+    const bool special = code >= FIRST_SPECIAL && code < FIRST_LATIN;
+    return QChar(special ? SPECIAL[static_cast<std::size_t>(code - FIRST_SPECIAL)] : char16_t(code));
+}
+
+constexpr std::string_view ALPHABET = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr quint8 NOT_BASE64 = 64;
+
+/// Value of each ASCII character in the alphabet.
+constexpr std::array<quint8, 128> makeBase64Values() {
+    std::array<quint8, 128> values{};
+    values.fill(NOT_BASE64);
+    for (std::size_t i = 0; i < ALPHABET.size(); ++i)
+        values[static_cast<std::size_t>(ALPHABET[i])] = quint8(i);
+    return values;
+}
+
+constexpr std::array<quint8, 128> BASE64_VALUES = makeBase64Values();
+
 } // namespace
 
 QByteArray toSingleByte(const QString& text) {
@@ -46,11 +66,32 @@ QByteArray toSingleByte(const QString& text) {
 
 QString fromSingleByte(QByteArrayView bytes) {
     QString text(bytes.size(), Qt::Uninitialized);
-    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char byte) {
-        const auto code = static_cast<unsigned char>(byte);
-        const bool special = code >= FIRST_SPECIAL && code < FIRST_LATIN;
-        return QChar(special ? SPECIAL[static_cast<std::size_t>(code - FIRST_SPECIAL)] : char16_t(code));
-    });
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char byte) { return characterOf(static_cast<unsigned char>(byte)); });
+    return text;
+}
+
+QString toBase64(const QString& text) {
+    return QString::fromLatin1(toSingleByte(text).toBase64());
+}
+
+QString fromBase64(const QString& encoded) {
+    if (encoded.isEmpty()) return {};
+    QString text(encoded.size() * 3 / 4, Qt::Uninitialized);
+    QChar* out = text.data();
+    quint32 collected = 0;
+    int bits = 0;
+    for (const QChar letter : encoded) {
+        const char16_t code = letter.unicode();
+        const quint8 value = code < BASE64_VALUES.size() ? BASE64_VALUES[code] : NOT_BASE64;
+        if (value == NOT_BASE64) continue;
+        collected = (collected << 6) | value;
+        bits += 6;
+        if (bits < 8) continue;
+        bits -= 8;
+        *out++ = characterOf(static_cast<unsigned char>(collected >> bits));
+    }
+    text.resize(out - text.constData());
     return text;
 }
 

@@ -11,4 +11,9 @@ namespace platform {
 QByteArray toSingleByte(const QString& text);
 QString fromSingleByte(QByteArrayView bytes);
 
+/// Base64 of the single bytes of a text, as the fields of the records hold it: no line breaks, "=" at the end. Reading
+/// skips characters outside the alphabet. Done in one pass, since every list reads thousands of them.
+QString toBase64(const QString& text);
+QString fromBase64(const QString& encoded);
+
 } // namespace platform

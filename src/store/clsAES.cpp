@@ -47,11 +47,11 @@ clsAES::clsAES() {
 }
 
 QString clsAES::plbEncodeStrB64(const QString& text) const {
-    return QString::fromLatin1(platform::toSingleByte(text).toBase64());
+    return platform::toBase64(text);
 }
 
 QString clsAES::plbDecodeStrB64(const QString& text) const {
-    return platform::fromSingleByte(decodeBase64(text));
+    return platform::fromBase64(text);
 }
 
 QString clsAES::EncryptStr(const QString& text) const {
