@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+struct clsItemTrattamento;
+
+/// The stored text of a treatment plan, both directions side by side. The layout (tabs, line ends, order of the
+/// attributes, blanks before the closing brackets) is read by other programs of the practice and stays as it is, byte
+/// for byte.
+
+/// The memo of a plan. Always well-formed, whatever the fields hold.
+QString scriviMemoTrattamento(const clsItemTrattamento& item);
+
+/// Fills the plan from its memo. A text that is no such memo leaves the plan as it is. Throws platform::DuplicateKey
+/// when two rows have one number; the rows up to there are then in the plan. A row without price, or with price 0 and
+/// no invoice, takes the catalogue's present price.
+void leggiMemoTrattamento(clsItemTrattamento& item, const QString& memo);

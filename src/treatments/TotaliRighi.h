@@ -1,0 +1,17 @@
+#pragma once
+
+#include "treatments/clsItemRigoTrattamento.h"
+
+#include <QList>
+
+/// What the rows of a plan are worth. Money is stored in single precision after each step.
+struct TotaliRighi {
+    float terminati = 0;
+    float daTerminare = 0;
+};
+
+/// Number of teeth that the row's price counts for: those of its list, otherwise one.
+int numeroDenti(const clsItemRigoTrattamento& rigo);
+
+/// Sums the rows that have a service; a row without a price counts with the catalogue's.
+TotaliRighi calcolaTotali(const QList<clsItemRigoTrattamento>& righi);

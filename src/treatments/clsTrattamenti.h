@@ -1,0 +1,26 @@
+#pragma once
+
+#include "store/modWorkspace.h"
+#include "treatments/clsItemTrattamento.h"
+
+#include <QString>
+#include <optional>
+
+/// The treatment plans of the patient open in the desk: loads, lists, saves and deletes them. One long-lived instance,
+/// `oTrattamenti`, owned by the module's assembly. Errors of the host and a plan with two rows of one number pass
+/// through; the callers report them.
+class clsTrattamenti : public WorkspaceManager<clsItemTrattamento> {
+public:
+    clsTrattamenti();
+
+    /// Reads the patient's rows anew first, so that what another workstation saved is seen. The same for the one below.
+    std::optional<clsItemTrattamento> Carica(const QString& id, host::Paziente* paziente = nullptr);
+    /// The plan with the greatest number; nothing without plans. Numbers are compared as texts.
+    std::optional<clsItemTrattamento> CaricaUltimo();
+    void DeserializzaMEMO(clsItemTrattamento& item, const QString& memo) const override;
+    /// Asks, then deletes the plan with all that is tied to it. False when refused, not found or not deleted.
+    bool Elimina(host::Paziente& paziente, const QString& id) override;
+
+protected:
+    QString SerializzaMEMO(const clsItemTrattamento& item) const override;
+};
