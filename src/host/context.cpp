@@ -22,6 +22,7 @@ QString sIDFattura;
 clsTrattamenti* oTrattamenti = nullptr;
 clsViewTrattamenti* oViewTrattamenti = nullptr;
 QString sIDTrattamento;
+QString sRigoTrattamento;
 clsParadontale* oParadontale = nullptr;
 clsViewSondaggi* oViewSondaggi = nullptr;
 QString sIDParadontale;

@@ -52,6 +52,7 @@ extern QString sIDFattura;
 extern clsTrattamenti* oTrattamenti;
 extern clsViewTrattamenti* oViewTrattamenti;
 extern QString sIDTrattamento;
+extern QString sRigoTrattamento; ///< Number of the row with which that plan opens at once; empty for none.
 extern clsParadontale* oParadontale;
 extern clsViewSondaggi* oViewSondaggi;
 extern QString sIDParadontale;
