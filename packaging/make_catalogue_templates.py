@@ -9,7 +9,7 @@ import pathlib
 from xml.sax.saxutils import quoteattr
 
 DB = pathlib.Path("data/DB")
-EXEMPT, ORDINARY, REDUCED = "E1", "22", "10"
+EXEMPT, ORDINARY, REDUCED = "ES", "22", "10"
 
 PROSTHESIS = ("Preparazione", "Impronta", "Prova", "Cementazione")
 REMOVABLE = ("Impronta", "Registrazione occlusale", "Prova denti", "Consegna")
