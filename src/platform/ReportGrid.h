@@ -1,29 +1,16 @@
 #pragma once
 
+#include "platform/ReportColumn.h"
 #include "platform/ReportRecord.h"
 
 #include <QTreeView>
 #include <memory>
 
-class QLabel;
-
 namespace platform {
 
-class ReportGridModel;
-
-struct ReportColumn {
-    QString caption;
-    int width = 100;
-    bool resizable = false;   ///< Takes the room that is left over, in proportion to its width.
-    bool visible = true;
-    bool sortable = true;
-    bool editable = false;
-    Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
-};
-
-/// The grid of all lists: records with cells, grouping by dragging a header into the box above, sorting by click, in-cell
-/// editing with lists and buttons, check boxes, merged cells, texts when empty. Rows are counted from 0 as displayed.
-/// Ten thousand rows stay fluid: records are held as they are and painted by a delegate.
+/// The grid of all lists: records with cells, grouping by dragging a header into the box above, sorting by click,
+/// in-cell editing with lists and buttons, check boxes, merged cells, texts when empty. Rows are counted from 0 as
+/// displayed. Ten thousand rows stay fluid: records are held as they are and painted by a delegate.
 class ReportGrid : public QWidget {
     Q_OBJECT
 
@@ -39,51 +26,65 @@ public:
     void setTexts(const QString& empty, const QString& groupBox, const QString& sortPrompt);
     void setGroupBoxVisible(bool visible);
     void setColours(const QColor& shaded, const QColor& plain, const QColor& head);
-    void setSort(int column, Qt::SortOrder order);   ///< -1 for the order of adding.
+    void setSort(int column, Qt::SortOrder order); ///< -1 for the order of adding. Taken up by `populate`.
+    void setGroups(const QList<int>& columns);     ///< Outermost first; empty for none. Shown at once.
+    QList<int> groups() const;
     void setEditMode(bool cellFocus, bool editable); ///< Cell focus marks one cell; else the whole row.
     void setReadOnly(bool readOnly);
 
     // Records. Changes between begin and endUpdate are shown at once at the end.
     void beginUpdate();
     void endUpdate();
-    ReportRecord* addRecord();                         ///< A record with a cell per column; owned by the grid.
+    ReportRecord* addRecord(); ///< A record with a cell per column; owned by the grid.
     ReportRecord* insertRecord(int position);
-    void removeRecord(ReportRecord* record);
+    void removeRecord(ReportRecord* record); ///< Of the grid or a child; it lives on until the running handler ends.
     void moveRecord(int from, int to);
     void clear();
     int recordCount() const;
-    ReportRecord* record(int position) const;          ///< In the order of adding.
-    void populate();                                   ///< Shows what was changed in records.
+    ReportRecord* record(int position) const; ///< In the order of adding.
+    void populate();                          ///< Shows what was changed in records.
     void refreshRecord(ReportRecord* record);
 
     // Displayed rows
     int rowCount() const;
-    ReportRecord* rowRecord(int row) const;            ///< Null for a group head.
-    int rowOf(const ReportRecord* record) const;       ///< -1 when not shown.
+    ReportRecord* rowRecord(int row) const;      ///< Null for a group head.
+    int rowOf(const ReportRecord* record) const; ///< -1 when not shown.
+    QString rowCaption(int row) const;           ///< Text of a group head; empty for a record.
 
     // Focus and selection
-    ReportRecord* focusedRecord() const;               ///< Null when none.
-    void setFocusedRecord(ReportRecord* record);       ///< Null takes the selection away.
+    ReportRecord* focusedRecord() const;         ///< Null when none.
+    void setFocusedRecord(ReportRecord* record); ///< Null takes the selection away.
     int focusedColumn() const;
     QList<ReportRecord*> selectedRecords() const;
-    void editCell(ReportRecord* record, int column);   ///< Starts the edit in that cell.
+    void editCell(ReportRecord* record, int column); ///< Starts the edit in that cell.
     bool isEditing() const;
     /// Types a text into the cell as a person would: edit, replace, commit. False when the cell cannot be edited.
     bool enterText(int row, int column, const QString& text);
     bool setChecked(int row, int column, bool checked);
 
-    QTreeView* view() const;                           ///< For key and mouse handling and accessibility.
+    QTreeView* view() const; ///< For key and mouse handling and accessibility.
 
 signals:
-    void valueChanged(platform::ReportRecord* record, int column); ///< After an edit in the cell or a check by the user.
+    void valueChanged(platform::ReportRecord* record,
+                      int column); ///< After an edit in the cell or a check by the user.
     void rowDoubleClicked(platform::ReportRecord* record, int column);
     void rowRightClicked(platform::ReportRecord* record, int column); ///< Null record on the empty area.
     void inplaceButton(platform::ReportRecord* record, int column);
     void focusedRecordChanged(platform::ReportRecord* record);
-    void keyPressed(QKeyEvent* event);                 ///< Accept the event to keep it from the grid.
+    void keyPressed(QKeyEvent* event); ///< Accept the event to keep it from the grid.
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     struct Parts;
+    void announceFocus();
+    void sortByHead(int column);
+    void headMenu(int column);
+    bool overGroupBox(const QPoint& globalPosition) const;
+
     std::unique_ptr<Parts> parts_;
 };
 

@@ -15,15 +15,15 @@ struct ReportCellStyle {
     QColor foreground;
     bool bold = false;
     QIcon icon;
-    int iconIndex = 0;            ///< The number behind the icon, for who wants to know which it is; 0 none.
+    int iconIndex = 0; ///< The number behind the icon, for who wants to know which it is; 0 none.
     bool hasCheckBox = false;
     bool checked = false;
     bool checkEditable = true;
-    bool editable = true;         ///< False locks the cell in an editable column.
-    bool button = false;          ///< Shows the in-cell button.
-    int mergedColumns = 1;        ///< Columns that the cell covers, itself included.
-    QStringList choices;          ///< In-cell list; empty for none.
-    bool choicesOnly = false;     ///< Only an entry of the list can be entered.
+    bool editable = true;     ///< False locks the cell in an editable column.
+    bool button = false;      ///< Shows the in-cell button.
+    int mergedColumns = 1;    ///< Columns that the cell covers, itself included.
+    QStringList choices;      ///< In-cell list; empty for none.
+    bool choicesOnly = false; ///< Only an entry of the list can be entered.
 };
 
 /// One cell: the text shown and a hidden tag beside it.
@@ -47,7 +47,8 @@ private:
 /// One row of data with its cells, a tag (the record's identity, mostly) and child records.
 class ReportRecord {
 public:
-    explicit ReportRecord(int cells = 0) : cells_(static_cast<std::size_t>(cells)) {}
+    explicit ReportRecord(int cells = 0)
+        : cells_(static_cast<std::size_t>(cells)) {}
 
     QString tag;
     ReportCell& cell(int index) { return cells_[static_cast<std::size_t>(index)]; }
@@ -57,10 +58,13 @@ public:
 
     ReportRecord* addChild(int cells);
     const std::vector<std::unique_ptr<ReportRecord>>& children() const { return children_; }
+    ReportRecord* parent() const { return parent_; }                    ///< Null for a record of the grid itself.
+    std::unique_ptr<ReportRecord> takeChild(const ReportRecord* child); ///< Null when it is none of the children.
 
 private:
     std::vector<ReportCell> cells_;
     std::vector<std::unique_ptr<ReportRecord>> children_;
+    ReportRecord* parent_ = nullptr;
 };
 
 } // namespace platform

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <Qt>
+
+namespace platform {
+
+/// One column of a report grid: what its head shows and how its cells lie.
+struct ReportColumn {
+    QString caption;
+    int width = 100;
+    bool resizable = false; ///< Takes the room that is left over, in proportion to its width.
+    bool visible = true;
+    bool sortable = true;
+    bool editable = false;
+    Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
+};
+
+} // namespace platform

@@ -1,0 +1,216 @@
+// Displayed rows, focus, edits and events of the report grid; its set-up and records are in ReportGrid.cpp.
+#include "platform/Dialogs.h"
+#include "platform/ReportGridParts.h"
+
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QSet>
+
+namespace platform {
+
+namespace {
+
+/// A row that can be folded, known again after its index has changed.
+QString foldKey(const ReportGridModel& model, const QModelIndex& index) {
+    if (const ReportRecord* record = model.recordAt(index)) {
+        return QStringLiteral("r%1").arg(reinterpret_cast<quintptr>(record), 0, 16);
+    }
+    QString key;
+    for (QModelIndex above = index; above.isValid(); above = above.parent()) {
+        key.prepend(model.groupText(above).section(QStringLiteral(" ("), 0, -2) + QLatin1Char('\n'));
+    }
+    return key;
+}
+
+void forEachBranch(const ReportGridModel& model, const QModelIndex& parent,
+                   const std::function<void(const QModelIndex&)>& visit) {
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex index = model.index(row, 0, parent);
+        if (model.rowCount(index) == 0) continue;
+        visit(index);
+        forEachBranch(model, index, visit);
+    }
+}
+
+} // namespace
+
+void ReportGrid::Parts::change(ReportGrid& grid, const std::function<void()>& work) {
+    QSet<QString> folded;
+    forEachBranch(*model, {}, [&](const QModelIndex& branch) {
+        if (!view->isExpanded(branch)) folded.insert(foldKey(*model, branch));
+    });
+    ++changing;
+    work();
+    if (model->hasTree()) {
+        view->expandAll();
+        view->forgetDisplayed();
+        if (!folded.isEmpty()) {
+            forEachBranch(*model, {}, [&](const QModelIndex& branch) {
+                if (folded.contains(foldKey(*model, branch))) view->collapse(branch);
+            });
+        }
+    }
+    view->viewport()->update();
+    --changing;
+    grid.announceFocus();
+}
+
+int ReportGrid::rowCount() const {
+    return parts_->view->displayedRowCount();
+}
+
+ReportRecord* ReportGrid::rowRecord(int row) const {
+    return parts_->model->recordAt(parts_->view->displayedRow(row));
+}
+
+int ReportGrid::rowOf(const ReportRecord* record) const {
+    return parts_->view->displayedRowOf(parts_->model->indexOf(record));
+}
+
+QString ReportGrid::rowCaption(int row) const {
+    return parts_->model->groupText(parts_->view->displayedRow(row));
+}
+
+// Focus and selection
+
+ReportRecord* ReportGrid::focusedRecord() const {
+    const QItemSelectionModel* selection = parts_->view->selectionModel();
+    const QModelIndex current = selection->currentIndex();
+    if (current.isValid() && selection->isSelected(current)) return parts_->model->recordAt(current);
+    const QModelIndexList rows = selection->selectedRows();
+    return rows.isEmpty() ? nullptr : parts_->model->recordAt(rows.first());
+}
+
+void ReportGrid::setFocusedRecord(ReportRecord* record) {
+    Parts& p = *parts_;
+    QItemSelectionModel* selection = p.view->selectionModel();
+    if (!record) {
+        selection->clear();
+        return;
+    }
+    p.change(*this, [&] {
+        p.model->flush();
+        // The focus stays in its column, so that a timer which sets it again does not move the cell.
+        const QModelIndex index = p.model->indexOf(record, std::max(0, selection->currentIndex().column()));
+        if (!index.isValid()) return;
+        selection->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        p.view->scrollTo(index);
+    });
+}
+
+int ReportGrid::focusedColumn() const {
+    const QModelIndex current = parts_->view->currentIndex();
+    return current.isValid() ? parts_->model->spanStart(current) : -1;
+}
+
+QList<ReportRecord*> ReportGrid::selectedRecords() const {
+    QList<std::pair<int, ReportRecord*>> byRow;
+    for (const QModelIndex& index : parts_->view->selectionModel()->selectedRows()) {
+        if (ReportRecord* record = parts_->model->recordAt(index))
+            byRow.append({parts_->view->displayedRowOf(index), record});
+    }
+    std::sort(byRow.begin(), byRow.end());
+    QList<ReportRecord*> records;
+    for (const auto& entry : byRow)
+        records.append(entry.second);
+    return records;
+}
+
+void ReportGrid::announceFocus() {
+    if (parts_->changing > 0) return;
+    ReportRecord* focused = focusedRecord();
+    if (focused == parts_->announced) return;
+    parts_->announced = focused;
+    emit focusedRecordChanged(focused);
+}
+
+// Edits
+
+void ReportGrid::editCell(ReportRecord* record, int column) {
+    parts_->model->flush();
+    parts_->view->startEdit(parts_->model->indexOf(record, column));
+}
+
+bool ReportGrid::isEditing() const {
+    return parts_->view->isEditing();
+}
+
+bool ReportGrid::enterText(int row, int column, const QString& text) {
+    const QModelIndex index = parts_->view->displayedRow(row);
+    return column >= 0 && column < columnCount() && parts_->view->typeText(index.siblingAtColumn(column), text);
+}
+
+bool ReportGrid::setChecked(int row, int column, bool checked) {
+    const QModelIndex index = parts_->view->displayedRow(row);
+    return column >= 0 && column < columnCount() && parts_->view->setChecked(index.siblingAtColumn(column), checked);
+}
+
+QTreeView* ReportGrid::view() const {
+    return parts_->view;
+}
+
+// Heads
+
+void ReportGrid::sortByHead(int column) {
+    const ReportGridModel& model = *parts_->model;
+    const bool grouped = groups().contains(column);
+    if (!model.column(column).sortable && !grouped) return;
+    bool ascending = !(model.sortColumn() == column && model.sortOrder() == Qt::AscendingOrder);
+    for (const ReportGridModel::Group& group : model.groups()) {
+        if (group.column == column) ascending = group.order == Qt::DescendingOrder;
+    }
+    setSort(column, ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    if (grouped) {
+        setGroups(groups());
+    } else {
+        populate();
+    }
+}
+
+void ReportGrid::headMenu(int column) {
+    const bool grouped = groups().contains(column);
+    const bool canSort = parts_->model->column(column).sortable;
+    const QString caption = parts_->model->column(column).caption;
+    const int chosen = dialogs().popup({{parts_->sortPrompt + caption, canSort},
+                                        {tr("Raggruppa per %1").arg(caption), !grouped},
+                                        {tr("Togli i raggruppamenti"), !groups().isEmpty()}});
+    if (chosen == 0) sortByHead(column);
+    if (chosen == 1) setGroups(groups() << column);
+    if (chosen == 2) setGroups({});
+}
+
+bool ReportGrid::overGroupBox(const QPoint& globalPosition) const {
+    const QWidget* box = parts_->groupBox;
+    return box->isVisible() && box->rect().contains(box->mapFromGlobal(globalPosition));
+}
+
+// Events
+
+bool ReportGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parts_->view->viewport() && event->type() == QEvent::Resize) parts_->widths.apply();
+    if (watched != parts_->view) return false;
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) parts_->view->viewport()->update();
+    // A key that an open editor did not want belongs to the edit, not to the commands of the grid.
+    if (event->type() != QEvent::KeyPress || isEditing()) return false;
+    auto* key = static_cast<QKeyEvent*>(event);
+    key->ignore();
+    emit keyPressed(key);
+    const bool taken = key->isAccepted();
+    key->accept();
+    return taken;
+}
+
+void ReportGrid::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!accessibleName().isEmpty()) parts_->view->setAccessibleName(accessibleName());
+    parts_->widths.apply();
+}
+
+void ReportGrid::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(parts_->colours.head.darker(135));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace platform

@@ -1,0 +1,243 @@
+#include "platform/ReportTreeView.h"
+
+#include "platform/ReportGridDelegate.h"
+#include "platform/ReportGridModel.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QToolTip>
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+constexpr int depthIndent = 18;
+}
+
+ReportTreeView::ReportTreeView(ReportGridModel& model, const ReportColours& colours, QWidget* parent)
+    : QTreeView(parent)
+    , model_(model)
+    , colours_(colours)
+    , delegate_(new ReportGridDelegate(model, this)) {
+    setModel(&model);
+    setItemDelegate(delegate_);
+    setRootIsDecorated(false);
+    setIndentation(0);
+    setUniformRowHeights(true);
+    setExpandsOnDoubleClick(false);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setFrameShape(QFrame::NoFrame);
+    setMouseTracking(true);
+    editTimer_.setSingleShot(true);
+    connect(&editTimer_, &QTimer::timeout, this, [this] { startEdit(pressed_); });
+    connect(delegate_, &ReportGridDelegate::committed, this, [this](const QModelIndex& index) {
+        changedRecord_ = model_.recordAt(index);
+        changedColumn_ = index.column();
+        // For a commit that leaves the editor open; closing it announces earlier.
+        QMetaObject::invokeMethod(
+            this, [this] { announceEdit(); }, Qt::QueuedConnection);
+    });
+    const auto forget = [this] { forgetDisplayed(); };
+    connect(&model, &QAbstractItemModel::modelReset, this, forget);
+    connect(&model, &QAbstractItemModel::layoutChanged, this, forget);
+    connect(&model, &QAbstractItemModel::rowsInserted, this, forget);
+    connect(&model, &QAbstractItemModel::rowsRemoved, this, forget);
+    connect(this, &QTreeView::expanded, this, forget);
+    connect(this, &QTreeView::collapsed, this, forget);
+}
+
+void ReportTreeView::setCellFocus(bool cellFocus) {
+    cellFocus_ = cellFocus;
+    setSelectionMode(cellFocus ? QAbstractItemView::SingleSelection : QAbstractItemView::ExtendedSelection);
+}
+
+void ReportTreeView::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+}
+
+const std::vector<QModelIndex>& ReportTreeView::displayed() const {
+    if (!displayedKnown_) {
+        displayed_.clear();
+        indented_ = false;
+        collectDisplayed({});
+        displayedKnown_ = true;
+    }
+    return displayed_;
+}
+
+void ReportTreeView::collectDisplayed(const QModelIndex& parent) const {
+    const int rows = model_.rowCount(parent);
+    for (int row = 0; row < rows; ++row) {
+        const QModelIndex index = model_.index(row, 0, parent);
+        displayed_.push_back(index);
+        if (model_.rowCount(index) == 0) continue;
+        if (!model_.isGroupHead(index)) indented_ = true;
+        if (isExpanded(index)) collectDisplayed(index);
+    }
+}
+
+QModelIndex ReportTreeView::displayedRow(int row) const {
+    const auto& rows = displayed();
+    return row < 0 || row >= static_cast<int>(rows.size()) ? QModelIndex() : rows[static_cast<std::size_t>(row)];
+}
+
+int ReportTreeView::displayedRowOf(const QModelIndex& index) const {
+    if (!index.isValid()) return -1;
+    const QModelIndex first = index.siblingAtColumn(0);
+    const auto& rows = displayed();
+    // In a plain list the row is where the model has it.
+    const auto guess = static_cast<std::size_t>(first.row());
+    if (guess < rows.size() && rows[guess] == first) return first.row();
+    const auto at = std::find(rows.begin(), rows.end(), first);
+    return at == rows.end() ? -1 : static_cast<int>(at - rows.begin());
+}
+
+int ReportTreeView::firstColumn() const {
+    int column = 0;
+    while (column < model_.columns() && isColumnHidden(column))
+        ++column;
+    return column;
+}
+
+int ReportTreeView::indentOf(const QModelIndex& index) const {
+    if (model_.isGroupHead(index)) {
+        int depth = 0;
+        for (QModelIndex above = index.parent(); above.isValid(); above = above.parent())
+            ++depth;
+        return depth * depthIndent;
+    }
+    if (!displayed().empty() && (!indented_ || index.column() != firstColumn())) return 0;
+    int depth = 1;
+    for (QModelIndex above = index.parent(); model_.recordAt(above); above = above.parent())
+        ++depth;
+    return depth * depthIndent;
+}
+
+QRect ReportTreeView::cellRect(const QModelIndex& index) const {
+    if (!index.isValid()) return {};
+    const QRect row = visualRect(index.siblingAtColumn(firstColumn()));
+    const int first = model_.spanStart(index);
+    const int covered = std::max(1, model_.cellAt(index.siblingAtColumn(first)).style().mergedColumns);
+    QRect area;
+    for (int column = first; column < std::min(first + covered, model_.columns()); ++column) {
+        if (isColumnHidden(column)) continue;
+        area |= QRect(columnViewportPosition(column), row.top(), columnWidth(column), row.height());
+    }
+    return area;
+}
+
+QModelIndex ReportTreeView::cellAt(const QPoint& position) const {
+    const QModelIndex index = indexAt(position);
+    return index.isValid() ? index.siblingAtColumn(model_.spanStart(index)) : index;
+}
+
+ReportCellParts ReportTreeView::partsOf(const QModelIndex& index) const {
+    const QModelIndex current = currentIndex();
+    const bool focused = cellFocus_ && index == current && model_.isEditable(index);
+    const ReportCell& cell = model_.cellAt(index);
+    return {cell, cellRect(index), indentOf(index), focused && !cell.style().choices.isEmpty()};
+}
+
+ReportTreeView::Part ReportTreeView::partAt(const QModelIndex& index, const QPoint& position) const {
+    if (!index.isValid()) return Part::None;
+    if (model_.isGroupHead(index)) return Part::Expander;
+    const int indent = indentOf(index);
+    const QRect area = cellRect(index);
+    if (indent > 0 && model_.rowCount(index.siblingAtColumn(0)) > 0 && position.x() < area.left() + indent)
+        return Part::Expander;
+    const ReportCellParts parts = partsOf(index);
+    // A box is small: a near miss counts.
+    if (parts.check.adjusted(-3, -3, 3, 3).contains(position) && !parts.check.isNull()) return Part::Check;
+    if (parts.button.contains(position)) return Part::Button;
+    if (parts.list.contains(position)) return Part::List;
+    return Part::Text;
+}
+
+void ReportTreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    if (!model_.isGroupHead(index)) {
+        paintRecord(*painter, option.rect, index.siblingAtColumn(0));
+        return;
+    }
+    const QModelIndex head = index.siblingAtColumn(0);
+    const ReportCellPainter cells(colours_, *this);
+    cells.groupHead(*painter, option.rect, model_.groupText(head), indentOf(head), isExpanded(head),
+                    selectionModel()->isSelected(head));
+}
+
+void ReportTreeView::paintRecord(QPainter& painter, const QRect& row, const QModelIndex& index) const {
+    const ReportCellPainter cells(colours_, *this);
+    const QModelIndex current = currentIndex();
+    const bool currentRow = current.isValid() && current.siblingAtColumn(0) == index;
+    const int focusedColumn = currentRow && cellFocus_ ? model_.spanStart(current) : -1;
+    const int first = firstColumn();
+    ReportCellState state;
+    state.shaded = displayedRowOf(index) % 2 != 0;
+    state.selected = selectionModel()->isSelected(index);
+    state.active = hasFocus() || isEditing();
+    state.enabled = isEnabled();
+    int end = 0;
+    for (int column = 0; column < model_.columns();) {
+        const ReportCell& cell = model_.cellAt(index.siblingAtColumn(column));
+        const int covered = std::max(1, cell.style().mergedColumns);
+        const QModelIndex at = index.siblingAtColumn(column);
+        const QRect area = cellRect(at);
+        if (!area.isEmpty() && area.intersects(viewport()->rect())) {
+            state.alignment = model_.column(column).alignment;
+            state.focused = column == focusedColumn && state.selected;
+            state.indent = column == first ? indentOf(at) : 0;
+            cells.cell(painter, area, cell, state);
+            if (state.indent > 0 && model_.rowCount(index) > 0) {
+                cells.expander(painter,
+                               QRect(area.left() + state.indent - depthIndent, area.top(), depthIndent, area.height()),
+                               isExpanded(index));
+            }
+        }
+        if (!area.isEmpty()) end = std::max(end, area.right() + 1);
+        column += covered;
+    }
+    state.focused = false;
+    if (end < row.right()) cells.rest(painter, QRect(end, row.top(), row.right() - end + 1, row.height()), state);
+}
+
+void ReportTreeView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (model_.rowCount() > 0 || emptyText_.isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(8, 12, -8, -8), Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+                     emptyText_);
+}
+
+bool ReportTreeView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex at = cellAt(help->pos());
+    const ReportCell& cell = model_.cellAt(at);
+    const bool clipped = at.isValid() && (fontMetrics().horizontalAdvance(cell.value) > partsOf(at).text.width() ||
+                                          cell.value.contains(QLatin1Char('\n')));
+    QToolTip::showText(help->globalPos(), clipped ? cell.value : QString(), viewport());
+    return true;
+}
+
+void ReportTreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeView::currentChanged(current, previous);
+    viewport()->update();
+    emit moved();
+}
+
+void ReportTreeView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    viewport()->update();
+    emit moved();
+}
+
+} // namespace platform
