@@ -1,0 +1,223 @@
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "store/RecordFixture.h"
+#include "store/modCifra.h"
+#include "store/modLock.h"
+#include "store/modProgressivi.h"
+#include "store/modWorkspace.h"
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+QString u8(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+struct Nota : WorkspaceItem {
+    QString testo;
+};
+
+/// The smallest record type there can be: its memo is its text.
+class Note : public WorkspaceManager<Nota> {
+public:
+    Note()
+        : WorkspaceManager(u8("NTA")) {}
+    void DeserializzaMEMO(Nota& item, const QString& memo) const override { item.testo = memo; }
+
+protected:
+    QString SerializzaMEMO(const Nota& item) const override { return item.testo; }
+};
+
+Nota nota(const char* anno, const char* progressivo, const char* data = "10/03/2025") {
+    Nota item;
+    item.anno = u8(anno);
+    item.progressivo = u8(progressivo);
+    item.Data = u8(data);
+    item.descrizione = u8("Visita dell'età");
+    item.testo = u8("<testo è='€'/>");
+    return item;
+}
+
+class RecordsTest : public RecordFixture {
+protected:
+    bool store(const char* t1, const char* idrif1) {
+        QString id;
+        return host_->patient->corvala().Salva(id, {u8("10/03/2025"), u8(idrif1), QString(), u8(t1), QString()});
+    }
+};
+
+/// Remembers what the user was told.
+class HeardDialogs : public platform::Dialogs {
+public:
+    HeardDialogs()
+        : before_(platform::installDialogs(this)) {}
+    ~HeardDialogs() override { platform::installDialogs(before_); }
+    HeardDialogs(const HeardDialogs&) = delete;
+    HeardDialogs& operator=(const HeardDialogs&) = delete;
+
+    platform::Answer message(const QString& text, int value, const QString& title) override {
+        heard += QStringLiteral("%1|%2|%3").arg(title).arg(value).arg(text);
+        return platform::Answer::Ok;
+    }
+    platform::TaskAnswer task(const platform::TaskRequest&) override { return {}; }
+    int popup(const QList<platform::MenuEntry>&) override { return -1; }
+    QString openFile(const QString&, const QString&, const QString&) override { return {}; }
+    QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
+
+    QStringList heard;
+
+private:
+    platform::Dialogs* before_;
+};
+
+} // namespace
+
+TEST_F(RecordsTest, NumbersRunPerTypeAndYearAcrossPatients) {
+    EXPECT_EQ(ProssimoProgressivo(u8("TRT"), u8("2025")), u8("0001"));
+    ASSERT_TRUE(store("TRT", "2025-0007"));
+    ASSERT_TRUE(store("TRT", "2025-0003"));
+    ASSERT_TRUE(store("PRV", "2025-0050"));
+    ASSERT_TRUE(store("TRT", "2024-0300"));
+    EXPECT_EQ(ProssimoProgressivo(u8("TRT"), u8("2025")), u8("0008"));
+    EXPECT_EQ(ProssimoProgressivo(u8("TRT"), u8("2024")), u8("0301"));
+    EXPECT_EQ(ProssimoProgressivo(u8("TRT"), u8("2026")), u8("0001"));
+
+    openPatient(addPatient("Bianchi"));
+    EXPECT_EQ(ProssimoProgressivo(u8("TRT"), u8("2025")), u8("0008"));
+    ASSERT_TRUE(store("FTT", "2025-0004BIS"));
+    EXPECT_EQ(ProssimoProgressivo(u8("FTT"), u8("2025")), u8("0005"));
+
+    EXPECT_TRUE(EsisteProgressivo(u8("TRT"), u8("2025-0007")));
+    EXPECT_FALSE(EsisteProgressivo(u8("TRT"), u8("2025-0008")));
+    EXPECT_FALSE(EsisteProgressivo(u8("PRV"), u8("2025-0007")));
+}
+
+TEST_F(RecordsTest, NumbersBeyondFourDigitsAndMalformedOnesKeepTheirKnownAnswers) {
+    ASSERT_TRUE(store("TRT", "2025-9999"));
+    EXPECT_EQ(ProssimoProgressivo(u8("TRT"), u8("2025")), u8("10000"));
+    ASSERT_TRUE(store("TRT", "2025-10000")); // As text it is below 2025-9999.
+    EXPECT_EQ(ProssimoProgressivo(u8("TRT"), u8("2025")), u8("10000"));
+    for (const char* malformed : {"2030", "2031-0004-1", "2032-AB"}) {
+        SCOPED_TRACE(malformed);
+        ASSERT_TRUE(store("TRT", malformed));
+        EXPECT_EQ(ProssimoProgressivo(u8("TRT"), u8(malformed).left(4)), u8("0001"));
+    }
+}
+
+TEST_F(RecordsTest, ARecordComesBackAsItWasSaved) {
+    Note note;
+    Nota item = nota("2025", "0004");
+    ASSERT_TRUE(note.Salva(item));
+    ASSERT_FALSE(item.ID.isEmpty());
+    const auto back = note.Carica(item.ID);
+    ASSERT_TRUE(back);
+    EXPECT_EQ(back->ID, item.ID);
+    EXPECT_EQ(back->anno, u8("2025"));
+    EXPECT_EQ(back->progressivo, u8("0004"));
+    EXPECT_EQ(back->Data, u8("10/03/2025"));
+    EXPECT_EQ(back->descrizione, item.descrizione);
+    EXPECT_EQ(back->testo, item.testo);
+
+    const QString id = item.ID;
+    item.testo = u8("cambiato");
+    ASSERT_TRUE(note.Salva(item));
+    EXPECT_EQ(item.ID, id);
+    EXPECT_EQ(note.Carica(id)->testo, u8("cambiato"));
+    EXPECT_FALSE(note.Carica(u8("inesistente")));
+
+    Nota undated = nota("2025", "0005", "non una data");
+    EXPECT_FALSE(note.Salva(undated)); // The host refuses the row.
+    EXPECT_EQ(undated.ID, QString());
+    host_->patient.reset();
+    EXPECT_FALSE(note.Salva(item));
+    EXPECT_FALSE(note.Carica(id));
+}
+
+TEST_F(RecordsTest, AListIsKeptUntilItIsRefreshed) {
+    Note note;
+    Nota first = nota("2025", "0001");
+    ASSERT_TRUE(note.Salva(first));
+    ASSERT_TRUE(store("TRT", "2025-0001")); // Another type of the same patient.
+    ASSERT_EQ(note.Lista().size(), 1U);
+    EXPECT_TRUE(note.Lista().contains(first.ID));
+
+    Nota second = nota("2025", "0002");
+    ASSERT_TRUE(note.Salva(second));
+    EXPECT_EQ(note.Lista().size(), 1U);
+    note.Refresh();
+    EXPECT_EQ(note.Lista().size(), 2U);
+
+    EXPECT_FALSE(note.Elimina(*host_->patient, u8("inesistente")));
+    EXPECT_TRUE(note.Elimina(*host_->patient, first.ID));
+    EXPECT_EQ(note.Lista().size(), 1U); // A deletion empties the list by itself.
+    EXPECT_FALSE(note.Carica(first.ID));
+}
+
+TEST_F(RecordsTest, AMalformedNumberStillLoads) {
+    for (const char* number : {"senza numero", "2025-0001-2", ""}) {
+        SCOPED_TRACE(number);
+        Nota item;
+        dividiIdrif1(u8(number), item);
+        EXPECT_EQ(item.anno + item.progressivo, QString());
+        ASSERT_TRUE(store("NTA", number));
+    }
+    EXPECT_EQ(Note().Lista().size(), 3U);
+    for (const Nota& item : Note().Lista())
+        EXPECT_TRUE(item.anno.isEmpty());
+}
+
+TEST_F(RecordsTest, APeriodTakesBothItsDaysWhole) {
+    EXPECT_EQ(queryPeriodo(u8("TRT"), QDate(2025, 3, 1), QDate(2025, 3, 31)),
+              u8("Select * from ") + host_->Utente().idschema() +
+                  u8(".tblWorkspace where data Between '2025-03-01 00:00:00' AND '2025-03-31 23:59:59' and "
+                     "tiporecord=906 and t1='TRT'"));
+    Note note;
+    for (const char* day : {"28/02/2025", "01/03/2025", "31/03/2025", "01/04/2025"}) {
+        Nota item = nota("2025", "0001", day);
+        ASSERT_TRUE(note.Salva(item));
+    }
+    const auto rows = host_->DB().OpenRecordset(queryPeriodo(u8("NTA"), QDate(2025, 3, 1), QDate(2025, 3, 31)));
+    ASSERT_TRUE(rows);
+    EXPECT_EQ(rows->RecordCount(), 2);
+    EXPECT_EQ(host_->DB().OpenRecordset(queryPeriodo(u8("NTA"), QDate(), QDate(2025, 3, 31)))->RecordCount(), 4);
+}
+
+TEST_F(RecordsTest, ALockIsAFileThatOnlyItsRemovalEnds) {
+    platform::setClock(QDateTime(QDate(2025, 3, 9), QTime(8, 5, 7)));
+    EXPECT_FALSE(EsisteLock(u8("Trattamento"), u8("7F3A")));
+    EXPECT_TRUE(RimuoviLock(u8("Trattamento"), u8("7F3A"))); // Nothing there to remove.
+    CreaLock(u8("Trattamento"), u8("7F3A"));
+    platform::releaseClock();
+    EXPECT_EQ(platform::files::read(path("DB/7F3A-Trattamento.lck")), QByteArray("09/03/2025 08:05:07"));
+    EXPECT_TRUE(EsisteLock(u8("Trattamento"), u8("7F3A"))); // Age plays no part.
+    EXPECT_FALSE(EsisteLock(u8("Fattura"), u8("7F3A")));
+    EXPECT_FALSE(RimuoviLock(u8("Trattamento"), u8("7F3A")));
+    EXPECT_FALSE(EsisteLock(u8("Trattamento"), u8("7F3A")));
+
+    ASSERT_TRUE(QDir(path("DB")).removeRecursively());
+    CreaLock(u8("Trattamento"), u8("7F3A")); // The shared folder is away: the work goes on without a lock.
+    EXPECT_FALSE(EsisteLock(u8("Trattamento"), u8("7F3A")));
+}
+
+TEST_F(RecordsTest, TheToolRemovesAllLocksButHiddenOnes) {
+    HeardDialogs dialogs;
+    EXPECT_TRUE(RimuoviTuttiLock());
+    CreaLock(u8("Trattamento"), u8("1"));
+    CreaLock(u8("Fattura"), u8("2"));
+    ASSERT_TRUE(platform::files::writeAtomically(path("DB/.3-Fattura.lck"), "x"));
+    ASSERT_TRUE(platform::files::writeAtomically(path("DB/listino.xml"), "x"));
+    EXPECT_TRUE(RimuoviTuttiLock());
+    EXPECT_EQ(QDir(path("DB")).entryList(QDir::Files | QDir::Hidden, QDir::Name),
+              QStringList({u8(".3-Fattura.lck"), u8("listino.xml")}));
+    EXPECT_TRUE(dialogs.heard.isEmpty());
+}
+
+TEST_F(RecordsTest, SaltedTextsDifferAndComeBack) {
+    const QString text = u8("segreto dell'età");
+    EXPECT_NE(CifraTesto(text), CifraTesto(text));
+    EXPECT_EQ(DecifraTesto(CifraTesto(text)), text);
+    EXPECT_EQ(CifraTesto(QString()), QString());
+    EXPECT_EQ(DecifraTesto(QString()), QString());
+}
