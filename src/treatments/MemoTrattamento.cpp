@@ -7,22 +7,18 @@
 #include "store/modConversioni.h"
 #include "treatments/clsItemTrattamento.h"
 
-#include <QByteArray>
-
 namespace {
 
 using platform::XmlNode;
 
 const QLatin1String FINE_RIGA("\r\n");
 
-// Base64 stands here on bytes: a memo is read for every plan of a list, and each detour through text would show there.
 QString codificato(const QString& testo) {
-    return QString::fromLatin1(platform::toSingleByte(testo).toBase64());
+    return platform::toBase64(testo);
 }
 
 QString decodificato(const QString& codice) {
-    if (codice.isEmpty()) return {};
-    return platform::fromSingleByte(QByteArray::fromBase64(codice.toLatin1()));
+    return platform::fromBase64(codice);
 }
 
 // ------------------------------------------------------------------------------------------------------------- writing
