@@ -21,9 +21,14 @@ QString nextConnectionName() {
 
 std::unique_ptr<Database> Database::open(const DatabaseUrl& url) {
     std::unique_ptr<Database> database(new Database(url, Dialect::forKind(url.kind)));
-    database->dialect_->open(database->connection_, url, database->schema());
-    Migrations(*database).bringUpToDate();
-    database->dialect_->settle(database->connection_, database->schema());
+    try {
+        database->dialect_->open(database->connection_, url, database->schema());
+        Migrations(*database).bringUpToDate();
+        database->dialect_->settle(database->connection_, database->schema());
+    } catch (const DatabaseError& error) {
+        throw DatabaseError(
+            QStringLiteral("Impossibile aprire l'archivio «%1».\n%2").arg(url.toDisplay(), error.text()));
+    }
     database->noticeOthers();
     return database;
 }

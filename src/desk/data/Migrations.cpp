@@ -47,9 +47,8 @@ void Migrations::bringUpToDate() {
     const int found = version();
     if (found > latest()) {
         throw DatabaseError(
-            QStringLiteral("Impossibile aprire l'archivio «%1».\nL'archivio è di una versione più recente (%2) di "
-                           "quella che questo programma conosce (%3): aggiornare il programma.")
-                .arg(database_.url().toDisplay())
+            QStringLiteral("L'archivio è di una versione più recente (%1) di quella che questo programma conosce "
+                           "(%2): aggiornare il programma.")
                 .arg(found)
                 .arg(latest()));
     }
@@ -64,11 +63,8 @@ int Migrations::version() {
     while (names.next())
         tables << names.text(0);
     if (tables.isEmpty()) return 0;
-    if (!tables.contains(QStringLiteral("tblVersione"), Qt::CaseInsensitive)) {
-        throw DatabaseError(
-            QStringLiteral("Impossibile aprire l'archivio «%1».\nContiene i dati di un altro programma.")
-                .arg(database_.url().toDisplay()));
-    }
+    if (!tables.contains(QStringLiteral("tblVersione"), Qt::CaseInsensitive))
+        throw DatabaseError(QStringLiteral("Contiene i dati di un altro programma."));
     Query highest = database_.run(QStringLiteral("select max(versione) from {schema}.tblVersione"));
     return highest.next() ? highest.number(0) : 0;
 }

@@ -9,10 +9,9 @@ namespace desk {
 
 void PostgresDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const {
     Q_UNUSED(connection);
+    Q_UNUSED(url);
     Q_UNUSED(schema);
-    throw DatabaseError(QStringLiteral("Impossibile aprire l'archivio «%1».\n"
-                                       "L'uso di un server PostgreSQL non è ancora disponibile in questa versione.")
-                            .arg(url.toDisplay()));
+    throw DatabaseError(QStringLiteral("L'uso di un server PostgreSQL non è ancora disponibile in questa versione."));
 }
 
 void PostgresDialect::settle(QSqlDatabase& connection, const QString& schema) const {

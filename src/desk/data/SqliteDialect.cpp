@@ -2,7 +2,6 @@
 
 #include "desk/data/DatabaseError.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -33,37 +32,39 @@ int nativeCode(const QSqlError& error) {
     return error.nativeErrorCode().toInt() & 0xff;
 }
 
-[[noreturn]] void refuse(const QString& path, const QString& why) {
-    throw DatabaseError(
-        QStringLiteral("Impossibile aprire l'archivio «%1».\n%2").arg(QDir::toNativeSeparators(path), why));
+QString damaged() {
+    return QStringLiteral("L'archivio è danneggiato: ripristinare l'ultima copia di sicurezza.");
+}
+
+[[noreturn]] void refuse(const QString& why) {
+    throw DatabaseError(why);
 }
 
 // A stray file must be recognised before the database library touches it: it would lay its own files beside it.
 void checkContent(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        refuse(path, QStringLiteral("Il file non può essere letto: %1.").arg(file.errorString()));
+        refuse(QStringLiteral("Il file non può essere letto: %1.").arg(file.errorString()));
     if (file.size() == 0) {
         // The log of a lost file still holds its last changes, and would be thrown away together with it.
         if (QFileInfo(path + QStringLiteral("-wal")).size() > 0)
-            refuse(path,
-                   QStringLiteral(
-                       "Il file è vuoto, ma accanto vi sono modifiche non ancora registrate: il file è danneggiato."));
+            refuse(QStringLiteral(
+                "Il file è vuoto, ma accanto vi sono modifiche non ancora registrate: il file è danneggiato."));
         return;
     }
     if (file.read(16) != QByteArray("SQLite format 3", 16))
-        refuse(path, QStringLiteral("Il file non è un archivio di Tessara, oppure è danneggiato."));
+        refuse(QStringLiteral("Il file non è un archivio di Tessara, oppure è danneggiato."));
 }
 
 void checkFile(const QString& path) {
     const QFileInfo file(path);
     const QFileInfo folder(file.absolutePath());
-    if (!folder.exists()) refuse(path, QStringLiteral("La cartella non esiste."));
-    if (!folder.isDir()) refuse(path, QStringLiteral("Il percorso passa per un file che non è una cartella."));
-    if (file.isDir()) refuse(path, QStringLiteral("Il percorso indica una cartella, non un file."));
+    if (!folder.exists()) refuse(QStringLiteral("La cartella non esiste."));
+    if (!folder.isDir()) refuse(QStringLiteral("Il percorso passa per un file che non è una cartella."));
+    if (file.isDir()) refuse(QStringLiteral("Il percorso indica una cartella, non un file."));
     if (file.exists()) checkContent(path);
-    if (file.exists() && !file.isWritable()) refuse(path, QStringLiteral("Il file è di sola lettura."));
-    if (!folder.isWritable()) refuse(path, QStringLiteral("La cartella è di sola lettura."));
+    if (file.exists() && !file.isWritable()) refuse(QStringLiteral("Il file è di sola lettura."));
+    if (!folder.isWritable()) refuse(QStringLiteral("La cartella è di sola lettura."));
 }
 
 void execute(QSqlDatabase& connection, const QString& sql) {
@@ -72,14 +73,17 @@ void execute(QSqlDatabase& connection, const QString& sql) {
 }
 
 // As far as the record tables go; the stored files may take gigabytes, and their damage stays theirs.
-void checkPages(QSqlDatabase& connection, const QString& path, const QString& schema) {
-    const QStringList tables{QStringLiteral("tblPazienti"), QStringLiteral("tblWorkspace")};
-    for (const QString& table : tables) {
-        QSqlQuery query(connection);
+void checkPages(QSqlDatabase& connection, const QString& schema) {
+    QSqlQuery names(connection);
+    names.exec(QStringLiteral(
+                   "select name from %1.sqlite_master where type='table' and name in ('tblPazienti', 'tblWorkspace')")
+                   .arg(schema));
+    while (names.next()) {
+        QSqlQuery check(connection);
         const bool answered =
-            query.exec(QStringLiteral("pragma %1.quick_check(%2)").arg(schema, table)) && query.next();
-        if (!answered || query.value(0).toString() != QLatin1String("ok"))
-            refuse(path, QStringLiteral("L'archivio è danneggiato: ripristinare l'ultima copia di sicurezza."));
+            check.exec(QStringLiteral("pragma %1.quick_check(%2)").arg(schema, names.value(0).toString())) &&
+            check.next();
+        if (!answered || check.value(0).toString() != QLatin1String("ok")) refuse(damaged());
     }
 }
 
@@ -90,7 +94,7 @@ void SqliteDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const
     const bool known = QFileInfo::exists(url.path);
     connection.setDatabaseName(QStringLiteral(":memory:"));
     connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(openingPatience));
-    if (!connection.open()) refuse(url.path, explain(connection.lastError()));
+    if (!connection.open()) refuse(explain(connection.lastError()));
 
     // "rw" never makes a new file where one was just seen.
     QUrl file = QUrl::fromLocalFile(url.path);
@@ -99,13 +103,13 @@ void SqliteDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const
     QSqlQuery attach(connection);
     attach.prepare(QStringLiteral("attach database ? as %1").arg(schema));
     attach.addBindValue(address);
-    if (!attach.exec()) refuse(url.path, explain(attach.lastError()));
+    if (!attach.exec()) refuse(explain(attach.lastError()));
 
     QSqlQuery firstLook(connection);
     if (!firstLook.exec(QStringLiteral("select count(*) from %1.sqlite_master").arg(schema)) || !firstLook.next())
-        refuse(url.path, explain(firstLook.lastError()));
+        refuse(explain(firstLook.lastError()));
     firstLook.finish();
-    if (known) checkPages(connection, url.path, schema);
+    if (known) checkPages(connection, schema);
 }
 
 void SqliteDialect::settle(QSqlDatabase& connection, const QString& schema) const {
@@ -152,7 +156,7 @@ QString SqliteDialect::explain(const QSqlError& error) const {
     case codeInputOutput:
         return QStringLiteral("Errore del disco durante l'accesso all'archivio.");
     case codeCorrupt:
-        return QStringLiteral("L'archivio è danneggiato: ripristinare l'ultima copia di sicurezza.");
+        return damaged();
     case codeFull:
         return QStringLiteral("Il disco è pieno.");
     case codeCannotOpen:

@@ -1,0 +1,46 @@
+#include "PracticeFixture.h"
+
+#include "desk/data/DatabaseService.h"
+
+#include <QHash>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QThread>
+
+// A workstation that is switched off in the middle of a save loses nothing that it had confirmed and leaves no half
+// record.
+TEST_F(PracticeFixture, AKilledProgramLeavesOldOrNewRecordsOnly) {
+    const QString patientId = addPatient(QStringLiteral("Bianchi"), QStringLiteral("Anna"));
+    database_.reset();
+    QHash<QString, int> confirmed;
+    QRandomGenerator random(20251122);
+    for (int round = 0; round < 12; ++round) {
+        QProcess helper;
+        helper.start(QStringLiteral(DESK_DATA_HELPER), {QStringLiteral("save"), path(), patientId});
+        ASSERT_TRUE(helper.waitForStarted());
+        ASSERT_TRUE(helper.waitForReadyRead()) << helper.readAllStandardError().toStdString();
+        QThread::usleep(random.bounded(60000U));
+        helper.kill();
+        ASSERT_TRUE(helper.waitForFinished());
+        ASSERT_EQ(helper.exitStatus(), QProcess::CrashExit) << "it was to be killed, not to end by itself";
+        const QList<QByteArray> lines = helper.readAllStandardOutput().split('\n');
+        for (const QByteArray& line : lines.mid(0, lines.size() - 1)) {
+            const QList<QByteArray> idAndCount = line.split(' ');
+            confirmed.insert(QString::fromLatin1(idAndCount.value(0)), idAndCount.value(1).toInt());
+        }
+
+        const auto database = reopened();
+        const auto rows =
+            desk::DatabaseService(*database, sign_).OpenRecordset(QStringLiteral("select * from tessara.tblWorkspace"));
+        ASSERT_TRUE(rows);
+        ASSERT_GE(rows->RecordCount(), static_cast<int>(confirmed.size()));
+        for (; !rows->isEOF(); rows->MoveNext()) {
+            const QString number = rows->text(QStringLiteral("idrif1"));
+            EXPECT_EQ(rows->text(QStringLiteral("descrizione")), number);
+            EXPECT_EQ(rows->text(QStringLiteral("m1")), number.repeated(3000));
+            EXPECT_GE(number.mid(5).toInt(), confirmed.value(rows->text(QStringLiteral("id")), 0))
+                << "a confirmed save is lost";
+        }
+    }
+    EXPECT_GT(confirmed.size(), 12) << "too few saves for the kills to have met one";
+}
