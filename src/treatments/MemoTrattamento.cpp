@@ -13,14 +13,6 @@ using platform::XmlNode;
 
 const QLatin1String FINE_RIGA("\r\n");
 
-QString codificato(const QString& testo) {
-    return platform::toBase64(testo);
-}
-
-QString decodificato(const QString& codice) {
-    return platform::fromBase64(codice);
-}
-
 // ------------------------------------------------------------------------------------------------------------- writing
 
 bool ammessoInXml(QChar c) {
@@ -73,12 +65,13 @@ void scriviAttributo(QString& memo, QLatin1String nome, const QString& valore) {
 void scriviPersona(QString& memo, QLatin1String elemento, const QString& codiceFiscale, const QString& nome) {
     memo += QLatin1String("\t<") + elemento + QLatin1String(" codiceFiscale=\"");
     aggiungiProtetto(memo, codiceFiscale);
-    memo += QLatin1String("\">") + codificato(nome) + QLatin1String("</") + elemento + QLatin1Char('>') + FINE_RIGA;
+    memo +=
+        QLatin1String("\">") + platform::toBase64(nome) + QLatin1String("</") + elemento + QLatin1Char('>') + FINE_RIGA;
 }
 
 void scriviTesto(QString& memo, QLatin1String elemento, const QString& testo) {
-    memo += QLatin1String("\t<") + elemento + QLatin1Char('>') + codificato(testo) + QLatin1String("</") + elemento +
-            QLatin1Char('>') + FINE_RIGA;
+    memo += QLatin1String("\t<") + elemento + QLatin1Char('>') + platform::toBase64(testo) + QLatin1String("</") +
+            elemento + QLatin1Char('>') + FINE_RIGA;
 }
 
 void scriviRigo(QString& memo, const clsItemRigoTrattamento& rigo) {
@@ -86,19 +79,19 @@ void scriviRigo(QString& memo, const clsItemRigoTrattamento& rigo) {
     scriviAttributo(memo, QLatin1String("progressivo"), rigo.progressivo);
     scriviAttributo(memo, QLatin1String("denti"), rigo.dente + rigo.denti);
     scriviAttributo(memo, QLatin1String("servizio"), rigo.servizio);
-    scriviAttributo(memo, QLatin1String("descrizione"), codificato(rigo.descrizione));
+    scriviAttributo(memo, QLatin1String("descrizione"), platform::toBase64(rigo.descrizione));
     scriviAttributo(memo, QLatin1String("ragruppamento"),
                     rigo.raggruppamento); // one g: stored plans are read by this name
     scriviAttributo(memo, QLatin1String("operatore"), rigo.operatore);
     scriviAttributo(memo, QLatin1String("assistente"), rigo.assistente);
     scriviAttributo(memo, QLatin1String("inizioLavori"), rigo.inizio);
     scriviAttributo(memo, QLatin1String("fineLavori"), rigo.fine);
-    scriviAttributo(memo, QLatin1String("statusLavori"), codificato(rigo.statuslavori));
+    scriviAttributo(memo, QLatin1String("statusLavori"), platform::toBase64(rigo.statuslavori));
     scriviAttributo(memo, QLatin1String("fattura"), rigo.fattura);
     scriviAttributo(memo, QLatin1String("prezzo"), platform::regional().format(rigo.prezzo, QStringLiteral("###0.00")));
     scriviAttributo(memo, QLatin1String("fuoriPreventivo"),
                     rigo.fuoripreventivo ? QStringLiteral("1") : QStringLiteral("0"));
-    scriviAttributo(memo, QLatin1String("note"), codificato(rigo.note));
+    scriviAttributo(memo, QLatin1String("note"), platform::toBase64(rigo.note));
     memo += QLatin1String("/>") + FINE_RIGA;
 }
 
@@ -161,17 +154,17 @@ clsItemRigoTrattamento leggiRigo(const clsItemTrattamento& item, const XmlNode& 
     rigo.progressivo = attributo(nodo, "progressivo");
     leggiDenti(rigo, attributo(nodo, "denti"));
     rigo.servizio = attributo(nodo, "servizio");
-    rigo.descrizione = decodificato(attributo(nodo, "descrizione"));
+    rigo.descrizione = platform::fromBase64(attributo(nodo, "descrizione"));
     rigo.raggruppamento = attributo(nodo, "ragruppamento");
     rigo.operatore = attributo(nodo, "operatore");
     rigo.assistente = leggiAssistente(nodo);
     rigo.inizio = attributo(nodo, "inizioLavori");
     rigo.fine = attributo(nodo, "fineLavori");
-    rigo.statuslavori = decodificato(attributo(nodo, "statusLavori"));
+    rigo.statuslavori = platform::fromBase64(attributo(nodo, "statusLavori"));
     rigo.fattura = attributo(nodo, "fattura");
     rigo.prezzo = leggiPrezzo(rigo, nodo.attribute("prezzo"));
     rigo.fuoripreventivo = attributo(nodo, "fuoriPreventivo") == QLatin1String("1");
-    rigo.note = decodificato(attributo(nodo, "note"));
+    rigo.note = platform::fromBase64(attributo(nodo, "note"));
     return rigo;
 }
 
@@ -201,16 +194,16 @@ void leggiElemento(clsItemTrattamento& item, const XmlNode& nodo, Conteggi& cont
         leggiRighi(item, nodo, conteggi);
     } else if (nome == QLatin1String("paziente")) {
         item.cliente = attributo(nodo, "codiceFiscale");
-        item.descrizionecliente = decodificato(nodo.text());
+        item.descrizionecliente = platform::fromBase64(nodo.text());
     } else if (nome == QLatin1String("medico")) {
         item.medico = attributo(nodo, "codiceFiscale");
-        item.descrizionemedico = decodificato(nodo.text());
+        item.descrizionemedico = platform::fromBase64(nodo.text());
     } else if (nome == QLatin1String("descrizione")) {
-        item.descrizione = decodificato(nodo.text());
+        item.descrizione = platform::fromBase64(nodo.text());
     } else if (nome == QLatin1String("annotazioni")) {
-        item.Annotazioni = decodificato(nodo.text());
+        item.Annotazioni = platform::fromBase64(nodo.text());
     } else if (nome == QLatin1String("situazioneOrale")) {
-        item.SituazioneOrale = decodificato(nodo.text());
+        item.SituazioneOrale = platform::fromBase64(nodo.text());
     }
 }
 
