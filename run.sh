@@ -31,7 +31,7 @@ if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
         export XDG_RUNTIME_DIR
         trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
     fi
-    if ! has_option --scenario "$@" && ! has_option --help "$@"; then
+    if ! has_option --scenario "$@" && ! has_option --help "$@" && ! has_option -h "$@"; then
         out="$here/out"
         echo "No display: playing the demonstration offscreen, with pictures and database in $out"
         mkdir -p "$out"
@@ -40,7 +40,8 @@ if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
             arguments+=(--db "sqlite:$out/demo.db")
         fi
         has_option --config-dir "$@" || arguments+=(--config-dir "$out/config")
-        arguments+=(--scenario "$here/tests/scenarios/demo.txt" --out "$out")
+        has_option --out "$@" || arguments+=(--out "$out")
+        arguments+=(--scenario "$here/tests/scenarios/demo.txt")
     fi
 fi
 
