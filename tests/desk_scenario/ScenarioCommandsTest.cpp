@@ -35,7 +35,7 @@ TEST_F(ScenarioCommandsTest, TypesKeyByKeyAndLeavesTheField) {
                                "type tbDati(0) \"\"\n"
                                "expect tbDati(0) \"\""));
     const QStringList expected{QStringLiteral("tbDati(0)=Però 12,50 €"), QStringLiteral("tbDati(0)=")};
-    EXPECT_EQ(window.heard, expected);
+    EXPECT_EQ(window.heard.filter(QStringLiteral("tbDati")), expected);
 }
 
 TEST_F(ScenarioCommandsTest, SetsBoxesOptionsAndDates) {
@@ -92,12 +92,8 @@ TEST_F(ScenarioCommandsTest, TakesPicturesAndTellsWhatThereIs) {
     EXPECT_EQ(picture.size(), window.size());
     for (const char* line : {"frmProva \"Finestra di prova\"\n", "tbDati(1) \"\" [disattivato]\n",
                              "cbConferma \"Conferma\"\n", "ckSempre \"Sempre\" [off]\n",
-                             "rcRighi 0 1 \"due\\nrighe\"\n", "rcRighi 2 2 \"\" [off]\n", "4 passi eseguiti\n"}) {
-        if (std::string(line).starts_with("4 "))
-            EXPECT_NE(said.find("3 passi eseguiti\n"), std::string::npos);
-        else
-            EXPECT_NE(said.find(line), std::string::npos) << line << said;
-    }
+                             "rcRighi 0 1 \"due\\nrighe\"\n", "rcRighi 2 2 \"\" [off]\n", "3 passi eseguiti\n"})
+        EXPECT_NE(said.find(line), std::string::npos) << line << said;
 }
 
 TEST_F(ScenarioCommandsTest, TellsWhyAControlCannotBeUsed) {
@@ -112,7 +108,7 @@ TEST_F(ScenarioCommandsTest, TellsWhyAControlCannotBeUsed) {
         {"type tbSeconda x", "«tbSeconda» non è visibile"},
         {"set cbConferma on", "«cbConferma» non si può spuntare"},
         {"choose cmbIva 10%", "«cmbIva» non ha la voce «10%»; ha: Esente, 22%"},
-        {"key Control", "il tasto «Control» non esiste"},
+        {"key F99", "il tasto «F99» non esiste"},
         {"edit rcRighi 0 0 x", "la cella rcRighi 0 0 non accetta «x»"},
         {"edit rcRighi 7 1 x", "la cella rcRighi 7 1 non c'è: righe 3, colonne 3"},
         {"select rcRighi 3", "la griglia «rcRighi» non ha la riga 3: righe 3"},

@@ -24,8 +24,8 @@ protected:
         written.close();
         desk::ScenarioRunner runner(access, {.file = file,
                                              .outDir = folder.filePath(QStringLiteral("out")),
-                                             .patience = std::chrono::milliseconds(300),
-                                             .lineLimit = std::chrono::milliseconds(1500)});
+                                             .patience = std::chrono::milliseconds(200),
+                                             .lineLimit = std::chrono::milliseconds(1000)});
         const int code = runner.run();
         return {code, runner.stepsDone(), runner.failure().mid(file.size() + 1)};
     }

@@ -123,7 +123,7 @@ TEST_F(ScenarioRunnerTest, FindsChildWindowsAndBringsThemForward) {
     area->setActiveSubWindow(other);
     const Outcome outcome = play(QStringLiteral("window frmMDIPrima\ntype tbDati(0) abc\nexpect tbDati(0) abc"));
     EXPECT_EQ(outcome.failure, QString());
-    EXPECT_EQ(area->activeSubWindow(), shown);
+    EXPECT_EQ(area->currentSubWindow(), shown);
     EXPECT_EQ(first->field(0)->text(), QStringLiteral("abc"));
 }
 
@@ -139,8 +139,8 @@ TEST_F(ScenarioRunnerTest, FailsOnAQuestionThatNobodyAnswersAndClosesEverything)
     EXPECT_EQ(outcome.code, 1);
     EXPECT_EQ(outcome.failure, QStringLiteral("3: messaggio senza risposta: Eliminare? Non si torna indietro"));
     const std::string told = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(told,
-              folder.filePath(QStringLiteral("prova.txt")).toStdString() + ":" + outcome.failure.toStdString() + "\n");
+    const std::string path = folder.filePath(QStringLiteral("prova.txt")).toStdString();
+    EXPECT_TRUE(told.ends_with(path + ":" + outcome.failure.toStdString() + "\n")) << told;
     EXPECT_EQ(ended, QStringList{QStringLiteral("frmEdit no ")});
     EXPECT_FALSE(main.isVisible());
 }
@@ -168,7 +168,7 @@ TEST_F(ScenarioRunnerTest, GivesUpOnWindowsThatNeverComeAndOnLinesThatHang) {
     commands[QStringLiteral("Ferma")] = [] {
         QEventLoop loop;
         // Ends only after the script has given up.
-        QTimer::singleShot(2500, &loop, &QEventLoop::quit);
+        QTimer::singleShot(1800, &loop, &QEventLoop::quit);
         loop.exec();
     };
     EXPECT_EQ(play(QStringLiteral("press Ferma\ndump")).failure, QStringLiteral("1: non finisce entro 1 secondi"));
