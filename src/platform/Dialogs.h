@@ -27,7 +27,8 @@ struct TaskRequest {
     QString url;            ///< For further information.
     QString checkCaption;
     bool checked = false;
-    QStringList buttons;    ///< The first is the default.
+    QStringList buttons;    ///< The first is the default; none gives "Chiudi".
+    QString windowTitle;    ///< Empty for the name of the application.
     int seconds = 0;        ///< Closes with the default answer after so long; 0 never.
 };
 struct TaskAnswer {

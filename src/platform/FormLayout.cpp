@@ -1,1 +1,106 @@
 #include "platform/FormLayout.h"
+
+#include <QCalendarWidget>
+#include <QDateEdit>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <algorithm>
+
+namespace platform::form {
+
+namespace {
+
+QString spokenName(const QString& caption) {
+    QString name = caption;
+    name.remove(QLatin1Char('&'));
+    name = name.trimmed();
+    while (name.endsWith(QLatin1Char(':')))
+        name.chop(1);
+    return name.trimmed();
+}
+
+/// A control that grows downwards has its caption beside its first line.
+bool growsDown(const QWidget* control) {
+    return (control->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag) != 0;
+}
+
+} // namespace
+
+QString arrayName(const char* name, int index) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
+QLineEdit* textBox(const QString& name, QWidget* parent) {
+    return named(new QLineEdit(parent), name);
+}
+
+QDateEdit* dateBox(const QString& name, QWidget* parent) {
+    auto* box = named(new QDateEdit(parent), name);
+    const QLocale italian(QLocale::Italian, QLocale::Italy);
+    box->setLocale(italian);
+    box->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+    box->setCalendarPopup(true);
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 44);
+    QCalendarWidget* calendar = box->calendarWidget();
+    calendar->setLocale(italian);
+    calendar->setFirstDayOfWeek(Qt::Monday);
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    return box;
+}
+
+QPushButton* button(const QString& name, const QString& caption, QWidget* parent) {
+    auto* made = named(new QPushButton(caption, parent), name);
+    made->setAccessibleName(spokenName(caption));
+    return made;
+}
+
+QLabel* heading(const QString& name, const QString& text, QWidget* parent) {
+    auto* label = named(new QLabel(text, parent), name);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * 1.35);
+    font.setBold(true);
+    label->setFont(font);
+    label->setForegroundRole(QPalette::Highlight);
+    label->setContentsMargins(0, 2, 0, 4);
+    return label;
+}
+
+QLabel* labelledRow(QGridLayout* grid, int row, int column, const QString& caption, QWidget* control, int span) {
+    auto* label = new QLabel(caption, grid->parentWidget());
+    label->setBuddy(control);
+    if (control->accessibleName().isEmpty()) control->setAccessibleName(spokenName(caption));
+    const Qt::Alignment height = growsDown(control) ? Qt::AlignTop : Qt::AlignVCenter;
+    // As much room above as the frame of the control takes, so that caption and first line stand level.
+    if (height == Qt::AlignTop) label->setContentsMargins(0, 5, 0, 0);
+    grid->addWidget(label, row, column, Qt::AlignRight | height);
+    grid->addWidget(control, row, column + 1, 1, span);
+    return label;
+}
+
+QGroupBox* titledArea(const QString& title, QWidget* parent) {
+    auto* area = new QGroupBox(title, parent);
+    area->setAccessibleName(spokenName(title));
+    return area;
+}
+
+QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addStretch();
+    int width = 88;
+    for (const QPushButton* one : buttons)
+        width = std::max(width, one->sizeHint().width());
+    for (QPushButton* one : buttons) {
+        // Short captions share one width; a row with a long one keeps the others as they are.
+        one->setMinimumWidth(width <= 160 ? width : std::max(88, one->sizeHint().width()));
+        row->addWidget(one);
+    }
+    return row;
+}
+
+} // namespace platform::form

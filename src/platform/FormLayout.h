@@ -27,7 +27,7 @@ Control* named(Control* control, const QString& name) {
 }
 
 QLineEdit* textBox(const QString& name, QWidget* parent);
-QDateEdit* dateBox(const QString& name, QWidget* parent);        ///< With a calendar, "dd/MM/yyyy".
+QDateEdit* dateBox(const QString& name, QWidget* parent); ///< With a calendar, "dd/MM/yyyy".
 QPushButton* button(const QString& name, const QString& caption, QWidget* parent);
 QLabel* heading(const QString& name, const QString& text, QWidget* parent); ///< Heading at the top of a window.
 /// A caption and its control in one row of a grid; the caption is the control's buddy and accessible name.
