@@ -1,0 +1,164 @@
+#include "chart/ToothChart.h"
+#include "chart/ComposizioneDenti.h"
+#include "chart/EvidencePanel.h"
+#include "chart/GraphicFile.h"
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+QString u8(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+QWidget* part(const QWidget& widget, const char* name) {
+    auto* found = widget.findChild<QWidget*>(u8(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
+
+QString tag(const QWidget* widget) {
+    return widget->property("tag").toString();
+}
+
+} // namespace
+
+TEST(ToothChart, ShowsTheCompositionToothByTooth) {
+    GraphicFile file;
+    ASSERT_TRUE(file.load("<tooth id=\"1.1\"><trattamento id=\"A\" image=\"" + file.picture("a", QSize(20, 40)) +
+                          "\" left=\"150\" top=\"300\"/></tooth>"));
+    ComposizioneDenti composition(file.graphical());
+    composition.composeTeeth(u8("7:3:Carie"));
+    composition.composeServices({{u8("1.1"), {}, u8("A"), {}, {}, {}}});
+    composition.composeMarks({{u8("1.1"), {}, u8("A"), {}, u8("1/1/2024"), {}}, {u8("4.1"), {}, u8("A"), {}, {}, {}}});
+    ToothChart chart;
+    chart.resize(chart.sizeHint());
+    chart.show();
+    chart.setComposition(composition);
+
+    EXPECT_EQ(tag(part(chart, "imTooth(7)")), u8("7:3:Carie"));
+    EXPECT_EQ(part(chart, "imTooth(7)")->toolTip(), u8("Carie"));
+    const QWidget* layer = part(chart, "imTrt01(7)");
+    EXPECT_EQ(tag(layer), u8("A"));
+    EXPECT_TRUE(layer->isVisible());
+    EXPECT_EQ(layer->pos() - part(chart, "imTooth(7)")->pos(), QPoint(10, 20)) << "twips to pixels";
+    EXPECT_EQ(layer->size(), QSize(20, 40));
+    EXPECT_FALSE(part(chart, "imTrt02(7)")->isVisible());
+    EXPECT_FALSE(part(chart, "imTrt01(8)")->isVisible());
+
+    const struct {
+        const char* mark;
+        const char* box;
+        const char* tag;
+        bool upper;
+    } marks[] = {{"imStatusLavori(7)", "pbTooh(7)", "AA", true}, {"imStatusLavori(24)", "pbTooh(24)", "UA", false}};
+    for (const auto& m : marks) {
+        SCOPED_TRACE(m.mark);
+        const QWidget* mark = part(chart, m.mark);
+        const QWidget* box = part(chart, m.box);
+        EXPECT_TRUE(mark->isVisible());
+        EXPECT_EQ(tag(mark), u8(m.tag));
+        EXPECT_EQ(mark->x(), (box->width() - mark->width()) / 2);
+        EXPECT_EQ(mark->y(), m.upper ? box->height() - mark->height() - 16 : 16);
+    }
+
+    composition.composeServices({});
+    composition.composeMarks({});
+    chart.setComposition(composition);
+    EXPECT_FALSE(layer->isVisible());
+    EXPECT_TRUE(tag(layer).isEmpty());
+    EXPECT_FALSE(part(chart, "imStatusLavori(7)")->isVisible());
+}
+
+TEST(ToothChart, MarksExactlyTheTeethOfASelection) {
+    ToothChart chart;
+    const auto marked = [&chart] {
+        QStringList teeth;
+        for (int index = 0; index < NUMERO_DENTI; ++index)
+            if (chart.isMarked(index)) teeth.append(DenteDaIndice(index));
+        return teeth.join(u';');
+    };
+    for (const char* selection : {"1.1", "+1.2;1.1", "+1.1;9.9", ""}) {
+        SCOPED_TRACE(selection);
+        chart.setSelection(u8(selection));
+        QStringList expected = DentiDaSelezione(u8(selection));
+        expected.removeAll(u8("9.9"));
+        EXPECT_EQ(marked(), expected.join(u';'));
+    }
+}
+
+TEST(ToothChart, TellsWhichToothWasClicked) {
+    ToothChart chart;
+    chart.resize(chart.sizeHint());
+    chart.show();
+    QSignalSpy left(&chart, &ToothChart::toothClicked);
+    QSignalSpy right(&chart, &ToothChart::toothRightClicked);
+    QTest::mouseClick(part(chart, "imTooth(3)"), Qt::LeftButton);
+    QTest::mouseClick(part(chart, "pbTooh(40)"), Qt::LeftButton);
+    QTest::mouseClick(part(chart, "imTooth(51)"), Qt::RightButton);
+    ASSERT_EQ(left.size(), 2);
+    EXPECT_EQ(left[0][0].toInt(), 3);
+    EXPECT_EQ(left[1][0].toInt(), 40);
+    ASSERT_EQ(right.size(), 1);
+    EXPECT_EQ(right[0][0].toInt(), 51);
+}
+
+TEST(ToothChart, EveryToothIsReachableInANarrowWindowAndOnItsSide) {
+    ToothChart chart;
+    chart.resize(400, 420);
+    chart.show();
+    auto* bar = chart.findChild<QScrollBar*>(u8("hsDenti"));
+    ASSERT_TRUE(bar->isVisible());
+    bar->setValue(bar->maximum());
+    const QWidget* panel = part(chart, "pbDenti");
+    EXPECT_EQ(panel->x(), -bar->maximum());
+    const QWidget* last = part(chart, "pbTooh(15)");
+    EXPECT_LE(last->mapTo(&chart, last->rect().topRight()).x(), chart.width());
+    for (const char* lowest : {"laDente(16)", "laDente(31)"}) {
+        const QWidget* number = part(chart, lowest);
+        EXPECT_LE(number->geometry().bottom(), bar->y()) << "the bar covers " << lowest;
+    }
+
+    chart.resize(1400, 700);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(panel->x(), 0);
+    for (int index = 0; index < NUMERO_DENTI; ++index) {
+        const QRect box = chart.findChild<QWidget*>(u8("pbTooh(%1)").arg(index))->geometry();
+        const int quadrant = QuadranteDente(index);
+        const bool left = quadrant == 1 || quadrant == 4 || quadrant == 5 || quadrant == 8;
+        EXPECT_EQ(box.center().x() < panel->width() / 2, left) << index;
+        EXPECT_EQ(box.center().y() < panel->height() / 2, DenteSuperiore(index)) << index;
+        EXPECT_TRUE(panel->rect().contains(box)) << index;
+    }
+}
+
+TEST(EvidencePanel, EachEntryTellsItsService) {
+    GraphicFile file;
+    ASSERT_TRUE(file.load({}, "<trattamento id=\"A\" image=\"" + file.picture("a") + "\" eyeIndex=\"5\" eyeImage=\"" +
+                                  file.picture("e") + "\"/><trattamento id=\"B\" image=\"[app.path]\\manca.png\"/>"));
+    ComposizioneDenti::Options options;
+    options.saltaAllOcchio = true;
+    ComposizioneDenti composition(file.graphical(), options);
+    composition.composeServices(
+        {{{}, {}, u8("B"), u8("Ponte"), {}, {}}, {{}, {}, u8("A"), u8("Corona"), u8("1/1/2024"), u8("2/1/2024")}});
+    EvidencePanel panel;
+    panel.show();
+    panel.setComposition(composition);
+    auto* first = qobject_cast<QLabel*>(part(panel, "pbLavoriSeri(0)"));
+    EXPECT_EQ(first->text(), u8("B")) << "a service whose picture is missing shows its code";
+    EXPECT_EQ(first->toolTip(), u8("Ponte"));
+    EXPECT_EQ(first->palette().color(QPalette::WindowText), QColor(192, 192, 0));
+    EXPECT_EQ(part(panel, "pbLavoriSeri(1)")->palette().color(QPalette::WindowText), QColor(0, 192, 0));
+    EXPECT_FALSE(part(panel, "pbLavoriSeri(2)")->isVisible());
+    EXPECT_FALSE(part(panel, "pbEvidenziaInBreve")->isVisible());
+    QSignalSpy clicked(&panel, &EvidencePanel::serviceClicked);
+    QTest::mouseClick(first, Qt::LeftButton);
+    QTest::mouseClick(part(panel, "imSaltaAllOcchio(5)"), Qt::LeftButton);
+    ASSERT_EQ(clicked.size(), 2);
+    EXPECT_EQ(clicked[0][0].toString(), u8("B"));
+    EXPECT_EQ(clicked[1][0].toString(), u8("A"));
+}
