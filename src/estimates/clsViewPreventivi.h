@@ -1,0 +1,10 @@
+#pragma once
+
+#include "store/clsViewRighe.h"
+
+/// The patient's panel "Corvala: Lista Preventivi".
+class clsViewPreventivi : public clsViewRighe {
+public:
+    using clsViewRighe::clsViewRighe;
+    qint32 TipoRecord() const override { return 101012; }
+};

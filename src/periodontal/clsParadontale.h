@@ -1,0 +1,11 @@
+#pragma once
+
+#include "store/clsGestoreRighe.h"
+
+/// The periodontal probings of the current patient, as far as the row tells them: the memo is not read, and there is no
+/// saving. Owned by the module's assembly.
+class clsParadontale : public clsGestoreRighe {
+public:
+    clsParadontale()
+        : clsGestoreRighe(QStringLiteral("CPD")) {}
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+namespace host {
+class Paziente;
+}
+
+/// Opens the host's patient search on a name, or on a tax code when only that is given. Null when none is chosen.
+std::unique_ptr<host::Paziente> CercaPaziente(const QString& nominativo, const QString& codicefiscale);
+
+/// The search, then ApriPaziente. Every command that needs a patient and finds none calls it with two empty texts and
+/// goes on only when one is open afterwards.
+bool SelezionaPaziente(const QString& nominativo, const QString& codicefiscale);
+
+/// Makes the host open that patient and waits a while until it has; goes on regardless then. False only without a
+/// patient.
+bool ApriPaziente(const host::Paziente* paziente);
+
+/// The important notes of the patient just opened. Nothing happens until their window is there.
+void MostraAppuntiImportanti();
