@@ -9,26 +9,26 @@ namespace desk {
 void DeskLayout::read(const QString& xml) {
     platform::XmlDocument document;
     if (!document.loadText(xml)) return;
-    order_.clear();
-    hidden_.clear();
-    for (const platform::XmlNode& node : document.select("//Pannello")) {
-        const QString name = node.attribute("nome", QString());
-        if (name.isEmpty()) continue;
-        order_.append(name);
-        if (node.attribute("visibile", QStringLiteral("1")) == QLatin1String("0")) hidden_.append(name);
-    }
+    places_.clear();
+    for (const platform::XmlNode& node : document.select("//Panel"))
+        places_.append({.name = node.attribute("caption", QString()),
+                        .onTheRight = node.attribute("side", QString()) == QLatin1String("right"),
+                        .visible = node.attribute("visible", QStringLiteral("1")) != QLatin1String("0")});
 }
 
 QList<Panel> DeskLayout::arrange(const QList<Panel>& panels) const {
-    const auto place = [this](const Panel& panel) {
-        const qsizetype index = order_.indexOf(panel.name);
-        return index < 0 ? order_.size() : index;
-    };
-    QList<Panel> arranged = panels;
-    arranged.removeIf([this](const Panel& panel) { return hidden_.contains(panel.name); });
-    std::stable_sort(arranged.begin(), arranged.end(),
-                     [&place](const Panel& one, const Panel& other) { return place(one) < place(other); });
-    return arranged;
+    QList<Panel> arranged;
+    QList<Panel> rest = panels;
+    for (const Place& place : places_) {
+        const auto found =
+            std::find_if(rest.begin(), rest.end(), [&place](const Panel& panel) { return panel.name == place.name; });
+        if (found == rest.end()) continue;
+        Panel panel = *found;
+        rest.erase(found);
+        panel.onTheRight = place.onTheRight;
+        if (place.visible) arranged.append(panel);
+    }
+    return arranged + rest;
 }
 
 } // namespace desk

@@ -4,21 +4,24 @@
 
 #include <QList>
 #include <QString>
-#include <QStringList>
 
 namespace desk {
 
-/// The layout of the patient's desk as a module proposes it, an XML text `Layout`. Read from it are the attributes
-/// `nome` of elements `Pannello`, at any depth: the panels in their order, left out where the attribute `visibile` is
-/// "0". Panels that it does not name follow in their own order. A text that is no such XML changes nothing.
+/// The layout of the patient's desk as a module proposes it, an XML text `Layout` with elements `Panel`: `caption`
+/// names the panel, `side` is "left" or "right", `visible` "0" leaves it out. Panels stand in this order; those that
+/// are not named follow on the left. A text that is no such XML changes nothing.
 class DeskLayout {
 public:
     void read(const QString& xml);
     QList<Panel> arrange(const QList<Panel>& panels) const;
 
 private:
-    QStringList order_;
-    QStringList hidden_;
+    struct Place {
+        QString name;
+        bool onTheRight = false;
+        bool visible = true;
+    };
+    QList<Place> places_;
 };
 
 } // namespace desk

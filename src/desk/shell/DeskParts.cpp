@@ -119,7 +119,8 @@ void Desk::Parts::showPatient(const PatientData& data) {
     if (module) module->formLoad(*desk);
     if (patientDesk != desk) return;
     desk->addPanels(framework.layout().arrange(panels), framework);
-    desk->activatePanel(lastPanel);
+    for (const QString& panel : lastPanels)
+        desk->activatePanel(panel);
     window.children().adopt(desk);
     desk->show();
     window.children().bringForward(desk);
@@ -133,7 +134,7 @@ void Desk::Parts::closePatient() {
     if (std::shared_ptr<host::Paziente> leaving = host.setPatient(nullptr))
         QTimer::singleShot(0, this, [leaving] { Q_UNUSED(leaving) });
     if (PatientDesk* desk = patientDesk) {
-        if (const QString panel = desk->activePanel(); !panel.isEmpty()) lastPanel = panel;
+        lastPanels = desk->activePanels();
         patientDesk = nullptr;
         desk->release();
         window.children().closeForm(desk);

@@ -48,7 +48,7 @@ struct Desk::Parts : public QObject {
     std::unique_ptr<ModuleSession> module;
     QList<Panel> panels;
     QPointer<PatientDesk> patientDesk;
-    QString lastPanel; ///< The panel in front, kept from one patient to the next.
+    QStringList lastPanels; ///< Those in front, kept from one patient to the next.
     QString moduleError;
     bool refreshPending = false;
 };

@@ -12,10 +12,12 @@ namespace desk {
 struct Panel {
     QString name; ///< As the module gave it: "Corvala: Lista Trattamenti".
     host::View* view = nullptr;
+    bool onTheRight = false;
 
     /// The part after the module's own name.
     QString caption() const {
-        return name.section(QStringLiteral(": "), 1).isEmpty() ? name : name.section(QStringLiteral(": "), 1);
+        const QString own = name.section(QStringLiteral(": "), 1);
+        return own.isEmpty() ? name : own;
     }
 };
 

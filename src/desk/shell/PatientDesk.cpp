@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QSplitter>
 #include <QStringList>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -89,17 +90,32 @@ QWidget* PatientDesk::buildHeader(const PatientData& patient, const QString& doc
 
 void PatientDesk::addPanels(const QList<Panel>& panels, host::Framework& framework) {
     if (panels.isEmpty()) return;
-    tabs_ = new QTabWidget(this);
-    tabs_->setObjectName(QStringLiteral("schede"));
-    tabs_->setDocumentMode(true);
+    auto* splitter = new QSplitter(this);
+    splitter->setChildrenCollapsible(false);
+    QList<Panel> left;
+    QList<Panel> right;
+    for (const Panel& panel : panels)
+        (panel.onTheRight ? right : left).append(panel);
+    addSide(left, framework, *splitter);
+    addSide(right, framework, *splitter);
+    column_->addWidget(splitter, 1);
+    refreshPanels();
+}
+
+void PatientDesk::addSide(const QList<Panel>& panels, host::Framework& framework, QSplitter& splitter) {
+    if (panels.isEmpty()) return;
+    auto* tabs = new QTabWidget(&splitter);
+    tabs->setObjectName(QStringLiteral("schede(%1)").arg(sides_.size()));
+    tabs->setDocumentMode(true);
     for (const Panel& panel : panels) {
-        auto* page = new PanelPage(panel, framework, tabs_);
+        auto* page = new PanelPage(panel, framework, tabs);
         connect(page, &PanelPage::failed, this, &PatientDesk::failed);
-        tabs_->addTab(page, panel.caption());
+        tabs->addTab(page, panel.caption());
         pages_.append(page);
     }
-    column_->addWidget(tabs_, 1);
-    refreshPanels();
+    splitter.addWidget(tabs);
+    splitter.setStretchFactor(static_cast<int>(sides_.size()), 1);
+    sides_.append(tabs);
 }
 
 bool PatientDesk::hasPanel(const QString& name) const {
@@ -115,13 +131,17 @@ void PatientDesk::refreshPanels() {
     }
 }
 
-QString PatientDesk::activePanel() const {
-    return tabs_ ? tabs_->tabText(tabs_->currentIndex()) : QString();
+QStringList PatientDesk::activePanels() const {
+    QStringList captions;
+    for (const QTabWidget* tabs : sides_)
+        captions.append(tabs->tabText(tabs->currentIndex()));
+    return captions;
 }
 
 void PatientDesk::activatePanel(const QString& caption) {
-    for (int i = 0; tabs_ && i < tabs_->count(); ++i)
-        if (tabs_->tabText(i) == caption) tabs_->setCurrentIndex(i);
+    for (QTabWidget* tabs : std::as_const(sides_))
+        for (int i = 0; i < tabs->count(); ++i)
+            if (tabs->tabText(i) == caption) tabs->setCurrentIndex(i);
 }
 
 void PatientDesk::closeEvent(QCloseEvent* event) {

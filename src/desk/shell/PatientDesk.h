@@ -7,6 +7,7 @@
 #include <QList>
 #include <QWidget>
 
+class QSplitter;
 class QTabWidget;
 class QVBoxLayout;
 
@@ -31,7 +32,7 @@ public:
     void addPanels(const QList<Panel>& panels, host::Framework& framework);
     bool hasPanel(const QString& name) const;
     void refreshPanels();
-    QString activePanel() const; ///< Caption; empty without panels.
+    QStringList activePanels() const; ///< Captions, one a side.
     void activatePanel(const QString& caption);
     /// From now on the window may go.
     void release() { released_ = true; }
@@ -44,10 +45,11 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void addSide(const QList<Panel>& panels, host::Framework& framework, QSplitter& splitter);
     QWidget* buildHeader(const PatientData& patient, const QString& doctor);
 
     QVBoxLayout* column_;
-    QTabWidget* tabs_ = nullptr;
+    QList<QTabWidget*> sides_;
     QList<PanelPage*> pages_;
     bool released_ = false;
 };

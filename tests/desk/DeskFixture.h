@@ -1,0 +1,108 @@
+#pragma once
+
+#include "TestModule.h"
+
+#include "desk/data/Database.h"
+#include "desk/data/PatientDirectory.h"
+#include "desk/shell/Desk.h"
+#include "desk/shell/Options.h"
+#include "platform/Dialogs.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <gtest/gtest.h>
+
+/// Answers in the place of a person and keeps what was asked.
+class AnsweringDialogs : public platform::Dialogs {
+public:
+    AnsweringDialogs()
+        : before_(platform::installDialogs(this)) {}
+    ~AnsweringDialogs() override { platform::installDialogs(before_); }
+
+    platform::Answer message(const QString& text, int, const QString&) override {
+        messages.append(text);
+        return platform::Answer::Ok;
+    }
+    platform::TaskAnswer task(const platform::TaskRequest&) override { return {}; }
+    int popup(const QList<platform::MenuEntry>& entries) override {
+        menu.clear();
+        for (const platform::MenuEntry& entry : entries)
+            menu.append(entry.caption);
+        return static_cast<int>(menu.indexOf(choice));
+    }
+    QString openFile(const QString&, const QString&, const QString&) override { return {}; }
+    QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
+
+    QStringList messages;
+    QStringList menu;
+    QString choice;
+
+private:
+    platform::Dialogs* before_;
+};
+
+/// A desk on a practice of its own, with three patients and one stored record.
+class DeskFixture : public testing::Test {
+protected:
+    DeskFixture() {
+        options_.databaseUrl = QStringLiteral("sqlite:") + folder_.filePath(QStringLiteral("studio.db"));
+        rossi_ = addPatient("Rossi", "Mario", "RSSMRA80A01H501U");
+        verdi_ = addPatient("Verdi", "Nicolò", "VRDNCL75C10F205X");
+        addPatient("Rossini", "Ada", "RSSDAA62D41L219K");
+        desk_ = desk::Desk::open(options_);
+    }
+
+    QString addPatient(const char* surname, const char* name, const char* taxCode) {
+        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        desk::PatientData patient;
+        patient.Cognome = QString::fromUtf8(surname);
+        patient.Nome = QString::fromUtf8(name);
+        patient.codicefiscale = QLatin1String(taxCode);
+        patient.dataNascita = QDate(1980, 1, 1);
+        EXPECT_TRUE(desk::PatientDirectory(*database, QStringLiteral("prova")).insert(patient));
+        return patient.ID;
+    }
+
+    void attach() { ASSERT_TRUE(desk_->attachModule(std::make_unique<TestModule>(run_))); }
+
+    QString addRecord(const QString& description) {
+        QString id;
+        EXPECT_TRUE(desk_->host().paziente()->corvala().Salva(
+            id, {QStringLiteral("01/10/2025"), QStringLiteral("2025-0001"), description, QStringLiteral("PRV"), {}}));
+        return id;
+    }
+
+    host::Framework& framework() { return desk_->host().Framework(); }
+
+    template <class Control>
+    Control* control(const char* name) {
+        auto* found = desk_->window()->findChild<Control*>(QString::fromUtf8(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+
+    /// Runs when a modal window of that name is up.
+    static void whenModal(const char* name, std::function<void(QWidget&)> act) {
+        auto* timer = new QTimer(qApp);
+        QObject::connect(timer, &QTimer::timeout, qApp, [timer, name, act] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (!modal || modal->objectName() != QLatin1String(name)) return;
+            timer->stop();
+            timer->deleteLater();
+            act(*modal);
+        });
+        timer->start(1);
+    }
+
+    QTemporaryDir folder_;
+    desk::Options options_;
+    QString rossi_;
+    QString verdi_;
+    AnsweringDialogs dialogs_;
+    ModuleRun run_;
+    std::unique_ptr<desk::Desk> desk_;
+};

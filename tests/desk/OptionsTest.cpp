@@ -1,0 +1,52 @@
+#include "desk/shell/Options.h"
+
+#include <gtest/gtest.h>
+
+using desk::OptionError;
+using desk::Options;
+
+TEST(Options, ReadsEveryOptionInBothForms) {
+    const Options options = Options::parse({QStringLiteral("--db=sqlite:a=b.db"), QStringLiteral("--config-dir"),
+                                            QStringLiteral("/tmp/c"), QStringLiteral("--user"), QStringLiteral("DOC"),
+                                            QStringLiteral("--demo"), QStringLiteral("--scenario"),
+                                            QStringLiteral("s.txt"), QStringLiteral("--out"), QStringLiteral("o")});
+    EXPECT_EQ(options.databaseUrl, QStringLiteral("sqlite:a=b.db"));
+    EXPECT_EQ(options.configDir, QStringLiteral("/tmp/c"));
+    EXPECT_EQ(options.userCode, QStringLiteral("DOC"));
+    EXPECT_EQ(options.scenarioFile, QStringLiteral("s.txt"));
+    EXPECT_EQ(options.outDir, QStringLiteral("o"));
+    EXPECT_TRUE(options.demo);
+    EXPECT_FALSE(options.help);
+    EXPECT_FALSE(Options::parse({}).demo);
+}
+
+TEST(Options, RefusesWhatMakesNoSenseAndNamesIt) {
+    const struct {
+        QStringList arguments;
+        const char* named;
+    } cases[] = {
+        {{QStringLiteral("--pippo")}, "--pippo"},
+        {{QStringLiteral("studio.db")}, "studio.db"},
+        {{QStringLiteral("--db")}, "--db"},
+        {{QStringLiteral("--db"), QStringLiteral("--demo")}, "--db"},
+        {{QStringLiteral("--user=")}, "--user"},
+        {{QStringLiteral("--user"), QStringLiteral("A"), QStringLiteral("--user"), QStringLiteral("B")}, "--user"},
+        {{QStringLiteral("--out"), QStringLiteral("x")}, "--out"},
+        {{QStringLiteral("--demo=1")}, "--demo"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.arguments.join(QLatin1Char(' ')).toStdString());
+        try {
+            Options::parse(each.arguments);
+            ADD_FAILURE() << "accepted";
+        } catch (const OptionError& error) {
+            EXPECT_TRUE(error.text().contains(QLatin1String(each.named))) << error.what();
+        }
+    }
+}
+
+TEST(Options, HelpNamesEveryOptionAndWinsOverMistakes) {
+    EXPECT_TRUE(Options::parse({QStringLiteral("--help"), QStringLiteral("--pippo")}).help);
+    for (const char* name : {"--db", "--config-dir", "--user", "--demo", "--scenario", "--out"})
+        EXPECT_TRUE(Options::helpText().contains(QLatin1String(name))) << name;
+}
