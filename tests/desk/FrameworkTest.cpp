@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPointer>
 
 namespace {
@@ -32,6 +33,11 @@ class DeskFramework : public DeskFixture {
 protected:
     void SetUp() override { desk_->window()->show(); }
 
+    QWidget* inFront() {
+        const QMdiSubWindow* active = control<QMdiArea>("area")->activeSubWindow();
+        return active ? active->widget() : nullptr;
+    }
+
     ChildForm* openChild(const QString& caption) {
         auto* form = new ChildForm(caption);
         EXPECT_EQ(framework().CreateChildForm(form), form);
@@ -47,11 +53,10 @@ TEST_F(DeskFramework, AChildWindowOpensOnceAndComesForward) {
     EXPECT_FALSE(framework().OpenChild(QStringLiteral("frmMDI"), first));
     const QPointer<ChildForm> one = openChild(first);
     const QPointer<ChildForm> other = openChild(second);
-    EXPECT_FALSE(one->isVisible());
-    EXPECT_TRUE(other->isVisible());
+    EXPECT_EQ(inFront(), other);
     EXPECT_TRUE(framework().OpenChild(QStringLiteral("frmMDI"), first));
     settle();
-    EXPECT_TRUE(one->isVisible()) << "the window found was not brought forward";
+    EXPECT_EQ(inFront(), one) << "the window found was not brought forward";
 
     framework().CloseChild(first);
     framework().CloseChild(QStringLiteral("mai aperta"));

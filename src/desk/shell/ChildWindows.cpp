@@ -3,7 +3,6 @@
 #include <QEvent>
 #include <QMdiSubWindow>
 #include <QPainter>
-#include <QPointer>
 #include <QTabBar>
 #include <QTimer>
 
@@ -60,8 +59,14 @@ void ChildWindows::closeCaption(const QString& caption) {
     if (QMdiSubWindow* holder = find(caption)) holder->close();
 }
 
-void ChildWindows::closeForm(QWidget* form) {
-    if (QMdiSubWindow* holder = holderOf(form)) holder->close();
+void ChildWindows::discard(QWidget* form) {
+    QMdiSubWindow* holder = holderOf(form);
+    if (!holder) return;
+    holder->hide();
+    removeSubWindow(holder);
+    holder->deleteLater();
+    discarded_.removeIf([](const QPointer<QMdiSubWindow>& old) { return old.isNull(); });
+    discarded_.append(holder);
 }
 
 bool ChildWindows::closeAll(const QWidget* except) {
@@ -72,13 +77,16 @@ bool ChildWindows::closeAll(const QWidget* except) {
 
 void ChildWindows::deleteAll() {
     qDeleteAll(subWindowList());
+    for (const QPointer<QMdiSubWindow>& holder : std::as_const(discarded_)) delete holder;
 }
 
 bool ChildWindows::eventFilter(QObject* watched, QEvent* event) {
     QMdiSubWindow* holder = holderOf(watched);
     if (holder && event->type() == QEvent::ShowToParent) {
         // The first show of the window is what opens its tab.
-        QTimer::singleShot(0, holder, [this, holder] { setActiveSubWindow(holder); });
+        QTimer::singleShot(0, this, [this, form = QPointer<QObject>(watched)] {
+            if (QMdiSubWindow* opened = holderOf(form)) setActiveSubWindow(opened);
+        });
     }
     if (holder && event->type() == QEvent::HideToParent && holder->isVisible()) {
         // A window that closes itself leaves only its own place; the tab around it has to go too.

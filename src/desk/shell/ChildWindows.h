@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QMdiArea>
+#include <QPointer>
 
 class QMdiSubWindow;
 
@@ -19,7 +21,8 @@ public:
     bool bringForward(const QString& caption); ///< False when no window has this caption.
     void bringForward(QWidget* form);
     void closeCaption(const QString& caption);
-    void closeForm(QWidget* form);
+    /// Takes a window off the screen without asking; it is deleted when its callers have returned.
+    void discard(QWidget* form);
     /// Asks every window but one to close; false when another wants to stay.
     bool closeAll(const QWidget* except);
     void deleteAll(); ///< At once and without asking.
@@ -31,6 +34,8 @@ protected:
 private:
     QMdiSubWindow* find(const QString& caption) const;
     static QMdiSubWindow* holderOf(QObject* form);
+
+    QList<QPointer<QMdiSubWindow>> discarded_;
 };
 
 } // namespace desk

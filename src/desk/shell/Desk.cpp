@@ -9,6 +9,11 @@
 #include <QDir>
 #include <QFileInfo>
 
+/// Outside every namespace, as Qt wants it for pictures in a static library.
+static void embedPictures() {
+    Q_INIT_RESOURCE(icons);
+}
+
 namespace desk {
 
 namespace {
@@ -29,11 +34,7 @@ Desk::Desk(std::unique_ptr<Parts> parts)
 Desk::~Desk() = default;
 
 std::unique_ptr<Desk> Desk::open(const Options& options) {
-    static const bool embedded = [] {
-        Q_INIT_RESOURCE(icons);
-        return true;
-    }();
-    Q_UNUSED(embedded)
+    embedPictures();
     useConfigFolder(options.configDir);
     return std::unique_ptr<Desk>(new Desk(std::make_unique<Parts>(Practice::open(options))));
 }

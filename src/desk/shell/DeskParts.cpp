@@ -136,8 +136,7 @@ void Desk::Parts::closePatient() {
     if (PatientDesk* desk = patientDesk) {
         lastPanels = desk->activePanels();
         patientDesk = nullptr;
-        desk->release();
-        window.children().closeForm(desk);
+        window.children().discard(desk);
     }
     window.showPatient(QString());
     commands.find(CHIUDI_PAZIENTE)->setEnabled(false);

@@ -145,10 +145,6 @@ void PatientDesk::activatePanel(const QString& caption) {
 }
 
 void PatientDesk::closeEvent(QCloseEvent* event) {
-    if (released_) {
-        event->accept();
-        return;
-    }
     event->ignore();
     emit closeRequested();
 }

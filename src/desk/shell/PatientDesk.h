@@ -34,8 +34,6 @@ public:
     void refreshPanels();
     QStringList activePanels() const; ///< Captions, one a side.
     void activatePanel(const QString& caption);
-    /// From now on the window may go.
-    void release() { released_ = true; }
 
 signals:
     void closeRequested();
@@ -51,7 +49,6 @@ private:
     QVBoxLayout* column_;
     QList<QTabWidget*> sides_;
     QList<PanelPage*> pages_;
-    bool released_ = false;
 };
 
 } // namespace desk
