@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TestModule.h"
+#include "DeskTestModule.h"
 
 #include "desk/data/Database.h"
 #include "desk/data/PatientDirectory.h"
@@ -17,11 +17,11 @@
 #include <gtest/gtest.h>
 
 /// Answers in the place of a person and keeps what was asked.
-class AnsweringDialogs : public platform::Dialogs {
+class DeskDialogs : public platform::Dialogs {
 public:
-    AnsweringDialogs()
+    DeskDialogs()
         : before_(platform::installDialogs(this)) {}
-    ~AnsweringDialogs() override { platform::installDialogs(before_); }
+    ~DeskDialogs() override { platform::installDialogs(before_); }
 
     platform::Answer message(const QString& text, int, const QString&) override {
         messages.append(text);
@@ -67,7 +67,7 @@ protected:
         return patient.ID;
     }
 
-    void attach() { ASSERT_TRUE(desk_->attachModule(std::make_unique<TestModule>(run_))); }
+    void attach() { ASSERT_TRUE(desk_->attachModule(std::make_unique<DeskTestModule>(run_))); }
 
     QString addRecord(const QString& description) {
         QString id;
@@ -102,7 +102,7 @@ protected:
     desk::Options options_;
     QString rossi_;
     QString verdi_;
-    AnsweringDialogs dialogs_;
-    ModuleRun run_;
+    DeskDialogs dialogs_;
+    DeskModuleRun run_;
     std::unique_ptr<desk::Desk> desk_;
 };

@@ -8,9 +8,9 @@
 namespace {
 
 /// A child window as a module makes it; may refuse to close.
-class ChildForm : public QWidget {
+class DeskChildForm : public QWidget {
 public:
-    explicit ChildForm(const QString& caption) {
+    explicit DeskChildForm(const QString& caption) {
         setWindowTitle(caption);
         setAttribute(Qt::WA_DeleteOnClose);
     }
@@ -38,8 +38,8 @@ protected:
         return active ? active->widget() : nullptr;
     }
 
-    ChildForm* openChild(const QString& caption) {
-        auto* form = new ChildForm(caption);
+    DeskChildForm* openChild(const QString& caption) {
+        auto* form = new DeskChildForm(caption);
         EXPECT_EQ(framework().CreateChildForm(form), form);
         form->show();
         settle();
@@ -51,8 +51,8 @@ TEST_F(DeskFramework, AChildWindowOpensOnceAndComesForward) {
     const QString first = QStringLiteral("Tessara 5000. CORVALA: Elenco PREVENTIVI");
     const QString second = QStringLiteral("Tessara 5000. CORVALA: Elenco FATTURE");
     EXPECT_FALSE(framework().OpenChild(QStringLiteral("frmMDI"), first));
-    const QPointer<ChildForm> one = openChild(first);
-    const QPointer<ChildForm> other = openChild(second);
+    const QPointer<DeskChildForm> one = openChild(first);
+    const QPointer<DeskChildForm> other = openChild(second);
     EXPECT_EQ(inFront(), other);
     EXPECT_TRUE(framework().OpenChild(QStringLiteral("frmMDI"), first));
     settle();
@@ -67,7 +67,7 @@ TEST_F(DeskFramework, AChildWindowOpensOnceAndComesForward) {
 }
 
 TEST_F(DeskFramework, AChildThatClosesItselfTakesItsTabAlong) {
-    QPointer<ChildForm> form = openChild(QStringLiteral("Elenco"));
+    QPointer<DeskChildForm> form = openChild(QStringLiteral("Elenco"));
     form->close();
     settle();
     EXPECT_TRUE(form.isNull());
@@ -77,7 +77,7 @@ TEST_F(DeskFramework, AChildThatClosesItselfTakesItsTabAlong) {
 TEST_F(DeskFramework, TheMainWindowStaysWhileAChildRefusesToClose) {
     attach();
     ASSERT_TRUE(desk_->openPatient(rossi_));
-    ChildForm* form = openChild(QStringLiteral("Elenco"));
+    DeskChildForm* form = openChild(QStringLiteral("Elenco"));
     form->stays = true;
     EXPECT_FALSE(desk_->window()->close());
     EXPECT_NE(desk_->host().paziente(), nullptr);

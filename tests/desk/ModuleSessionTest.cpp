@@ -3,9 +3,9 @@
 #include <QFile>
 #include <QLabel>
 
-class ModuleSession : public DeskFixture {};
+class DeskModuleSession : public DeskFixture {};
 
-TEST_F(ModuleSession, HearsTheEventsInTheOrderOfADay) {
+TEST_F(DeskModuleSession, HearsTheEventsInTheOrderOfADay) {
     attach();
     const QStringList start{QStringLiteral("Init"), QStringLiteral("form.load frmMain"),
                             QStringLiteral("listapannelli"), QStringLiteral("arcpannelli.daiparent Prova: Lista Prova"),
@@ -35,15 +35,15 @@ TEST_F(ModuleSession, HearsTheEventsInTheOrderOfADay) {
     EXPECT_FALSE(run_.hadPatientAtEnd);
 }
 
-TEST_F(ModuleSession, AttachedLateItIsToldOfTheOpenPatient) {
+TEST_F(DeskModuleSession, AttachedLateItIsToldOfTheOpenPatient) {
     ASSERT_TRUE(desk_->openPatient(rossi_));
     attach();
     EXPECT_EQ(run_.events.mid(run_.events.size() - 2),
               (QStringList{QStringLiteral("form.load frmAmbulatorio"), QStringLiteral("ambulatorio.ready")}));
-    EXPECT_TRUE(desk_->host().Archivio().Pannelli().PannelloCaricato(TestModule::panelName()));
+    EXPECT_TRUE(desk_->host().Archivio().Pannelli().PannelloCaricato(DeskTestModule::panelName()));
 }
 
-TEST_F(ModuleSession, WithoutAModuleTheDeskWorksAndSaysWhy) {
+TEST_F(DeskModuleSession, WithoutAModuleTheDeskWorksAndSaysWhy) {
     QFile noModule(folder_.filePath(QStringLiteral("finto.so")));
     ASSERT_TRUE(noModule.open(QIODevice::WriteOnly));
     noModule.write("niente");
@@ -68,15 +68,15 @@ TEST_F(ModuleSession, WithoutAModuleTheDeskWorksAndSaysWhy) {
     EXPECT_FALSE(desk_->pressCommand(QStringLiteral("CRVL0302")));
 }
 
-TEST_F(ModuleSession, AFailedStartIsRefusedWithItsReason) {
+TEST_F(DeskModuleSession, AFailedStartIsRefusedWithItsReason) {
     run_.throwOn = QStringLiteral("Init");
-    EXPECT_FALSE(desk_->attachModule(std::make_unique<TestModule>(run_)));
+    EXPECT_FALSE(desk_->attachModule(std::make_unique<DeskTestModule>(run_)));
     EXPECT_TRUE(desk_->moduleError().contains(QLatin1String("configurazione illeggibile")));
     EXPECT_FALSE(run_.events.contains(QLatin1String("form.load frmMain")));
 
     run_.throwOn.clear();
     run_.terminate = true;
-    EXPECT_FALSE(desk_->attachModule(std::make_unique<TestModule>(run_)));
+    EXPECT_FALSE(desk_->attachModule(std::make_unique<DeskTestModule>(run_)));
     EXPECT_TRUE(desk_->moduleError().contains(QLatin1String("Config.xml non trovato")));
     EXPECT_FALSE(run_.events.contains(QLatin1String("form.load frmMain")));
 
@@ -86,7 +86,7 @@ TEST_F(ModuleSession, AFailedStartIsRefusedWithItsReason) {
     EXPECT_TRUE(control<QWidget>("barraAvviso")->isHidden());
 }
 
-TEST_F(ModuleSession, AnEventThatThrowsStopsNothingElse) {
+TEST_F(DeskModuleSession, AnEventThatThrowsStopsNothingElse) {
     attach();
     run_.throwOn = QStringLiteral("form.load");
     EXPECT_TRUE(desk_->openPatient(rossi_));

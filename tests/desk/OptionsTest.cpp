@@ -5,7 +5,7 @@
 using desk::OptionError;
 using desk::Options;
 
-TEST(Options, ReadsEveryOptionInBothForms) {
+TEST(DeskOptions, ReadsEveryOptionInBothForms) {
     const Options options = Options::parse({QStringLiteral("--db=sqlite:a=b.db"), QStringLiteral("--config-dir"),
                                             QStringLiteral("/tmp/c"), QStringLiteral("--user"), QStringLiteral("DOC"),
                                             QStringLiteral("--demo"), QStringLiteral("--scenario"),
@@ -20,7 +20,7 @@ TEST(Options, ReadsEveryOptionInBothForms) {
     EXPECT_FALSE(Options::parse({}).demo);
 }
 
-TEST(Options, RefusesWhatMakesNoSenseAndNamesIt) {
+TEST(DeskOptions, RefusesWhatMakesNoSenseAndNamesIt) {
     const struct {
         QStringList arguments;
         const char* named;
@@ -45,7 +45,7 @@ TEST(Options, RefusesWhatMakesNoSenseAndNamesIt) {
     }
 }
 
-TEST(Options, HelpNamesEveryOptionAndWinsOverMistakes) {
+TEST(DeskOptions, HelpNamesEveryOptionAndWinsOverMistakes) {
     EXPECT_TRUE(Options::parse({QStringLiteral("--help"), QStringLiteral("--pippo")}).help);
     for (const char* name : {"--db", "--config-dir", "--user", "--demo", "--scenario", "--out"})
         EXPECT_TRUE(Options::helpText().contains(QLatin1String(name))) << name;

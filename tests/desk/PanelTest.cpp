@@ -63,12 +63,12 @@ TEST_F(PatientPanel, ADoubleClickEditsAndRefreshesOnlyAfterAConfirm) {
 
 TEST_F(PatientPanel, IsLoadedExactlyWhileThePatientIsOpen) {
     const host::Pannelli& panels = desk_->host().Archivio().Pannelli();
-    EXPECT_TRUE(panels.PannelloCaricato(TestModule::panelName()));
+    EXPECT_TRUE(panels.PannelloCaricato(DeskTestModule::panelName()));
     EXPECT_FALSE(panels.PannelloCaricato(QStringLiteral("Prova: Senza vista")));
     desk_->closePatient();
-    EXPECT_FALSE(panels.PannelloCaricato(TestModule::panelName()));
+    EXPECT_FALSE(panels.PannelloCaricato(DeskTestModule::panelName()));
     ASSERT_TRUE(desk_->openPatient(verdi_));
-    EXPECT_TRUE(panels.PannelloCaricato(TestModule::panelName()));
+    EXPECT_TRUE(panels.PannelloCaricato(DeskTestModule::panelName()));
 }
 
 TEST_F(PatientPanel, AViewThatFailsIsToldAndLeavesTheDesk) {
@@ -83,11 +83,11 @@ TEST_F(PatientPanel, TheLayoutPlacesPanelsAndMistakesInItChangeNothing) {
                                                     "<Panel caption='Prova: Lista Prova' visible='0'/></Layout>"));
     framework().setLayoutPredefinito(QStringLiteral("<Layout><Panel"));
     ASSERT_TRUE(desk_->openPatient(verdi_));
-    EXPECT_FALSE(desk_->host().Archivio().Pannelli().PannelloCaricato(TestModule::panelName()));
+    EXPECT_FALSE(desk_->host().Archivio().Pannelli().PannelloCaricato(DeskTestModule::panelName()));
     framework().setLayoutPredefinito(
         QStringLiteral("<Layout><Panel caption='Prova: Lista Prova' side='right'/></Layout>"));
     ASSERT_TRUE(desk_->openPatient(rossi_));
-    EXPECT_TRUE(desk_->host().Archivio().Pannelli().PannelloCaricato(TestModule::panelName()));
+    EXPECT_TRUE(desk_->host().Archivio().Pannelli().PannelloCaricato(DeskTestModule::panelName()));
 }
 
 TEST_F(PatientPanel, TheHeaderTellsWhoIsOpen) {

@@ -3,9 +3,9 @@
 #include <QTabBar>
 #include <QToolButton>
 
-class Ribbon : public DeskFixture {};
+class DeskRibbon : public DeskFixture {};
 
-TEST_F(Ribbon, CarriesTheControlsThatModulesLookUp) {
+TEST_F(DeskRibbon, CarriesTheControlsThatModulesLookUp) {
     for (const qint32 id : {4, 10, 11, 12, 20, 69, 70, 71, 74, 279, 417, 418, 419, 420}) {
         SCOPED_TRACE(id);
         host::RibbonControl* found = framework().FindRibbonControl(id);
@@ -23,10 +23,10 @@ TEST_F(Ribbon, CarriesTheControlsThatModulesLookUp) {
     EXPECT_EQ(framework().FindRibbonControl(74)->CommandBarControls().isEmpty(), false);
 }
 
-TEST_F(Ribbon, PressFailsOnWhatAPersonCouldNotPress) {
+TEST_F(DeskRibbon, PressFailsOnWhatAPersonCouldNotPress) {
     attach();
     run_.events.clear();
-    host::RibbonControl* button = framework().FindRibbonControl(TestModule::NEW_PLAN);
+    host::RibbonControl* button = framework().FindRibbonControl(DeskTestModule::NEW_PLAN);
     QString error;
     button->setEnabled(false);
     EXPECT_FALSE(desk_->pressCommand(QStringLiteral("Nuovo piano"), &error));
@@ -46,7 +46,7 @@ TEST_F(Ribbon, PressFailsOnWhatAPersonCouldNotPress) {
     EXPECT_EQ(run_.events, QStringList{QStringLiteral("execute 70001")});
 }
 
-TEST_F(Ribbon, AGroupGoesWithItsLastButtonAndStyleChangesTheButton) {
+TEST_F(DeskRibbon, AGroupGoesWithItsLastButtonAndStyleChangesTheButton) {
     auto* prescription = control<QToolButton>("TSR0069");
     QWidget* group = prescription->parentWidget()->parentWidget();
     for (const qint32 id : {69, 70, 71})
@@ -62,7 +62,7 @@ TEST_F(Ribbon, AGroupGoesWithItsLastButtonAndStyleChangesTheButton) {
     EXPECT_EQ(tests->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
 }
 
-TEST_F(Ribbon, AModuleAddsAGroupBesideAHostControl) {
+TEST_F(DeskRibbon, AModuleAddsAGroupBesideAHostControl) {
     host::RibbonTab* tab = framework().FindRibbonControl(10)->RibbonGroupGroups();
     ASSERT_NE(tab, nullptr);
     EXPECT_EQ(tab->Caption(), QStringLiteral("Ambulatorio"));
@@ -74,7 +74,7 @@ TEST_F(Ribbon, AModuleAddsAGroupBesideAHostControl) {
     EXPECT_NE(framework().FindRibbonControl(id), nullptr);
 }
 
-TEST_F(Ribbon, TellsTheModuleWhichTabIsInFront) {
+TEST_F(DeskRibbon, TellsTheModuleWhichTabIsInFront) {
     attach();
     run_.events.clear();
     auto* tabs = control<QTabBar>("ribbonTabs");
@@ -83,13 +83,13 @@ TEST_F(Ribbon, TellsTheModuleWhichTabIsInFront) {
                                         QStringLiteral("mainribbonbar.activetab Odontoiatria")}));
 }
 
-TEST_F(Ribbon, TakesPicturesFromFilesOnly) {
+TEST_F(DeskRibbon, TakesPicturesFromFilesOnly) {
     const QString picture = folder_.filePath(QStringLiteral("CRVL0302.png"));
-    EXPECT_FALSE(framework().AddFileBitmap(picture, TestModule::NEW_PLAN));
+    EXPECT_FALSE(framework().AddFileBitmap(picture, DeskTestModule::NEW_PLAN));
     QImage image(32, 32, QImage::Format_ARGB32);
     image.fill(Qt::red);
     ASSERT_TRUE(image.save(picture));
-    EXPECT_TRUE(framework().AddFileBitmap(picture, TestModule::NEW_PLAN));
+    EXPECT_TRUE(framework().AddFileBitmap(picture, DeskTestModule::NEW_PLAN));
     attach();
     const QImage shown = control<QToolButton>("CRVL0302")->icon().pixmap(16).toImage();
     EXPECT_EQ(shown.pixelColor(8, 8), QColor(Qt::red)) << "a picture given before its button is lost";

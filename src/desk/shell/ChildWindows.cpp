@@ -15,6 +15,10 @@ ChildWindows::ChildWindows(QWidget* parent)
     setTabsClosable(true);
     setTabsMovable(true);
     setDocumentMode(true);
+    if (auto* tabs = findChild<QTabBar*>()) {
+        tabs->setExpanding(false);
+        tabs->setElideMode(Qt::ElideMiddle);
+    }
     setBackground(palette().color(QPalette::Window));
 }
 
@@ -77,7 +81,8 @@ bool ChildWindows::closeAll(const QWidget* except) {
 
 void ChildWindows::deleteAll() {
     qDeleteAll(subWindowList());
-    for (const QPointer<QMdiSubWindow>& holder : std::as_const(discarded_)) delete holder;
+    for (const QPointer<QMdiSubWindow>& holder : std::as_const(discarded_))
+        delete holder;
 }
 
 bool ChildWindows::eventFilter(QObject* watched, QEvent* event) {

@@ -89,7 +89,13 @@ QWidget* PatientDesk::buildHeader(const PatientData& patient, const QString& doc
 }
 
 void PatientDesk::addPanels(const QList<Panel>& panels, host::Framework& framework) {
-    if (panels.isEmpty()) return;
+    if (panels.isEmpty()) {
+        auto* nothing = new QLabel(QStringLiteral("Nessun pannello da mostrare per questo paziente"), this);
+        nothing->setAlignment(Qt::AlignCenter);
+        nothing->setEnabled(false);
+        column_->addWidget(nothing, 1);
+        return;
+    }
     auto* splitter = new QSplitter(this);
     splitter->setChildrenCollapsible(false);
     QList<Panel> left;

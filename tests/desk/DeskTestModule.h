@@ -12,7 +12,7 @@
 #include <stdexcept>
 
 /// A small real list: the records of type "PRV" of the open patient, with commands of its own in the menu.
-class SmallView : public host::View {
+class DeskTestView : public host::View {
 public:
     host::Host* host = nullptr;
     QStringList log;         ///< Commands with the record they were given for.
@@ -68,20 +68,20 @@ private:
     }
 };
 
-/// What a TestModule does and did; outlives the module.
-struct ModuleRun {
+/// What a DeskTestModule does and did; outlives the module.
+struct DeskModuleRun {
     QStringList events;
     QString throwOn; ///< Name of the event, or "Init", that fails.
     bool terminate = false;
-    SmallView view;
+    DeskTestView view;
     host::Host* host = nullptr;
     bool hadPatientAtEnd = false;
 };
 
 /// A module that writes down what it is told and offers one panel.
-class TestModule : public host::PluginInterface {
+class DeskTestModule : public host::PluginInterface {
 public:
-    explicit TestModule(ModuleRun& run)
+    explicit DeskTestModule(DeskModuleRun& run)
         : run_(run) {}
 
     void Init(host::Host* host, const QVariant&) override {
@@ -129,5 +129,5 @@ private:
         window.AddMenu(QStringLiteral("I70011"), QStringLiteral("Preventivi"), QStringLiteral("I70010"));
     }
 
-    ModuleRun& run_;
+    DeskModuleRun& run_;
 };
