@@ -10,12 +10,16 @@
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextDocumentFragment>
 #include <QTextEdit>
 
 namespace desk {
 namespace {
 
 QString labelText(const QLabel& label) {
+    const bool isRich = label.textFormat() == Qt::RichText ||
+                        (label.textFormat() == Qt::AutoText && Qt::mightBeRichText(label.text()));
+    if (isRich) return QTextDocumentFragment::fromHtml(label.text()).toPlainText();
     return label.buddy() ? withoutMnemonic(label.text()) : label.text();
 }
 

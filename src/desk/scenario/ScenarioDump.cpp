@@ -5,11 +5,19 @@
 
 #include <QAbstractButton>
 #include <QCollator>
+#include <QTabBar>
 #include <QWidget>
 #include <algorithm>
 
 namespace desk {
 namespace {
+
+/// Names that a control's own parts were given by the toolkit are nobody's concern.
+bool isNamedControl(const QWidget& control) {
+    const QString name = control.objectName();
+    const bool isPart = qobject_cast<const QTabBar*>(control.parentWidget()) || name.startsWith(QLatin1String("qt_"));
+    return !name.isEmpty() && !isPart;
+}
 
 QString oneLine(const QString& text) {
     QString line = withPlainLineEnds(text);
@@ -49,8 +57,7 @@ QString describeGrid(const platform::ReportGrid& grid) {
 QString describeWindow(const QWidget& window) {
     QList<const QWidget*> controls;
     for (const QWidget* control : window.findChildren<QWidget*>()) {
-        const QString name = control->objectName();
-        if (!name.isEmpty() && !name.startsWith(QLatin1String("qt_"))) controls += control;
+        if (isNamedControl(*control)) controls += control;
     }
     QCollator byName;
     byName.setNumericMode(true); // tbDati(2) before tbDati(10)
