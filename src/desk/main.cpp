@@ -74,12 +74,13 @@ int main(int argc, char** argv) {
         std::fputs(qUtf8Printable(desk::Options::helpText()), stdout);
         return 0;
     }
-    if (!hasScreen()) {
-        tellOnConsole(
-            QStringLiteral("nessuno schermo disponibile: manca DISPLAY. Per lavorare senza schermo, per esempio "
-                           "con --scenario, impostare QT_QPA_PLATFORM=offscreen."));
+    if (!hasScreen() && options.scenarioFile.isEmpty()) {
+        tellOnConsole(QStringLiteral("nessuno schermo disponibile: manca DISPLAY. Senza schermo si può eseguire uno "
+                                     "scenario, con --scenario."));
         return EXIT_USAGE;
     }
+    // Nobody watches a scenario where there is no screen.
+    if (!hasScreen()) qputenv("QT_QPA_PLATFORM", "offscreen");
     provideRuntimeFolder();
 
     // Qt must not read the arguments, which are ours.
