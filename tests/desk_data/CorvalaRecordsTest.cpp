@@ -115,11 +115,12 @@ TEST_F(CorvalaRecordsTest, AFailedSaveLeavesTheOldRecord) {
     const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
     QString id;
     ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
-    database_->runText(QStringLiteral(
+    if (onServer()) GTEST_SKIP() << "the trigger is written for the file";
+    database_->command(QStringLiteral(
         "create trigger tessara.rotto after update on tblWorkspace begin select raise(abort, 'disco'); end"));
     EXPECT_FALSE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))));
     EXPECT_EQ(patient->corvala().Carica(id)->idrif1, QStringLiteral("2025-0001"));
-    database_->runText(QStringLiteral("drop trigger tessara.rotto"));
+    database_->command(QStringLiteral("drop trigger tessara.rotto"));
     EXPECT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))))
         << "the next save is not caught in the failed one";
 }

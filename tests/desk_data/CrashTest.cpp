@@ -7,9 +7,15 @@
 #include <QRandomGenerator>
 #include <QThread>
 
+class CrashTest : public PracticeFixture {
+protected:
+    CrashTest()
+        : PracticeFixture(QString()) {}
+};
+
 // A workstation that is switched off in the middle of a save loses nothing that it had confirmed and leaves no half
 // record.
-TEST_F(PracticeFixture, AKilledProgramLeavesOldOrNewRecordsOnly) {
+TEST_F(CrashTest, AKilledProgramLeavesOldOrNewRecordsOnly) {
     const QString patientId = addPatient(QStringLiteral("Bianchi"), QStringLiteral("Anna"));
     database_.reset();
     QHash<QString, int> confirmed;

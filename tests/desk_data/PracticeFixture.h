@@ -7,16 +7,29 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
-/// A practice of its own in a temporary folder, empty but for what the test puts in.
+/// A practice of its own, empty but for what the test puts in: a file in a temporary folder, or the schema of a server
+/// when CORVALA_TEST_POSTGRES holds the address of a database with "test" in its name (then one test at a time).
 class PracticeFixture : public testing::Test {
 protected:
-    PracticeFixture()
-        : database_(reopened()) {}
+    explicit PracticeFixture(const QString& server = qEnvironmentVariable("CORVALA_TEST_POSTGRES"))
+        : server_(server) {
+        if (onServer()) clearServer();
+        database_ = reopened();
+    }
 
+    void clearServer() const {
+        if (!url().database.contains(QLatin1String("test")))
+            throw std::runtime_error("this may be a real practice: not touched");
+        desk::Database::open(url())->command(QStringLiteral("drop schema tessara cascade"));
+    }
     std::unique_ptr<desk::Database> reopened() const { return desk::Database::open(url()); }
     QString path() const { return folder_.filePath(QStringLiteral("studio.db")); }
-    desk::DatabaseUrl url() const { return desk::DatabaseUrl::parse(QStringLiteral("sqlite:") + path()); }
+    bool onServer() const { return !server_.isEmpty(); }
+    desk::DatabaseUrl url() const {
+        return desk::DatabaseUrl::parse(onServer() ? server_ : QStringLiteral("sqlite:") + path());
+    }
 
     QString addPatient(const QString& surname, const QString& name, const QString& taxCode = {}) {
         desk::PatientData patient;
@@ -33,6 +46,7 @@ protected:
         return patient;
     }
 
+    QString server_;
     QTemporaryDir folder_;
     const QString sign_ = QStringLiteral("D'Amico Sara");
     std::unique_ptr<desk::Database> database_;

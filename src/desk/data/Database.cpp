@@ -41,6 +41,7 @@ Database::Database(const DatabaseUrl& url, std::unique_ptr<Dialect> dialect)
     , patients_(std::make_unique<PatientCache>(*this)) {}
 
 Database::~Database() {
+    failed_.clear();
     idle_.clear();
     connection_.close();
     connection_ = QSqlDatabase(); // the name can only be taken back when no handle is left
@@ -56,29 +57,49 @@ Query Database::run(const QString& sql, const QVariantList& values) {
     if (auto idle = idle_.extract(sql)) {
         statement = std::move(idle.mapped());
     } else {
-        statement = std::make_unique<QSqlQuery>(connection_);
-        statement->setForwardOnly(true);
+        statement = newStatement();
         if (!statement->prepare(dialect_->expand(sql, schema()))) fail(*statement);
     }
     for (int i = 0; i < values.size(); ++i)
         statement->bindValue(i, values[i]);
-    if (!statement->exec()) fail(*statement);
+    return executed(sql, std::move(statement));
+}
+
+// Preparing refuses a second statement in the text on every database system.
+Query Database::runText(const QString& sql) {
+    auto statement = newStatement();
+    if (!statement->prepare(sql)) fail(*statement);
+    return executed(QString(), std::move(statement));
+}
+
+Query Database::command(const QString& sql) {
+    auto statement = newStatement();
+    if (!statement->exec(sql)) fail(*statement);
+    ++generation_;
+    return Query(*this, QString(), std::move(statement));
+}
+
+std::unique_ptr<QSqlQuery> Database::newStatement() const {
+    auto statement = std::make_unique<QSqlQuery>(connection_);
+    statement->setForwardOnly(true);
+    return statement;
+}
+
+Query Database::executed(const QString& sql, std::unique_ptr<QSqlQuery> statement) {
+    if (!statement->exec()) {
+        // A server cannot free a statement inside the transaction that it broke, so that it must live on.
+        const QSqlQuery& failed = *statement;
+        if (transactionDepth_ > 0) failed_.push_back(std::move(statement));
+        fail(failed);
+    }
     if (!statement->isSelect()) ++generation_;
     return Query(*this, sql, std::move(statement));
 }
 
-Query Database::runText(const QString& sql) {
-    auto statement = std::make_unique<QSqlQuery>(connection_);
-    statement->setForwardOnly(true);
-    if (!statement->exec(sql)) fail(*statement);
-    if (!statement->isSelect()) ++generation_;
-    return Query(*this, QString(), std::move(statement));
-}
-
 void Database::fail(const QSqlQuery& statement) const {
     const QSqlError error = statement.lastError();
-    qCWarning(lcData).noquote() << error.nativeErrorCode() << error.databaseText() << "in"
-                                << statement.lastQuery().left(200);
+    qCWarning(lcData).noquote() << error.nativeErrorCode() << error.databaseText().section(QLatin1Char('\n'), 0, 0)
+                                << "in" << statement.lastQuery().left(200);
     throw DatabaseError(dialect_->explain(error));
 }
 

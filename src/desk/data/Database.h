@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <unordered_map>
+#include <vector>
 
 namespace desk {
 
@@ -34,8 +35,10 @@ public:
     /// Runs one statement with bound values; "{schema}." stands before table names. Prepared once and used again.
     /// Throws DatabaseError.
     Query run(const QString& sql, const QVariantList& values = {});
-    /// Runs the text of a caller as it stands, unprepared; throws DatabaseError.
+    /// Runs the text of a caller as it stands, one statement that reads or changes rows; throws DatabaseError.
     Query runText(const QString& sql);
+    /// Runs a command that is about tables or transactions; throws DatabaseError.
+    Query command(const QString& sql);
 
     bool isEmpty(); ///< No patient and no record in it.
     /// Rises with every write through this object and with those of others that `noticeOthers` found.
@@ -48,6 +51,8 @@ private:
     friend class Transaction;
     Database(const DatabaseUrl& url, std::unique_ptr<Dialect> dialect);
     void giveBack(const QString& sql, std::unique_ptr<QSqlQuery> statement);
+    std::unique_ptr<QSqlQuery> newStatement() const;
+    Query executed(const QString& sql, std::unique_ptr<QSqlQuery> statement);
     [[noreturn]] void fail(const QSqlQuery& statement) const;
 
     DatabaseUrl url_;
@@ -55,6 +60,7 @@ private:
     QString connectionName_;
     QSqlDatabase connection_;
     std::unordered_map<QString, std::unique_ptr<QSqlQuery>> idle_; ///< Prepared, not in use.
+    std::vector<std::unique_ptr<QSqlQuery>> failed_; ///< Until the transaction in which they failed is over.
     std::unique_ptr<PatientCache> patients_;
     std::optional<qint64> othersSeen_;
     quint64 generation_ = 1;

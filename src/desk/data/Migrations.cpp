@@ -59,7 +59,7 @@ void Migrations::bringUpToDate() {
 
 int Migrations::version() {
     QStringList tables;
-    Query names = database_.runText(database_.dialect().tables(database_.schema()));
+    Query names = database_.command(database_.dialect().tables(database_.schema()));
     while (names.next())
         tables << names.text(0);
     if (tables.isEmpty()) return 0;
@@ -73,7 +73,7 @@ void Migrations::apply(const QString& file, int number) {
     Transaction transaction(database_);
     if (version() >= number) return; // another workstation was faster
     for (const QString& statement : statementsOf(file))
-        database_.runText(database_.dialect().expand(statement, database_.schema()));
+        database_.command(database_.dialect().expand(statement, database_.schema()));
     database_.run(QStringLiteral("insert into {schema}.tblVersione (versione, applicata) values (?, ?)"),
                   {number, storedMoment(platform::now())});
     transaction.commit();

@@ -4,7 +4,7 @@
 
 namespace desk {
 
-/// A server that several workstations share. Statements are already made to fit; opening is refused for the time being.
+/// A server that several workstations share; the practice lies in a schema of its own in one of its databases.
 class PostgresDialect : public Dialect {
 public:
     QString driver() const override { return QStringLiteral("QPSQL"); }

@@ -8,7 +8,7 @@ Transaction::Transaction(Database& database)
     : database_(database) {
     if (database_.transactionDepth_ == 0) {
         database_.transactionDoomed_ = false;
-        database_.runText(database_.dialect().beginWriting());
+        database_.command(database_.dialect().beginWriting());
     }
     ++database_.transactionDepth_;
 }
@@ -22,16 +22,17 @@ Transaction::~Transaction() {
     }
     ++database_.generation_; // what was read in between never came to be
     try {
-        database_.runText(QStringLiteral("rollback"));
+        database_.command(QStringLiteral("rollback"));
     } catch (const DatabaseError&) {
         // After some failures, a full disk for one, the database has rolled back by itself.
     }
+    database_.failed_.clear();
 }
 
 void Transaction::commit() {
     if (database_.transactionDepth_ == 1) {
         if (database_.transactionDoomed_) throw DatabaseError(QStringLiteral("Registrazione annullata."));
-        database_.runText(QStringLiteral("commit"));
+        database_.command(QStringLiteral("commit"));
     }
     --database_.transactionDepth_;
     open_ = false;

@@ -8,12 +8,12 @@ create table {schema}.tblVersione (
 
 create table {schema}.tblUtenti (
     ID varchar(38) not null primary key,
-    codice varchar(40) not null unique,
+    codice text not null unique,
     Cognome text not null,
     Nome text not null,
-    codicefiscale varchar(16),
+    codicefiscale text,
     tipo integer not null,
-    codiceattivita varchar(2),
+    codiceattivita text,
     ModificatoDa text,
     DataModifica timestamp,
     LastUpdate timestamp
@@ -23,14 +23,14 @@ create table {schema}.tblPazienti (
     ID varchar(38) not null primary key,
     Cognome text not null,
     Nome text not null,
-    codicefiscale varchar(16),
+    codicefiscale text,
     datanascita date,
     luogonascita text,
-    sesso varchar(1),
+    sesso text,
     indirizzo text,
-    cap varchar(10),
+    cap text,
     citta text,
-    provincia varchar(2),
+    provincia text,
     telefono text,
     email text,
     idmedico varchar(38) references tblUtenti (ID),
@@ -47,8 +47,8 @@ create index ixPazientiCodice on {schema}.tblPazienti (codicefiscale);
 create table {schema}.tblWorkspace (
     ID varchar(38) not null primary key,
     tiporecord integer not null,
-    t1 varchar(10),
-    idrif1 varchar(60),
+    t1 text,
+    idrif1 text,
     idpaziente varchar(38),
     Data timestamp,
     descrizione text,
@@ -136,7 +136,7 @@ create index ixDatiCartella on {schema}.tblDati (Cartella);
 
 create table {schema}.tblImpostazioni (
     idutente varchar(38) not null references tblUtenti (ID),
-    nome varchar(200) not null,
+    nome text not null,
     valore text,
     LastUpdate timestamp,
     primary key (idutente, nome)
