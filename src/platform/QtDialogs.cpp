@@ -1,5 +1,6 @@
 #include "platform/QtDialogs.h"
 
+#include "platform/MessageIcon.h"
 #include "platform/TaskDialog.h"
 
 #include <QApplication>
@@ -20,7 +21,6 @@ constexpr int buttonsMask = 0x0F;
 constexpr int okCancel = 1;
 constexpr int yesNoCancel = 3;
 constexpr int yesNo = 4;
-constexpr int iconMask = 0xF0;
 constexpr int secondIsDefault = 0x100;
 constexpr int thirdIsDefault = 0x200;
 
@@ -44,21 +44,6 @@ std::vector<Choice> choicesOf(int value) {
         return {yes, no};
     default:
         return {ok};
-    }
-}
-
-QMessageBox::Icon iconOf(int value) {
-    switch (value & iconMask) {
-    case MB_CRITICAL:
-        return QMessageBox::Critical;
-    case MB_QUESTION& iconMask:
-        return QMessageBox::Question;
-    case MB_WARNING:
-        return QMessageBox::Warning;
-    case MB_INFORMATION:
-        return QMessageBox::Information;
-    default:
-        return QMessageBox::NoIcon;
     }
 }
 
@@ -92,6 +77,7 @@ QString suffixOf(const QString& filter) {
 void prepare(QFileDialog& dialog, const QString& filter, const QString& accept) {
     dialog.setObjectName(QStringLiteral("fileDialog"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.resize(780, 480);
     const QStringList filters = filtersOf(filter);
     if (!filters.isEmpty()) dialog.setNameFilters(filters);
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
@@ -109,7 +95,7 @@ Answer QtDialogs::message(const QString& text, int value, const QString& title) 
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
-    box.setIcon(iconOf(value));
+    box.setIconPixmap(messageIcon(value, 36, box.devicePixelRatioF()));
     const std::vector<Choice> choices = choicesOf(value);
     std::vector<QPushButton*> buttons;
     for (const Choice& choice : choices)

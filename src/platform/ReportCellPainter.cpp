@@ -14,7 +14,7 @@ namespace platform {
 
 namespace {
 
-constexpr int margin = 4;
+constexpr int margin = 3;
 constexpr int iconSize = 16;
 constexpr int checkSize = 15;
 constexpr int buttonWidth = 17;
@@ -85,7 +85,7 @@ QColor ReportCellPainter::ground(const QColor& own, const ReportCellState& state
     const QColor base = own.isValid() ? own : (state.shaded ? colours_.shaded : colours_.plain);
     if (!state.selected) return base;
     // A colour of the cell's own carries a meaning: the selection may only touch it.
-    const int strength = own.isValid() ? 10 : 26;
+    const int strength = own.isValid() ? 5 : 26;
     return mixed(base, colours_.accent, state.active ? strength : strength * 2 / 3);
 }
 

@@ -8,7 +8,7 @@ namespace platform {
 /// One column of a report grid: what its head shows and how its cells lie.
 struct ReportColumn {
     QString caption;
-    int width = 100;
+    int width = 100;        ///< In pixels of the small font that lists are measured in; grows with the font in use.
     bool resizable = false; ///< Takes the room that is left over, in proportion to its width.
     bool visible = true;
     bool sortable = true;

@@ -56,7 +56,8 @@ void ReportGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index
         list->setCurrentIndex(list->findText(value));
         if (list->isEditable()) {
             list->setEditText(value);
-            list->lineEdit()->selectAll();
+            // Selected from the end, so that the start of a long name stays in sight.
+            list->lineEdit()->setSelection(static_cast<int>(value.size()), -static_cast<int>(value.size()));
         }
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
         line->setText(value);

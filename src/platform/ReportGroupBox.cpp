@@ -15,6 +15,7 @@ ReportGroupBox::ReportGroupBox(const ReportColours& colours, QWidget* parent)
     setAutoFillBackground(true);
     row_->setContentsMargins(8, 4, 8, 4);
     row_->setSpacing(6);
+    setMinimumHeight(fontMetrics().height() + 18);
     row_->addWidget(prompt_);
     row_->addStretch();
     prompt_->setForegroundRole(QPalette::PlaceholderText);

@@ -1,5 +1,6 @@
 #include "platform/TaskDialog.h"
 
+#include "platform/MessageIcon.h"
 #include "platform/TaskMarkup.h"
 
 #include <QApplication>
@@ -8,25 +9,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace platform {
 
 namespace {
-
-QStyle::StandardPixmap iconFor(int value) {
-    switch (value & 0xF0) {
-    case MB_CRITICAL:
-        return QStyle::SP_MessageBoxCritical;
-    case MB_WARNING:
-        return QStyle::SP_MessageBoxWarning;
-    case MB_QUESTION & 0xF0:
-        return QStyle::SP_MessageBoxQuestion;
-    default:
-        return QStyle::SP_MessageBoxInformation;
-    }
-}
 
 QLabel* richLabel(const QString& name, const QString& rich, QWidget* parent) {
     auto* label = new QLabel(parent);
@@ -75,7 +62,7 @@ QWidget* TaskDialog::message(const TaskRequest& request) {
     row->setContentsMargins(16, 16, 20, 16);
     row->setSpacing(14);
     auto* icon = new QLabel(area);
-    icon->setPixmap(style()->standardIcon(iconFor(request.icon)).pixmap(32, 32));
+    icon->setPixmap(messageIcon(request.icon, 36, devicePixelRatioF()));
     row->addWidget(icon, 0, Qt::AlignTop);
     auto* texts = new QVBoxLayout;
     texts->setSpacing(10);

@@ -27,10 +27,8 @@ public:
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
-        if (element != PE_FrameFocusRect) {
-            QProxyStyle::drawPrimitive(element, option, painter, widget);
-            return;
-        }
+        if (element == PE_IndicatorCheckBox) return drawBox(option, painter, widget);
+        if (element != PE_FrameFocusRect) return QProxyStyle::drawPrimitive(element, option, painter, widget);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(QPen(accent, 1.5));
@@ -44,6 +42,19 @@ public:
         if (hint == SH_DialogButtonLayout) return QDialogButtonBox::WinLayout;
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
         return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+private:
+    /// On our light ground the style's own outline is hardly seen.
+    void drawBox(const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+        QProxyStyle::drawPrimitive(PE_IndicatorCheckBox, option, painter, widget);
+        const bool enabled = option->state & State_Enabled;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(enabled ? QColor(110, 125, 140) : QColor(185, 194, 203), 1));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 1.5, 1.5);
+        painter->restore();
     }
 };
 
