@@ -15,6 +15,7 @@
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 using platform::form::named;
 
@@ -81,13 +82,16 @@ void frmSceltaServizio::buildTree() {
         }
     }
     root->setExpanded(true);
+    treeView1_->setStyleSheet(QStringLiteral("QTreeView::item { min-height: 22px; }"));
     connect(treeView1_, &QTreeWidget::itemClicked, this, &frmSceltaServizio::showGroup);
     connect(treeView1_, &QTreeWidget::itemActivated, this, &frmSceltaServizio::showGroup);
 }
 
 void frmSceltaServizio::buildGrid() {
     rcLista_ = named(new platform::ReportGrid(this), QStringLiteral("rcLista"));
-    rcLista_->addColumn({QStringLiteral("Codice"), 90});
+    // 60, or what a code of eight letters takes in the font of the screen.
+    const int codeWidth = std::max(60, fontMetrics().horizontalAdvance(QStringLiteral("OTTURAZ2")) + 16);
+    rcLista_->addColumn({QStringLiteral("Codice"), codeWidth});
     rcLista_->addColumn({QStringLiteral("IVA"), 80});
     rcLista_->addColumn({QStringLiteral("Un.Mis"), 80});
     rcLista_->addColumn({QStringLiteral("Ragg.Merc."), 80});

@@ -1,6 +1,7 @@
 #include "chart/EvidencePanel.h"
 
 #include "chart/ComposizioneDenti.h"
+#include "chart/StatusMark.h"
 #include "chart/ToothPicture.h"
 #include "platform/FormLayout.h"
 
@@ -134,6 +135,7 @@ void EvidencePanel::showShortList(const ComposizioneDenti& composition) {
         if (place >= composition.shortList().size()) continue;
         const ServizioEvidenziato& entry = composition.shortList()[place];
         fill(shortList_[place], entry, SHORT_BOX);
+        shortList_[place]->setPixmap(statusMark(entry.stato, SHORT_BOX - QSize(4, 4), devicePixelRatioF()));
         shortTexts_[place]->setProperty("tag", entry.servizio);
         shortTexts_[place]->setToolTip(entry.descrizione);
         shortTexts_[place]->setText(entry.breve);

@@ -78,6 +78,12 @@ void ToothBox::setMarked(bool marked) {
     update();
 }
 
+void ToothBox::setCurrent(bool current) {
+    if (current_ == current) return;
+    current_ = current;
+    update();
+}
+
 void ToothBox::placeLayers() {
     const double scale = double(imTooth_->height()) / PICTURE.height();
     for (std::size_t place = 0; place < imTrt_.size(); ++place) {
@@ -135,6 +141,10 @@ void ToothBox::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const double inset = width / 2.0;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 4, 4);
+    if (!current_) return;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5, Qt::DotLine));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), 3, 3);
 }
 
 void ToothBox::mouseReleaseEvent(QMouseEvent* event) {

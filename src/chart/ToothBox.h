@@ -18,6 +18,7 @@ public:
     void setTooth(const DenteComposto& tooth);
     void setMarked(bool marked); ///< Red frame of width 2, or grey of width 1.
     bool isMarked() const { return marked_; }
+    void setCurrent(bool current); ///< Shows where the keyboard is.
     QLabel* numberLabel() const { return laDente_; }
 
     static QSize naturalSize(int indice); ///< At scale 1, frame included.
@@ -38,6 +39,7 @@ private:
 
     int indice_;
     bool marked_ = false;
+    bool current_ = false;
     DenteComposto tooth_;
     ToothPicture* imTooth_ = nullptr;
     std::array<QLabel*, DenteComposto::STRATI> imTrt_{};

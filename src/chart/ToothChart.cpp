@@ -1,14 +1,19 @@
 #include "chart/ToothChart.h"
 
 #include "chart/ComposizioneDenti.h"
+#include "chart/StatusMark.h"
 #include "chart/ToothBox.h"
 #include "platform/FormLayout.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <utility>
 
 namespace {
 
@@ -20,6 +25,7 @@ constexpr int MARGIN = 8;
 constexpr int NUMBER_HEIGHT = 15;
 constexpr int ROW_GAP = 6;
 constexpr int BITE_GAP = 14;
+constexpr int LEGEND_MARK = 14;
 constexpr double SMALLEST = 0.7;
 constexpr double READABLE = 0.8;
 constexpr double LARGEST = 1.6;
@@ -46,6 +52,23 @@ protected:
         const QRect middle(2 * MARGIN, height() / 2 - 20, width() - 4 * MARGIN, 18);
         painter.drawText(middle, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Destra"));
         painter.drawText(middle, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("Sinistra"));
+        drawLegend(painter);
+    }
+
+private:
+    /// What the marks mean, in the room that the deciduous teeth leave.
+    void drawLegend(QPainter& painter) const {
+        const std::pair<StatoDente, QString> entries[] = {{StatoDente::DaIniziare, QStringLiteral("da iniziare")},
+                                                          {StatoDente::Aperto, QStringLiteral("in corso")},
+                                                          {StatoDente::Finito, QStringLiteral("terminato")}};
+        const int line = std::max(LEGEND_MARK, painter.fontMetrics().height()) + 4;
+        QPoint place(2 * MARGIN, height() / 2 + MARGIN);
+        for (const auto& [stato, text] : entries) {
+            painter.drawPixmap(place, statusMark(stato, QSize(LEGEND_MARK, LEGEND_MARK), devicePixelRatioF()));
+            painter.drawText(QRect(place.x() + LEGEND_MARK + 6, place.y(), 140, LEGEND_MARK),
+                             Qt::AlignLeft | Qt::AlignVCenter, text);
+            place.ry() += line;
+        }
     }
 };
 
@@ -104,6 +127,7 @@ ToothChart::ToothChart(QWidget* parent)
         connect(tooth, &ToothBox::rightClicked, this, &ToothChart::toothRightClicked);
     }
     setAccessibleName(QStringLiteral("Schema dei denti"));
+    setFocusPolicy(Qt::StrongFocus);
     layOutTeeth();
 }
 
@@ -127,7 +151,7 @@ QSize ToothChart::sizeHint() const {
 }
 
 QSize ToothChart::minimumSizeHint() const {
-    return {320, qRound(CHART_HEIGHT * SMALLEST)};
+    return {320, qRound(CHART_HEIGHT * SMALLEST) + hsDenti_->sizeHint().height()};
 }
 
 void ToothChart::resizeEvent(QResizeEvent* event) {
@@ -136,10 +160,12 @@ void ToothChart::resizeEvent(QResizeEvent* event) {
 }
 
 void ToothChart::layOutTeeth() {
-    const double scale = scaleFor(size());
+    QSize room = size();
+    if (CHART_WIDTH * scaleFor(room) > width()) room.rheight() -= hsDenti_->sizeHint().height();
+    const double scale = scaleFor(room);
     const int panelWidth = std::max(qRound(CHART_WIDTH * scale), width());
     const int spare = (panelWidth - qRound(CHART_WIDTH * scale)) / 2;
-    pbDenti_->resize(panelWidth, std::max(qRound(CHART_HEIGHT * scale), height()));
+    pbDenti_->resize(panelWidth, std::max(qRound(CHART_HEIGHT * scale), room.height()));
     const int drop = (pbDenti_->height() - qRound(CHART_HEIGHT * scale)) / 2;
     QFont font = this->font();
     font.setPointSizeF(std::max(6.5, 8 * scale));
@@ -160,4 +186,63 @@ void ToothChart::updateScrolling() {
     hsDenti_->setSingleStep(COLUMN);
     hsDenti_->setVisible(hidden > 0);
     pbDenti_->move(-hsDenti_->value(), 0);
+}
+
+int ToothChart::neighbour(const QPoint& direction) const {
+    const QPoint from = box(current_)->geometry().center();
+    int nearest = current_;
+    int shortest = std::numeric_limits<int>::max();
+    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
+        const QPoint step = box(indice)->geometry().center() - from;
+        const int along = QPoint::dotProduct(step, direction);
+        const int aside = std::abs(direction.x() != 0 ? step.y() : step.x());
+        if (along <= 0 || aside > along) continue;
+        const int distance = along + 2 * aside;
+        if (distance >= shortest) continue;
+        shortest = distance;
+        nearest = indice;
+    }
+    return nearest;
+}
+
+void ToothChart::setCurrent(int indice) {
+    box(current_)->setCurrent(false);
+    current_ = indice;
+    box(current_)->setCurrent(hasFocus());
+    const QRect shown = box(current_)->geometry();
+    if (shown.left() < hsDenti_->value()) hsDenti_->setValue(shown.left() - MARGIN);
+    if (shown.right() > hsDenti_->value() + width()) hsDenti_->setValue(shown.right() + MARGIN - width());
+}
+
+void ToothChart::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return setCurrent(neighbour({-1, 0}));
+    case Qt::Key_Right:
+        return setCurrent(neighbour({1, 0}));
+    case Qt::Key_Up:
+        return setCurrent(neighbour({0, -1}));
+    case Qt::Key_Down:
+        return setCurrent(neighbour({0, 1}));
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit toothClicked(current_);
+        return;
+    case Qt::Key_Menu:
+        emit toothRightClicked(current_);
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void ToothChart::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    setCurrent(current_);
+}
+
+void ToothChart::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    box(current_)->setCurrent(false);
 }

@@ -12,6 +12,7 @@ class ToothBox;
 /// The 52 teeth as four rows, from the upper right to the lower left of the patient: shape or picture, number, service
 /// pictures, status mark, red frame when marked. Each tooth has the named parts pbTooh(i), imTooth(i), imTrt01(i) to
 /// imTrt03(i), imStatusLavori(i) and laDente(i); the panel is pbDenti, moved sideways by hsDenti when there is no room.
+/// With the keyboard, the arrows walk from tooth to tooth, Space and Enter click, the menu key right-clicks.
 class ToothChart : public QWidget {
     Q_OBJECT
 
@@ -33,12 +34,18 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void layOutTeeth();
     void updateScrolling();
+    void setCurrent(int indice);
+    int neighbour(const QPoint& direction) const;
 
     QWidget* pbDenti_ = nullptr;
     QScrollBar* hsDenti_ = nullptr;
     std::array<ToothBox*, NUMERO_DENTI> boxes_{};
+    int current_ = 0;
 };

@@ -33,7 +33,7 @@ ToothPicture::ToothPicture(int indice, QWidget* parent)
 void ToothPicture::setPicture(const QString& path) {
     if (path_ == path) return;
     path_ = path;
-    pixmap_ = QPixmap();
+    loadedFor_ = QSize();
     update();
 }
 
@@ -56,9 +56,10 @@ void ToothPicture::paintEvent(QPaintEvent*) {
         painter.drawRoundedRect(rect(), 5, 5);
     }
     const qreal ratio = devicePixelRatioF();
-    if (pixmap_.isNull() || pixmap_.deviceIndependentSize().toSize().scaled(size(), Qt::KeepAspectRatio) !=
-                                pixmap_.deviceIndependentSize().toSize())
+    if (loadedFor_ != size() * ratio) {
+        loadedFor_ = size() * ratio;
         pixmap_ = loadPicture(path_, size(), ratio);
+    }
     if (pixmap_.isNull()) {
         paintTooth(painter, indice_, QRectF(rect()).adjusted(1, 1, -1, -1));
         return;

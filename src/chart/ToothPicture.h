@@ -34,5 +34,6 @@ private:
     int indice_;
     QString path_;
     QPixmap pixmap_;
+    QSize loadedFor_; ///< In device pixels.
     bool marked_ = false;
 };

@@ -72,6 +72,7 @@ frmSceltaDente::frmSceltaDente(QWidget* parent)
     timer1_->setSingleShot(true);
     timer1_->setInterval(DIGITS_LAST_MS);
     connect(timer1_, &QTimer::timeout, this, [this] { digits_.clear(); });
+    cbPiglia_->setFocus();
     InizializzaForm(this);
 }
 
@@ -152,8 +153,10 @@ void frmSceltaDente::buildButtons() {
     hint->setForegroundRole(QPalette::PlaceholderText);
     row->addWidget(hint);
     row->addStretch();
-    for (QPushButton* each : {cbNessuno_, cbPiglia_, cbChiudi_})
+    for (QPushButton* each : {cbNessuno_, cbPiglia_, cbChiudi_}) {
+        each->setMinimumWidth(each->sizeHint().width() + 24);
         row->addWidget(each);
+    }
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 

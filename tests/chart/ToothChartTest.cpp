@@ -109,7 +109,7 @@ TEST(ToothChart, TellsWhichToothWasClicked) {
 
 TEST(ToothChart, EveryToothIsReachableInANarrowWindowAndOnItsSide) {
     ToothChart chart;
-    chart.resize(400, 420);
+    chart.resize(400, 330);
     chart.show();
     auto* bar = chart.findChild<QScrollBar*>(u8("hsDenti"));
     ASSERT_TRUE(bar->isVisible());
@@ -134,6 +134,32 @@ TEST(ToothChart, EveryToothIsReachableInANarrowWindowAndOnItsSide) {
         EXPECT_EQ(box.center().y() < panel->height() / 2, DenteSuperiore(index)) << index;
         EXPECT_TRUE(panel->rect().contains(box)) << index;
     }
+}
+
+TEST(ToothChart, TheKeyboardWalksTheArchesAndClicks) {
+    ToothChart chart;
+    chart.resize(400, 420);
+    chart.show();
+    QSignalSpy clicked(&chart, &ToothChart::toothClicked);
+    QSignalSpy right(&chart, &ToothChart::toothRightClicked);
+    const auto walk = [&](std::initializer_list<Qt::Key> keys) {
+        for (Qt::Key key : keys)
+            QTest::keyClick(&chart, key);
+        QTest::keyClick(&chart, Qt::Key_Space);
+        return DenteDaIndice(clicked.takeLast().first().toInt());
+    };
+    EXPECT_EQ(walk({}), u8("1.8"));
+    EXPECT_EQ(walk({Qt::Key_Left, Qt::Key_Up, Qt::Key_Right}), u8("1.7")) << "nothing beyond the corner";
+    EXPECT_EQ(walk({Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Down}), u8("5.4"));
+    EXPECT_EQ(walk({Qt::Key_Down, Qt::Key_Down}), u8("4.4"));
+    for (int step = 0; step < 20; ++step)
+        QTest::keyClick(&chart, Qt::Key_Right);
+    EXPECT_EQ(walk({}), u8("3.8"));
+    const QWidget* last = part(chart, "pbTooh(16)");
+    EXPECT_LE(last->mapTo(&chart, last->rect().topRight()).x(), chart.width()) << "the tooth is scrolled into sight";
+    QTest::keyClick(&chart, Qt::Key_Menu);
+    ASSERT_EQ(right.size(), 1);
+    EXPECT_EQ(right[0][0].toInt(), 16);
 }
 
 TEST(EvidencePanel, EachEntryTellsItsService) {
