@@ -1,0 +1,57 @@
+#include "treatments/ApriTrattamento.h"
+
+#include "config/clsConfig.h"
+#include "host/context.h"
+#include "host/contract/Host.h"
+#include "host/frmOggetti.h"
+#include "host/modComandi.h"
+#include "platform/FormRegistry.h"
+#include "store/modPazienti.h"
+#include "treatments/frmEditTrattamento.h"
+#include "treatments/frmMDITrattamenti.h"
+#include "treatments/modTrattamenti.h"
+
+#include <QApplication>
+
+namespace {
+
+// CRVL0301
+void apriElenco() {
+    ApriFinestra(QStringLiteral(": Elenco TRATTAMENTI"), [] { return new frmMDITrattamenti; });
+}
+
+// CRVL0302
+void nuovoTrattamento() {
+    if (!PazienteAperto() && !SelezionaPaziente(QString(), QString())) return;
+    if (PazienteAperto()) ApriTrattamento(QString());
+}
+
+// CRVL0303: with the single sheet the patient's first plan, or a new one; otherwise the last with work going on.
+void apriSchedaPaziente() {
+    if (!PazienteAperto()) return;
+    if (oConfig->UnicaSchedaTrattamento()) {
+        ApriTrattamento(PrimoTrattamento());
+        return;
+    }
+    const QString id = UltimoTrattamentoAperto();
+    if (!id.isEmpty()) ApriTrattamento(id);
+}
+
+} // namespace
+
+void ApriTrattamento(const QString& id) {
+    sIDTrattamento = id;
+    {
+        frmEditTrattamento editor(QApplication::activeWindow());
+        editor.exec();
+    }
+    if (oHost->Framework().DialogCancel()) return;
+    if (auto* oggetti = qobject_cast<frmOggetti*>(platform::FormRegistry::find(QStringLiteral("frmOggetti"))))
+        oggetti->RefreshDatiPaziente();
+}
+
+void registraTrattamenti(Comandi& comandi) {
+    comandi.add(QStringLiteral("CRVL0301"), apriElenco);
+    comandi.add(QStringLiteral("CRVL0302"), nuovoTrattamento);
+    comandi.add(QStringLiteral("CRVL0303"), apriSchedaPaziente);
+}

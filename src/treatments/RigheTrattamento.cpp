@@ -1,0 +1,333 @@
+#include "treatments/RigheTrattamento.h"
+
+#include "config/clsItemRaggMerc.h"
+#include "host/context.h"
+#include "host/contract/Host.h"
+#include "platform/Collection.h"
+#include "platform/Dialogs.h"
+#include "platform/FormLayout.h"
+#include "platform/ReportGrid.h"
+#include "store/modUtenti.h"
+#include "treatments/RigoInGriglia.h"
+#include "treatments/frmEditRigoTrattamento.h"
+
+#include <QColor>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+using namespace rigogriglia;
+
+namespace {
+
+constexpr int MEDICO = 0;
+constexpr int ASSISTENTE_UTENTE = 3;
+
+// The first entry is empty, so that a choice can be taken back.
+QStringList nomiUtenti(int tipo) {
+    QStringList nomi{QString()};
+    for (const host::VoceUtente& utente : oHost->Archivio().Utenti().Lista()) {
+        if (utente.tipo == tipo) nomi << DescrizioneUtente(utente.codicefiscale);
+    }
+    return nomi;
+}
+
+QStringList nomiGruppi() {
+    QStringList nomi{QString()};
+    if (!colRaggMerc) return nomi;
+    for (const clsItemRaggMerc& gruppo : *colRaggMerc)
+        nomi << gruppo.descrizione;
+    return nomi;
+}
+
+} // namespace
+
+RigheTrattamento::RigheTrattamento(QWidget* parent)
+    : QWidget(parent)
+    , tmRighi_(new QTimer(this))
+    , tmSetFocusOnRow_(new QTimer(this))
+    , gruppi_(nomiGruppi())
+    , operatori_(nomiUtenti(MEDICO))
+    , assistenti_(nomiUtenti(ASSISTENTE_UTENTE)) {
+    namespace form = platform::form;
+    rcRighi_ = form::named(new platform::ReportGrid(this), QStringLiteral("rcRighi"));
+    costruisciColonne();
+
+    const std::array<QString, 4> didascalie{QStringLiteral("Nuovo (F3)"), QStringLiteral("Modifica (F4)"),
+                                            QStringLiteral("Elimina (F5)"), QStringLiteral("Zoom")};
+    auto* bottoni = new QHBoxLayout;
+    for (std::size_t i = 0; i < cbRighi_.size(); ++i) {
+        cbRighi_[i] = form::button(form::arrayName("cbRighi", static_cast<int>(i)), didascalie[i], this);
+        cbRighi_[i]->setAutoDefault(false);
+        bottoni->addWidget(cbRighi_[i]);
+    }
+    bottoni->addStretch(1);
+    // The zoom window is not there yet.
+    cbRighi_[ZOOM]->setEnabled(false);
+
+    auto* colonna = new QVBoxLayout(this);
+    colonna->setContentsMargins(4, 4, 4, 4);
+    colonna->addWidget(rcRighi_, 1);
+    colonna->addLayout(bottoni);
+
+    tmRighi_->setObjectName(QStringLiteral("tmRighi"));
+    tmSetFocusOnRow_->setObjectName(QStringLiteral("tmSetFocusOnRow"));
+    for (QTimer* timer : {tmRighi_, tmSetFocusOnRow_}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
+    collega();
+}
+
+void RigheTrattamento::costruisciColonne() {
+    struct Descrizione {
+        QString didascalia;
+        int larghezza;
+        bool ridimensionabile;
+    };
+    const QList<Descrizione> colonne{
+        {QString(), 20, false},
+        {QStringLiteral("Dente"), 46, false},
+        {QStringLiteral("Servizio"), 90, false},
+        {QStringLiteral("Descrizione"), 244, true},
+        {QStringLiteral("Inzio"), 64, false}, // spelt so in the practice's handbooks
+        {QStringLiteral("Fine"), 64, false},
+        {QStringLiteral("Ragr.to"), 100, false},
+        {QStringLiteral("Operatore"), 100, false},
+        {QStringLiteral("Assistente"), 100, false},
+        {QStringLiteral("Fattura"), 100, false},
+        {QStringLiteral("Note"), 84, true},
+    };
+    // The widths were drawn for a small screen font; a larger one must not cut numbers and dates.
+    const auto almeno = [this](int larghezza, const QString& testo) {
+        return std::max(larghezza, fontMetrics().horizontalAdvance(testo) + 14);
+    };
+    for (const Descrizione& descrizione : colonne) {
+        platform::ReportColumn colonna;
+        colonna.caption = descrizione.didascalia;
+        const int posto = rcRighi_->columnCount();
+        colonna.width = descrizione.larghezza;
+        if (posto == NUMERO) colonna.width = almeno(colonna.width, QStringLiteral("00"));
+        if (posto == INIZIO || posto == FINE) colonna.width = almeno(colonna.width, QStringLiteral("00/00/0000"));
+        colonna.resizable = descrizione.ridimensionabile;
+        colonna.sortable = false; // the order of the rows is the user's own
+        colonna.editable = posto != NUMERO;
+        rcRighi_->addColumn(colonna);
+    }
+    rcRighi_->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QString());
+    rcRighi_->setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
+    rcRighi_->setGroupBoxVisible(false);
+    rcRighi_->setSort(-1, Qt::AscendingOrder);
+    rcRighi_->setEditMode(true, true);
+}
+
+void RigheTrattamento::collega() {
+    using platform::ReportGrid;
+    for (std::size_t i = 0; i < cbRighi_.size(); ++i) {
+        connect(cbRighi_[i], &QPushButton::clicked, this, [this, i] { arma(static_cast<Comando>(i)); });
+    }
+    connect(tmRighi_, &QTimer::timeout, this, [this] { esegui(comandoArmato_); });
+    connect(tmSetFocusOnRow_, &QTimer::timeout, this, [this] {
+        if (rigoDaFocalizzare_ < 0 || rigoDaFocalizzare_ >= rcRighi_->recordCount()) return;
+        rcRighi_->setFocus();
+        rcRighi_->setFocusedRecord(rcRighi_->record(rigoDaFocalizzare_));
+    });
+    connect(rcRighi_, &ReportGrid::valueChanged, this, &RigheTrattamento::cellaCambiata);
+    connect(rcRighi_, &ReportGrid::keyPressed, this, &RigheTrattamento::tasto);
+    connect(rcRighi_, &ReportGrid::rowDoubleClicked, this, &RigheTrattamento::doppioClic);
+    connect(rcRighi_, &ReportGrid::rowRightClicked, this, [this] { mostraMenu(); });
+    connect(rcRighi_, &ReportGrid::inplaceButton, this, [this](platform::ReportRecord* record, int colonna) {
+        if (colonna == DENTE) scegliDenti(record);
+    });
+    connect(rcRighi_, &ReportGrid::focusedRecordChanged, this,
+            [this](platform::ReportRecord* record) { emit rigoScelto(record ? denti(*record) : QString()); });
+}
+
+// --------------------------------------------------------------------------------------------------------- the rows
+
+void RigheTrattamento::svuota() {
+    rcRighi_->clear();
+}
+
+void RigheTrattamento::completaScelte(platform::ReportRecord& record) const {
+    const auto offre = [&record](int cella, const QStringList& scelte) {
+        record.cell(cella).changeStyle().choices = scelte;
+        record.cell(cella).changeStyle().choicesOnly = true;
+    };
+    offre(RAGGRUPPAMENTO, gruppi_);
+    offre(OPERATORE, operatori_);
+    offre(ASSISTENTE, assistenti_);
+}
+
+void RigheTrattamento::aggiungi(const clsItemRigoTrattamento& rigo) {
+    platform::ReportRecord* record = rcRighi_->addRecord();
+    mostra(rigo, *record);
+    completaScelte(*record);
+    dipingi(*record);
+    rcRighi_->populate();
+}
+
+QList<clsItemRigoTrattamento> RigheTrattamento::righi() const {
+    QList<clsItemRigoTrattamento> righi;
+    for (int i = 0; i < rcRighi_->recordCount(); ++i)
+        righi << leggi(*rcRighi_->record(i), i + 1);
+    return righi;
+}
+
+QList<RigoGrafico> RigheTrattamento::perIlDisegno() const {
+    QList<RigoGrafico> righi;
+    for (int i = 0; i < rcRighi_->recordCount(); ++i)
+        righi << rigogriglia::perIlDisegno(*rcRighi_->record(i));
+    return righi;
+}
+
+void RigheTrattamento::setSolaLettura() {
+    solaLettura_ = true;
+    rcRighi_->setReadOnly(true);
+    cbRighi_[NUOVO]->setEnabled(false);
+    cbRighi_[ELIMINA]->setEnabled(false);
+    cbRighi_[MODIFICA]->setText(QStringLiteral("dettagli"));
+}
+
+int RigheTrattamento::posizione(const platform::ReportRecord* record) const {
+    for (int i = 0; i < rcRighi_->recordCount(); ++i) {
+        if (rcRighi_->record(i) == record) return i;
+    }
+    return -1;
+}
+
+void RigheTrattamento::rinumera() {
+    for (int i = 0; i < rcRighi_->recordCount(); ++i)
+        rcRighi_->record(i)->cell(NUMERO).value = numeroRigo(i + 1);
+    rcRighi_->populate();
+}
+
+void RigheTrattamento::evidenzia(const QString& dente) {
+    for (int i = 0; i < rcRighi_->recordCount(); ++i) {
+        platform::ReportRecord& record = *rcRighi_->record(i);
+        const bool sua = !dente.isEmpty() && tocca(record, dente);
+        for (int cella = NUMERO; cella <= NOTE; ++cella)
+            record.cell(cella).setBold(sua);
+        if (!sua) dipingi(record);
+    }
+    rcRighi_->populate();
+}
+
+QString RigheTrattamento::dentiDelServizio(const QString& servizio) const {
+    QStringList scelti;
+    for (const RigoGrafico& rigo : perIlDisegno()) {
+        if (rigo.servizio != servizio) continue;
+        for (const QString& dente : rigo.teeth()) {
+            if (!dente.isEmpty() && !scelti.contains(dente)) scelti << dente;
+        }
+    }
+    return SelezioneDaDenti(scelti);
+}
+
+// ------------------------------------------------------------------------------------------------------ the commands
+
+void RigheTrattamento::arma(Comando comando) {
+    comandoArmato_ = comando;
+    tmRighi_->start();
+}
+
+void RigheTrattamento::premi(Comando comando) {
+    if (cbRighi_[comando]->isEnabled()) cbRighi_[comando]->click();
+}
+
+void RigheTrattamento::esegui(int comando) {
+    comandoArmato_ = -1;
+    if (comando == NUOVO && !solaLettura_) nuovoRigo();
+    if (comando == MODIFICA) modificaRigo(rcRighi_->focusedRecord());
+    if (comando == ELIMINA && !solaLettura_) eliminaRigo();
+}
+
+void RigheTrattamento::nuovoRigo() {
+    clsItemRigoTrattamento rigo;
+    rigo.progressivo = numeroRigo(rcRighi_->recordCount() + 1);
+    rigo.fattura = fatturaAnticipo_;
+    aggiungi(rigo);
+    platform::ReportRecord* record = rcRighi_->record(rcRighi_->recordCount() - 1);
+    record->cell(FATTURA).tag.clear(); // no price yet: the catalogue's counts
+    emit cambiati();
+    if (!isVisible() || !isEnabled()) return;
+    rcRighi_->setFocus();
+    rcRighi_->setFocusedRecord(record);
+    rcRighi_->editCell(record, SERVIZIO);
+}
+
+void RigheTrattamento::eliminaRigo() {
+    platform::ReportRecord* record = rcRighi_->focusedRecord();
+    if (!record) return;
+    rcRighi_->removeRecord(record);
+    rinumera();
+    emit rigoScelto(QString());
+    emit cambiati();
+}
+
+bool RigheTrattamento::apriRigo(const QString& numero) {
+    for (int i = 0; i < rcRighi_->recordCount(); ++i) {
+        if (rcRighi_->record(i)->cell(NUMERO).value == numero) return modificaRigo(rcRighi_->record(i));
+    }
+    return false;
+}
+
+bool RigheTrattamento::modificaRigo(platform::ReportRecord* record) {
+    if (!record) return false;
+    clsItemRigoTrattamento rigo = leggi(*record, posizione(record) + 1);
+    if (!ModificaRigoTrattamento(rigo, solaLettura_)) return false;
+    mostra(rigo, *record);
+    dipingi(*record);
+    rcRighi_->refreshRecord(record);
+    emit cambiati();
+    emit rigoScelto(denti(*record));
+    return true;
+}
+
+void RigheTrattamento::sposta(int passo) {
+    platform::ReportRecord* record = rcRighi_->focusedRecord();
+    if (!record || solaLettura_) return;
+    const int da = posizione(record);
+    const int a = da + passo;
+    if (a < 0 || a >= rcRighi_->recordCount()) return;
+    rcRighi_->moveRecord(da, a);
+    rinumera();
+    rcRighi_->setFocusedRecord(record);
+    emit cambiati();
+}
+
+void RigheTrattamento::tasto(QKeyEvent* evento) {
+    const bool ctrlAlt = evento->modifiers().testFlags(Qt::ControlModifier | Qt::AltModifier);
+    const int key = evento->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        if (rcRighi_->focusedRecord()) arma(MODIFICA);
+        evento->accept();
+    } else if (ctrlAlt && (key == Qt::Key_Up || key == Qt::Key_Down)) {
+        sposta(key == Qt::Key_Up ? -1 : 1);
+        evento->accept();
+    }
+}
+
+void RigheTrattamento::mostraMenu() {
+    const bool scelto = rcRighi_->focusedRecord() != nullptr;
+    // miRighi: the positions are those of the commands, an empty caption is not shown.
+    QList<platform::MenuEntry> voci(4);
+    if (!solaLettura_) voci[NUOVO].caption = QStringLiteral("Nuovo rigo");
+    if (scelto) voci[MODIFICA].caption = solaLettura_ ? QStringLiteral("Dettagli") : QStringLiteral("Modifica rigo");
+    if (scelto && !solaLettura_) voci[ELIMINA].caption = QStringLiteral("Elimina rigo");
+    voci[ZOOM].caption = QStringLiteral("Zoom");
+    voci[ZOOM].enabled = cbRighi_[ZOOM]->isEnabled();
+    const int scelta = platform::dialogs().popup(voci);
+    if (scelta >= 0) arma(static_cast<Comando>(scelta));
+}
+
+void RigheTrattamento::doppioClic(platform::ReportRecord* record, int colonna) {
+    if (!record) return;
+    if (colonna == DENTE && !solaLettura_)
+        scegliDenti(record);
+    else
+        arma(MODIFICA);
+}

@@ -1,0 +1,297 @@
+#include "treatments/frmEditTrattamento.h"
+
+#include "config/clsConfig.h"
+#include "host/context.h"
+#include "host/contract/Host.h"
+#include "host/modAggiorna.h"
+#include "host/modForm.h"
+#include "platform/Dialogs.h"
+#include "platform/FormLayout.h"
+#include "store/modLock.h"
+#include "store/modProgressivi.h"
+#include "treatments/CollegamentiTrattamento.h"
+#include "treatments/PannelloDenti.h"
+#include "treatments/RigheTrattamento.h"
+#include "treatments/TestataTrattamento.h"
+#include "treatments/TotaliTrattamento.h"
+#include "treatments/clsTrattamenti.h"
+#include "treatments/clsViewTrattamenti.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <exception>
+
+namespace {
+
+const char* const TAG = "Tag";
+const QString LOCK = QStringLiteral("Trattamento");
+const QString A_CAPO = QStringLiteral("\r\n");
+
+platform::Answer messaggio(const QString& testo, int valore) {
+    return platform::dialogs().message(testo, valore, QString::fromUtf16(TITOLO_CORVALA));
+}
+
+} // namespace
+
+frmEditTrattamento::frmEditTrattamento(QWidget* parent)
+    : QDialog(parent) {
+    setObjectName(QStringLiteral("frmEditTrattamento"));
+    setWindowTitle(TitoloForm(QStringLiteral("Gestione Trattamento")));
+    costruisci();
+    collega();
+    InizializzaForm(this);
+    leggi();
+    oHost->Framework().setDialogCancel(true);
+}
+
+frmEditTrattamento::~frmEditTrattamento() {
+    liberaLock();
+}
+
+void frmEditTrattamento::costruisci() {
+    namespace form = platform::form;
+    collegamenti_ = new CollegamentiTrattamento(this);
+    testata_ = new TestataTrattamento(collegamenti_->annotazioni(), this);
+    denti_ = new PannelloDenti(this);
+    righe_ = new RigheTrattamento(this);
+    totali_ = new TotaliTrattamento(this);
+    schede_ = form::named(new QTabWidget(this), QStringLiteral("tcDettaglio"));
+    schede_->addTab(righe_, QStringLiteral("Dettaglio Lavori e Servizi"));
+    collegamenti_->aggiungiPagine(*schede_);
+
+    cbFattura_ = form::button(QStringLiteral("cbFattura"), QStringLiteral("Fatture..."), this);
+    cbPreventivo_ = form::button(QStringLiteral("cbPreventivo"), QStringLiteral("Da preventivo..."), this);
+    cbConferma_ = form::button(QStringLiteral("cbConferma"), QStringLiteral("Conferma"), this);
+    cbAnnulla_ = form::button(QStringLiteral("cbAnnulla"), QStringLiteral("Annulla"), this);
+    cbAnnulla_->setProperty(TAG, QString());
+    // Enter belongs to the fields and to the grid.
+    for (QPushButton* bottone : {cbFattura_, cbPreventivo_, cbConferma_, cbAnnulla_})
+        bottone->setAutoDefault(false);
+    // Invoices and estimates are not there yet.
+    cbFattura_->setEnabled(false);
+    cbPreventivo_->setEnabled(false);
+
+    auto* piede = new QHBoxLayout;
+    piede->addWidget(cbFattura_);
+    piede->addWidget(cbPreventivo_);
+    piede->addStretch(1);
+    piede->addWidget(totali_);
+    piede->addSpacing(16);
+    piede->addWidget(cbConferma_);
+    piede->addWidget(cbAnnulla_);
+
+    auto* colonna = new QVBoxLayout(this);
+    colonna->addWidget(testata_);
+    colonna->addWidget(denti_);
+    colonna->addWidget(schede_, 1);
+    colonna->addLayout(piede);
+    resize(1180, 760);
+}
+
+void frmEditTrattamento::collega() {
+    connect(cbConferma_, &QPushButton::clicked, this, &frmEditTrattamento::conferma);
+    connect(cbAnnulla_, &QPushButton::clicked, this, &frmEditTrattamento::annulla);
+    connect(righe_, &RigheTrattamento::cambiati, this, &frmEditTrattamento::aggiornaDisegno);
+    connect(righe_, &RigheTrattamento::rigoScelto, denti_, &PannelloDenti::plbSelezionaTooh);
+    connect(denti_, &PannelloDenti::denteScelto, righe_, &RigheTrattamento::evidenzia);
+    connect(denti_, &PannelloDenti::servizioScelto, this,
+            [this](const QString& servizio) { denti_->plbSelezionaTooh(righe_->dentiDelServizio(servizio)); });
+    connect(testata_, &TestataTrattamento::fatturaAnticipoCambiata, this, [this] {
+        righe_->setFatturaAnticipo(testata_->fatturaAnticipoScritta());
+        totali_->aggiornaFatturazione();
+    });
+}
+
+// ----------------------------------------------------------------------------------------------------------- opening
+
+void frmEditTrattamento::leggi() {
+    id_ = sIDTrattamento;
+    try {
+        if (id_.isEmpty()) {
+            testata_->prepara();
+            denti_->caricaSituazione(QString());
+        } else {
+            caricaTrattamento();
+        }
+        aggiornaDisegno();
+        totali_->aggiornaFatturazione();
+    } catch (const std::exception& errore) {
+        messaggio(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!") + A_CAPO +
+                      QStringLiteral("Errore: ") + QString::fromUtf8(errore.what()),
+                  platform::MB_WARNING);
+        setSolaLettura(); // what was read only in part must not be saved over the whole
+    }
+}
+
+void frmEditTrattamento::caricaTrattamento() {
+    const auto item = oTrattamenti->Carica(id_);
+    if (!item) return; // the window stays empty, without a word
+    if (EsisteLock(LOCK, id_)) {
+        setSolaLettura();
+        messaggio(QStringLiteral("Attenzione! Trattamento in uso ad altro utente!") + A_CAPO +
+                      QStringLiteral("Eventuali modifiche verranno tralasciate!"),
+                  platform::MB_WARNING);
+    } else {
+        CreaLock(LOCK, id_);
+        cbAnnulla_->setProperty(TAG, id_);
+    }
+    testata_->carica(*item);
+    denti_->caricaSituazione(item->SituazioneOrale);
+    for (const clsItemRigoTrattamento& rigo : item->righi)
+        righe_->aggiungi(rigo);
+}
+
+void frmEditTrattamento::setSolaLettura() {
+    solaLettura_ = true;
+    cbConferma_->setEnabled(false);
+    cbAnnulla_->setText(QStringLiteral("Chiudi"));
+    cbFattura_->setEnabled(false);
+    righe_->setSolaLettura();
+    denti_->setSolaLettura();
+    collegamenti_->setSolaLettura();
+}
+
+int frmEditTrattamento::exec() {
+    const QString numero = std::exchange(sRigoTrattamento, QString());
+    if (numero.isEmpty() || id_.isEmpty() || solaLettura_) return QDialog::exec();
+    setResult(QDialog::Rejected);
+    attivata_ = true;
+    const bool accettato = righe_->apriRigo(numero);
+    accettato ? conferma() : annulla();
+    return result();
+}
+
+void frmEditTrattamento::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (std::exchange(attivata_, true)) return;
+    primaAttivazione();
+}
+
+void frmEditTrattamento::primaAttivazione() {
+    if (id_.isEmpty() && oConfig && oConfig->AutomaticoRigoVuoto()) righe_->arma(RigheTrattamento::NUOVO);
+}
+
+void frmEditTrattamento::aggiornaDisegno() {
+    denti_->aggiorna(righe_->perIlDisegno());
+    totali_->aggiornaLavori(righe_->righi());
+}
+
+void frmEditTrattamento::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_F3:
+        premiTasto(0);
+        return;
+    case Qt::Key_F4:
+        premiTasto(1);
+        return;
+    case Qt::Key_F5:
+        premiTasto(2);
+        return;
+    default:
+        QDialog::keyPressEvent(event);
+    }
+}
+
+void frmEditTrattamento::premiTasto(int indice) {
+    if (schede_->currentWidget() == righe_)
+        righe_->premi(static_cast<RigheTrattamento::Comando>(indice));
+    else
+        collegamenti_->premiAppunti(indice);
+}
+
+// ------------------------------------------------------------------------------------------------------------ saving
+
+void frmEditTrattamento::conferma() {
+    try {
+        if (verifica() && salva()) confermato();
+    } catch (const std::exception& errore) {
+        messaggio(QStringLiteral("Attenzione! Riscontrati errori in salvataggio dati trattamento!") + A_CAPO +
+                      QStringLiteral("Errore: ") + QString::fromUtf8(errore.what()),
+                  platform::MB_WARNING);
+    }
+}
+
+bool frmEditTrattamento::verifica() {
+    const auto mancanza = testata_->verifica();
+    if (!mancanza) return true;
+    messaggio(mancanza->messaggio, platform::MB_WARNING);
+    mancanza->campo->setFocus();
+    return false;
+}
+
+clsItemTrattamento frmEditTrattamento::componi() {
+    clsItemTrattamento item;
+    item.ID = id_;
+    testata_->scrivi(item);
+    item.SituazioneOrale = denti_->situazioneOrale();
+    for (clsItemRigoTrattamento rigo : righe_->righi()) {
+        rigo.kanno = item.anno;
+        rigo.kprogressivo = item.progressivo;
+        item.righi.add(rigo.progressivo, rigo);
+    }
+    return item;
+}
+
+bool frmEditTrattamento::salva() {
+    if (id_.isEmpty()) {
+        // Another workstation may have taken the number meanwhile; the plan then silently takes the next one.
+        const QString numero = testata_->anno() + QLatin1Char('-') + testata_->progressivo();
+        if (EsisteProgressivo(oTrattamenti->t1(), numero))
+            testata_->setProgressivo(ProssimoProgressivo(oTrattamenti->t1(), testata_->anno()));
+    }
+    clsItemTrattamento item = componi();
+    if (!oTrattamenti->Salva(item)) {
+        const platform::Answer rivedere = messaggio(
+            QStringLiteral("Attenzione! Salvataggio non a buon fine! Vuoi rivedere i dati?"), platform::MB_QUESTION);
+        if (rivedere != platform::Answer::Yes) done(QDialog::Rejected);
+        return false;
+    }
+    id_ = item.ID;
+    if (host::Paziente* paziente = PazienteAperto()) paziente->GeneraEvento(paziente->corvala());
+    return true;
+}
+
+void frmEditTrattamento::confermato() {
+    liberaLock();
+    oTrattamenti->Refresh();
+    oHost->Framework().setDialogCancel(false);
+    RefreshTrattamenti(id_);
+    RefreshSintesi();
+    if (oViewTrattamenti && oHost->Archivio().Pannelli().PannelloCaricato(QStringLiteral("Corvala: Lista Trattamenti")))
+        oViewTrattamenti->RefreshPannello();
+    done(QDialog::Accepted);
+}
+
+// ----------------------------------------------------------------------------------------------------------- closing
+
+void frmEditTrattamento::annulla() {
+    if (id_.isEmpty() && collegamenti_->haCollegamenti()) {
+        const platform::Answer davvero = messaggio(
+            QStringLiteral("Nota Bene: Sono stati collegati degli allegati e/o aggiunti degli scarichi di magazzino!") +
+                A_CAPO + QStringLiteral("Attenzione! Vuoi davvero non salvare le modifiche?"),
+            platform::MB_QUESTION_DEFAULT_NO);
+        if (davvero != platform::Answer::Yes) return;
+    }
+    reject();
+}
+
+void frmEditTrattamento::reject() {
+    oHost->Framework().setDialogCancel(true);
+    done(QDialog::Rejected);
+}
+
+void frmEditTrattamento::done(int result) {
+    liberaLock();
+    QDialog::done(result);
+}
+
+void frmEditTrattamento::liberaLock() {
+    const QString tag = cbAnnulla_->property(TAG).toString();
+    if (tag.isEmpty()) return;
+    cbAnnulla_->setProperty(TAG, QString());
+    RimuoviLock(LOCK, tag);
+}
