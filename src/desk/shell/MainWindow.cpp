@@ -37,7 +37,7 @@ MainWindow::MainWindow(CommandList& commands)
     buildCentre();
     buildPanes();
     buildStatusBar();
-    resize(1280, 800);
+    resize(1400, 860);
     platform::FormRegistry::add(this);
 }
 

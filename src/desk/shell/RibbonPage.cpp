@@ -43,6 +43,8 @@ RibbonPage::RibbonPage(const QString& caption, CommandList& commands, QWidget* p
     groups_->addStretch();
     scroll_->setWidget(content);
     content->installEventFilter(this);
+    connect(scroll_->horizontalScrollBar(), &QScrollBar::rangeChanged, this, &RibbonPage::showArrows);
+    connect(scroll_->horizontalScrollBar(), &QScrollBar::valueChanged, this, &RibbonPage::showArrows);
     row->addWidget(left_);
     row->addWidget(scroll_, 1);
     row->addWidget(right_);
@@ -59,7 +61,6 @@ QToolButton* RibbonPage::arrow(Qt::ArrowType type, int step) {
     connect(button, &QToolButton::clicked, this, [this, step] {
         QScrollBar* bar = scroll_->horizontalScrollBar();
         bar->setValue(bar->value() + step);
-        showArrows();
     });
     return button;
 }
