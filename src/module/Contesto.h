@@ -1,0 +1,35 @@
+#pragma once
+
+#include "host/modComandi.h"
+
+#include <memory>
+
+namespace host {
+class Host;
+}
+
+/// The objects of the application context: makes them in their order, puts them where every room reaches them
+/// (host/context.h) and fills what lower rooms ask of higher ones. Owned by the Plugin; takes everything out of reach
+/// again when it ends.
+class Contesto {
+public:
+    explicit Contesto(host::Host& host);
+    ~Contesto();
+    Contesto(const Contesto&) = delete;
+    Contesto& operator=(const Contesto&) = delete;
+
+    Comandi& comandi() { return comandi_; }
+
+    /// The end of the run: host and configuration go, the other objects stay until the Plugin itself is ended, since
+    /// the host may still hold its panels.
+    void termina();
+
+private:
+    struct Oggetti;
+
+    void creaGestori();
+    void collega();
+
+    std::unique_ptr<Oggetti> oggetti_;
+    Comandi comandi_;
+};

@@ -1,0 +1,67 @@
+#include "module/Plugin.h"
+
+#include "chart/clsGraphical.h"
+#include "config/clsConfig.h"
+#include "host/context.h"
+#include "host/contract/Host.h"
+#include "host/frmOggetti.h"
+#include "module/CartellaModulo.h"
+#include "module/Contesto.h"
+#include "module/Passo.h"
+#include "module/modComandiModulo.h"
+#include "module/modPannelli.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+
+#include <optional>
+
+Plugin::Plugin() {
+    bTerminato = false;
+    if (sAppPath.isEmpty()) sAppPath = CartellaModulo();
+    oggetti_ = std::make_unique<frmOggetti>(frmOggetti::Servizi{
+        [] { return oConfig ? std::optional<int>(oConfig->MinuteRefresh()) : std::nullopt; }, AggiornaDatiPaziente});
+}
+
+Plugin::~Plugin() = default;
+
+bool Plugin::terminated() const {
+    return bTerminato;
+}
+
+void Plugin::Init(host::Host* host, const QVariant&) {
+    if (!host || bTerminato || contesto_) return;
+    try {
+        avvia(*host);
+    } catch (const std::exception& errore) {
+        motivo_ = QString::fromUtf8(errore.what());
+        Termina();
+    }
+}
+
+void Plugin::avvia(host::Host& host) {
+    contesto_ = std::make_unique<Contesto>(host);
+    registraComandiModulo(contesto_->comandi(), *oggetti_);
+    passo([] {
+        if (oHost->Utente().Items().GetITEM(QStringLiteral("plgCORVALA.Debug")) != QLatin1String("1")) return;
+        // Only the name is settled: support tools look for it, and nothing is written yet.
+        sLogFile = oHost->Utente().LogDir() + QStringLiteral("/plgCORVALA_") +
+                   platform::today().toString(QStringLiteral("yyyyMMdd")) + QStringLiteral(".log");
+    });
+    if (!oConfig->Init()) {
+        fallito(oConfig->LastError());
+        return;
+    }
+    oggetti_->setTimerAttivo(oConfig->MinuteRefresh() >= 1);
+    if (!oGraphical->Init(sAppPath + QStringLiteral("/Graphical.xml"))) fallito(oGraphical->LastError());
+}
+
+void Plugin::fallito(const QString& motivo) {
+    motivo_ = motivo;
+    passo([&] { platform::dialogs().message(motivo, platform::MB_CRITICAL, oConfig->ProductName()); });
+    Termina();
+}
+
+void Plugin::Termina() {
+    if (contesto_) contesto_->termina();
+    bTerminato = true;
+}

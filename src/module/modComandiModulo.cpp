@@ -1,0 +1,43 @@
+#include "module/modComandiModulo.h"
+
+#include "config/clsConfig.h"
+#include "host/context.h"
+#include "host/frmOggetti.h"
+#include "host/modComandi.h"
+#include "host/modForm.h"
+#include "platform/Dialogs.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QUrl>
+
+namespace {
+
+void paginaWeb() {
+    if (oConfig && !oConfig->WebInformation().isEmpty()) QDesktopServices::openUrl(QUrl(oConfig->WebInformation()));
+}
+
+QString inBlu(const QString& testo) {
+    return QStringLiteral("<Run Foreground='Blue' FontWeight='Bold'>%1</Run>").arg(testo.toHtmlEscaped());
+}
+
+void informazioni() {
+    if (!oConfig) return;
+    const QString aCapo = QStringLiteral("<LineBreak/>");
+    const QString testo = QStringLiteral("<TextBlock TextWrapping='Wrap'>"
+                                         "<Run Foreground='Red'>Tessara 5000 V6. Modulo Odontoiatrico</Run>") +
+                          aCapo + aCapo + QStringLiteral("Versione Plugin CORVALA: ") +
+                          inBlu(QStringLiteral(CORVALA_VERSION)) + aCapo + QStringLiteral("Percorso configurazione: ") +
+                          inBlu(QDir::toNativeSeparators(oConfig->FileName())) + QStringLiteral("</TextBlock>");
+    MessaggioTask(testo, platform::MB_INFORMATION, QStringLiteral("Tessara 5000 V6"));
+}
+
+} // namespace
+
+// "CRVL.main.userdata" has no action, on purpose: a hook for the practice's own data.
+void registraComandiModulo(Comandi& comandi, frmOggetti& oggetti) {
+    comandi.add(QStringLiteral("CRVL.main.webinfo"), paginaWeb);
+    comandi.add(QStringLiteral("CRVL.main.refresh"), [&oggetti] { oggetti.RefreshDatiPaziente(); });
+    comandi.add(QStringLiteral("CRVL.main.setup"), FunzioneNonDisponibile);
+    comandi.add(QStringLiteral("CRVL.main.about"), informazioni);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace host {
+class View;
+}
+
+// The lists that the module gives the host's archive as panels.
+
+/// Names of the panels, in the order in which the host is told them.
+QStringList NomiPannelli();
+
+/// The list behind a panel; null for a panel of somebody else.
+host::View* VistaPannello(const QString& nome);
+
+/// Rereads everything shown for the open patient: child windows and loaded panels. One that fails does not keep the
+/// others.
+void AggiornaDatiPaziente();
