@@ -24,12 +24,15 @@ TEST_F(CrashTest, AKilledProgramLeavesOldOrNewRecordsOnly) {
         QProcess helper;
         helper.start(QStringLiteral(DESK_DATA_HELPER), {QStringLiteral("save"), path(), patientId});
         ASSERT_TRUE(helper.waitForStarted());
-        ASSERT_TRUE(helper.waitForReadyRead()) << helper.readAllStandardError().toStdString();
-        QThread::usleep(random.bounded(60000U));
+        QByteArray announced;
+        for (const int saves = random.bounded(25); announced.count('\n') < saves;
+             announced += helper.readAllStandardOutput())
+            ASSERT_TRUE(helper.waitForReadyRead()) << helper.readAllStandardError().toStdString();
+        QThread::usleep(random.bounded(20000U)); // from the opening to the middle of a save
         helper.kill();
         ASSERT_TRUE(helper.waitForFinished());
         ASSERT_EQ(helper.exitStatus(), QProcess::CrashExit) << "it was to be killed, not to end by itself";
-        const QList<QByteArray> lines = helper.readAllStandardOutput().split('\n');
+        const QList<QByteArray> lines = (announced + helper.readAllStandardOutput()).split('\n');
         for (const QByteArray& line : lines.mid(0, lines.size() - 1)) {
             const QList<QByteArray> idAndCount = line.split(' ');
             confirmed.insert(QString::fromLatin1(idAndCount.value(0)), idAndCount.value(1).toInt());
@@ -48,5 +51,5 @@ TEST_F(CrashTest, AKilledProgramLeavesOldOrNewRecordsOnly) {
                 << "a confirmed save is lost";
         }
     }
-    EXPECT_GT(confirmed.size(), 12) << "too few saves for the kills to have met one";
+    EXPECT_GT(confirmed.size(), 8) << "the kills met hardly a save";
 }
