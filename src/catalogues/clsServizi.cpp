@@ -37,7 +37,7 @@ QString required(const XmlNode& node, const char* attribute) {
     return *value;
 }
 
-clsItemServizio read(const XmlNode& node) {
+clsItemServizio readEntry(const XmlNode& node) {
     clsAES aes;
     clsItemServizio item;
     item.ID = required(node, "ID");
@@ -122,7 +122,15 @@ bool clsServizi::save(const XmlDocument& document) {
 }
 
 const clsItemServizio* clsServizi::Carica(const QString& id) {
-    return Lista().find(id);
+    const platform::Collection<clsItemServizio>& lista = Lista();
+    // Rows nearly always spell a code as the catalogue does, and a long list of plans asks for every price.
+    const auto spelled = exact_.constFind(id);
+    return spelled == exact_.cend() ? lista.find(id) : &lista[*spelled];
+}
+
+void clsServizi::Refresh() {
+    lista_.reset();
+    exact_.clear();
 }
 
 const clsItemServizio* clsServizi::CaricaDaDescrizione(const QString& descrizione) {
@@ -149,16 +157,22 @@ bool clsServizi::Elimina(const QString& id) {
 const platform::Collection<clsItemServizio>& clsServizi::Lista() {
     if (lista_) return *lista_;
     lista_.emplace(); // Kept at once: a file that cannot be read gives an empty list until the next Refresh.
+    read();
+    for (std::size_t place = 0; place < lista_->size(); ++place)
+        exact_.insert((*lista_)[place].ID, place);
+    return *lista_;
+}
+
+void clsServizi::read() {
     XmlDocument document;
-    if (!document.loadFile(file_())) return *lista_;
+    if (!document.loadFile(file_())) return;
     try {
         for (const XmlNode& node : document.select(ENTRIES)) {
-            clsItemServizio item = read(node);
+            clsItemServizio item = readEntry(node);
             const QString key = item.ID;
             lista_->add(key, std::move(item));
         }
     } catch (const XmlError&) {               // An incomplete entry: those before it stand.
     } catch (const platform::DuplicateKey&) { // Likewise.
     }
-    return *lista_;
 }

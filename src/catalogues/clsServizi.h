@@ -3,6 +3,7 @@
 #include "catalogues/clsItemServizio.h"
 #include "platform/Collection.h"
 
+#include <QHash>
 #include <QString>
 #include <functional>
 #include <optional>
@@ -27,15 +28,17 @@ public:
     const clsItemServizio* Carica(const QString& id);
     const clsItemServizio* CaricaDaDescrizione(const QString& descrizione);
     bool Elimina(const QString& id); ///< True when the code was not there; see the definition for the other case.
-    void Refresh() { lista_.reset(); }
+    void Refresh();
     /// In file order. Reading ends without a word at an entry that is incomplete or has the key of one before it.
     const platform::Collection<clsItemServizio>& Lista();
 
 private:
     bool replace(const platform::XmlDocument& document, const clsItemServizio& item) const;
     void append(const platform::XmlDocument& document, const clsItemServizio& item) const;
+    void read();
     bool save(const platform::XmlDocument& document);
 
     FileProvider file_;
     std::optional<platform::Collection<clsItemServizio>> lista_;
+    QHash<QString, std::size_t> exact_; ///< Position by the code as the file spells it.
 };
