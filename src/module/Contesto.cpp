@@ -16,7 +16,9 @@
 #include "periodontal/clsParadontale.h"
 #include "periodontal/clsViewSondaggi.h"
 #include "platform/Collection.h"
+#include "treatments/ApriTrattamento.h"
 #include "treatments/clsTrattamenti.h"
+#include "treatments/clsViewTrattamenti.h"
 #include "treatments/modTrattamenti.h"
 
 #include <initializer_list>
@@ -33,6 +35,7 @@ struct Contesto::Oggetti {
     clsFatture fatture;
     clsViewFatture viewFatture{fatture};
     clsTrattamenti trattamenti;
+    clsViewTrattamenti viewTrattamenti;
     clsParadontale paradontale;
     clsViewSondaggi viewSondaggi{paradontale};
     clsPagamenti pagamenti;
@@ -60,6 +63,7 @@ void Contesto::creaGestori() {
     oFatture = &oggetti_->fatture;
     oViewFatture = &oggetti_->viewFatture;
     oTrattamenti = &oggetti_->trattamenti;
+    oViewTrattamenti = &oggetti_->viewTrattamenti;
     oParadontale = &oggetti_->paradontale;
     oViewSondaggi = &oggetti_->viewSondaggi;
     oPagamenti = &oggetti_->pagamenti;
@@ -67,7 +71,7 @@ void Contesto::creaGestori() {
     oServizi = &oggetti_->servizi;
     // The list of probings keeps its default on purpose: it has no column that repeats the patient.
     for (clsViewBase* vista :
-         std::initializer_list<clsViewBase*>{oViewPreventivi, oViewFatture, oViewPagamenti}) {
+         std::initializer_list<clsViewBase*>{oViewPreventivi, oViewFatture, oViewTrattamenti, oViewPagamenti}) {
         vista->setLikePannello(true);
     }
     for (QString* id : {&sIDPreventivo, &sIDFattura, &sIDTrattamento, &sIDPagamento, &sIDParadontale, &sLogFile})
@@ -80,6 +84,7 @@ void Contesto::collega() {
     agganci.refreshGUITrattamento = [] {
         if (oConfig) oConfig->RefreshGUITrattamento();
     };
+    registraTrattamenti(comandi_);
 }
 
 void Contesto::termina() {

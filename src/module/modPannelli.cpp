@@ -8,6 +8,7 @@
 #include "module/Passo.h"
 #include "payments/clsViewPagamenti.h"
 #include "periodontal/clsViewSondaggi.h"
+#include "treatments/clsViewTrattamenti.h"
 
 namespace {
 
@@ -32,6 +33,7 @@ QStringList NomiPannelli() {
 
 host::View* VistaPannello(const QString& nome) {
     if (nome == PREVENTIVI) return oViewPreventivi;
+    if (nome == TRATTAMENTI) return oViewTrattamenti;
     if (nome == FATTURE) return oViewFatture;
     if (nome == PAGAMENTI) return oViewPagamenti;
     if (nome == SONDAGGI) return oViewSondaggi;
