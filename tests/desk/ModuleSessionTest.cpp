@@ -86,6 +86,15 @@ TEST_F(DeskModuleSession, AFailedStartIsRefusedWithItsReason) {
     EXPECT_TRUE(control<QWidget>("barraAvviso")->isHidden());
 }
 
+TEST_F(DeskModuleSession, ASecondModuleIsRefusedAndTheFirstGoesOn) {
+    attach();
+    DeskModuleRun second;
+    EXPECT_FALSE(desk_->attachModule(std::make_unique<DeskTestModule>(second)));
+    EXPECT_TRUE(second.events.isEmpty());
+    EXPECT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0302")));
+    EXPECT_EQ(run_.events.last(), QStringLiteral("execute 70001"));
+}
+
 TEST_F(DeskModuleSession, AnEventThatThrowsStopsNothingElse) {
     attach();
     run_.throwOn = QStringLiteral("form.load");

@@ -4,11 +4,13 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTreeView>
 
-class PatientPanel : public DeskFixture {
+class DeskPatientPanel : public DeskFixture {
 protected:
     void SetUp() override {
         attach();
@@ -34,7 +36,7 @@ protected:
     int row_ = 0;
 };
 
-TEST_F(PatientPanel, TheViewAdaptsTheMenuAndGetsTheChosenCommand) {
+TEST_F(DeskPatientPanel, TheViewAdaptsTheMenuAndGetsTheChosenCommand) {
     dialogs_.choice = QStringLiteral("Duplica");
     emit grid_->rowRightClicked(grid_->rowRecord(row_), 0);
     EXPECT_EQ(dialogs_.menu,
@@ -47,7 +49,7 @@ TEST_F(PatientPanel, TheViewAdaptsTheMenuAndGetsTheChosenCommand) {
         << "a dismissed menu does something, or the command goes to another row";
 }
 
-TEST_F(PatientPanel, ADoubleClickEditsAndRefreshesOnlyAfterAConfirm) {
+TEST_F(DeskPatientPanel, ADoubleClickEditsAndRefreshesOnlyAfterAConfirm) {
     whenModal("frmEditProva", [](QWidget& editor) { static_cast<QDialog&>(editor).reject(); });
     const int before = run_.view.refreshes;
     doubleClick(row_);
@@ -61,7 +63,7 @@ TEST_F(PatientPanel, ADoubleClickEditsAndRefreshesOnlyAfterAConfirm) {
     EXPECT_EQ(grid_->focusedRecord()->cell(0).value, QStringLiteral("Modificato"));
 }
 
-TEST_F(PatientPanel, IsLoadedExactlyWhileThePatientIsOpen) {
+TEST_F(DeskPatientPanel, IsLoadedExactlyWhileThePatientIsOpen) {
     const host::Pannelli& panels = desk_->host().Archivio().Pannelli();
     EXPECT_TRUE(panels.PannelloCaricato(DeskTestModule::panelName()));
     EXPECT_FALSE(panels.PannelloCaricato(QStringLiteral("Prova: Senza vista")));
@@ -71,14 +73,23 @@ TEST_F(PatientPanel, IsLoadedExactlyWhileThePatientIsOpen) {
     EXPECT_TRUE(panels.PannelloCaricato(DeskTestModule::panelName()));
 }
 
-TEST_F(PatientPanel, AViewThatFailsIsToldAndLeavesTheDesk) {
+TEST_F(DeskPatientPanel, ClosingTheTabClosesThePatient) {
+    auto* area = control<QMdiArea>("area");
+    area->activeSubWindow()->close();
+    QApplication::processEvents();
+    EXPECT_EQ(desk_->host().paziente(), nullptr);
+    EXPECT_EQ(run_.events.last(), QStringLiteral("chiuditutto"));
+    EXPECT_TRUE(area->subWindowList().isEmpty());
+}
+
+TEST_F(DeskPatientPanel, AViewThatFailsIsToldAndLeavesTheDesk) {
     run_.view.failOnRefresh = true;
     ASSERT_TRUE(desk_->openPatient(verdi_));
     EXPECT_TRUE(desk_->window()->statusBar()->currentMessage().contains(QLatin1String("archivio non raggiungibile")));
     EXPECT_EQ(control<QTabWidget>("schede(0)")->tabText(0), QStringLiteral("Lista Prova"));
 }
 
-TEST_F(PatientPanel, TheLayoutPlacesPanelsAndMistakesInItChangeNothing) {
+TEST_F(DeskPatientPanel, TheLayoutPlacesPanelsAndMistakesInItChangeNothing) {
     framework().setLayoutPredefinito(QStringLiteral("<Layout><Panel caption='Altro'/>"
                                                     "<Panel caption='Prova: Lista Prova' visible='0'/></Layout>"));
     framework().setLayoutPredefinito(QStringLiteral("<Layout><Panel"));
@@ -90,7 +101,7 @@ TEST_F(PatientPanel, TheLayoutPlacesPanelsAndMistakesInItChangeNothing) {
     EXPECT_TRUE(desk_->host().Archivio().Pannelli().PannelloCaricato(DeskTestModule::panelName()));
 }
 
-TEST_F(PatientPanel, TheHeaderTellsWhoIsOpen) {
+TEST_F(DeskPatientPanel, TheHeaderTellsWhoIsOpen) {
     platform::setClock(QDateTime(QDate(2025, 12, 31), QTime(9, 0)));
     ASSERT_TRUE(desk_->openPatient(verdi_));
     EXPECT_EQ(control<QLabel>("laNome")->text(), QStringLiteral("Verdi Nicolò"));

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QTreeView>
 
-class PatientSearchWindow : public DeskFixture {
+class DeskPatientSearch : public DeskFixture {
 protected:
     using Act = std::function<void(QLineEdit&, platform::ReportGrid&, QWidget&)>;
 
@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(PatientSearchWindow, FollowsTheTypingAndEnterChooses) {
+TEST_F(DeskPatientSearch, FollowsTheTypingAndEnterChooses) {
     const QString chosen = search([](QLineEdit& text, platform::ReportGrid& grid, QWidget&) {
         EXPECT_EQ(grid.rowCount(), 3);
         QTest::keyClicks(&text, QStringLiteral("ross"));
@@ -34,7 +34,7 @@ TEST_F(PatientSearchWindow, FollowsTheTypingAndEnterChooses) {
     EXPECT_EQ(chosen, QStringLiteral("RSSMRA80A01H501U"));
 }
 
-TEST_F(PatientSearchWindow, ArrowsWalkWhileTyping) {
+TEST_F(DeskPatientSearch, ArrowsWalkWhileTyping) {
     const QString chosen = search([](QLineEdit& text, platform::ReportGrid&, QWidget&) {
         QTest::keyClicks(&text, QStringLiteral("ross"));
         QTest::keyClick(&text, Qt::Key_Down);
@@ -43,7 +43,7 @@ TEST_F(PatientSearchWindow, ArrowsWalkWhileTyping) {
     EXPECT_EQ(chosen, QStringLiteral("RSSDAA62D41L219K"));
 }
 
-TEST_F(PatientSearchWindow, ADoubleClickChooses) {
+TEST_F(DeskPatientSearch, ADoubleClickChooses) {
     const QString chosen = search([](QLineEdit&, platform::ReportGrid& grid, QWidget&) {
         const QModelIndex verdi = grid.view()->model()->index(2, 0);
         const QPoint place = grid.view()->visualRect(verdi).center();
@@ -53,7 +53,7 @@ TEST_F(PatientSearchWindow, ADoubleClickChooses) {
     EXPECT_EQ(chosen, QStringLiteral("VRDNCL75C10F205X"));
 }
 
-TEST_F(PatientSearchWindow, StartsInTheColumnAskedForAndEscapeCancels) {
+TEST_F(DeskPatientSearch, StartsInTheColumnAskedForAndEscapeCancels) {
     const QString chosen = search(
         [](QLineEdit& text, platform::ReportGrid& grid, QWidget& window) {
             EXPECT_EQ(text.text(), QStringLiteral("VRD"));
@@ -66,7 +66,7 @@ TEST_F(PatientSearchWindow, StartsInTheColumnAskedForAndEscapeCancels) {
     EXPECT_TRUE(chosen.isEmpty());
 }
 
-TEST_F(PatientSearchWindow, NothingFoundCannotBeOpened) {
+TEST_F(DeskPatientSearch, NothingFoundCannotBeOpened) {
     search([](QLineEdit& text, platform::ReportGrid& grid, QWidget& window) {
         QTest::keyClicks(&text, QStringLiteral("zz'%"));
         EXPECT_EQ(grid.rowCount(), 0);
@@ -77,7 +77,7 @@ TEST_F(PatientSearchWindow, NothingFoundCannotBeOpened) {
     });
 }
 
-TEST_F(PatientSearchWindow, TheRibbonCommandOpensTheChosenPatient) {
+TEST_F(DeskPatientSearch, TheRibbonCommandOpensTheChosenPatient) {
     whenModal("frmCercaPaziente", [](QWidget& window) {
         auto* text = window.findChild<QLineEdit*>(QStringLiteral("tbCerca"));
         QTest::keyClicks(text, QStringLiteral("verdi"));

@@ -55,7 +55,8 @@ Desk::Parts::~Parts() {
 }
 
 bool Desk::Parts::attach(std::unique_ptr<host::PluginInterface> newModule) {
-    endModule();
+    // Its tab and menus cannot be taken back, so a desk serves one module in its life.
+    if (module) return refuseModule(QStringLiteral("un altro modulo \u00e8 gi\u00e0 attivo."));
     try {
         module = std::make_unique<ModuleSession>(std::move(newModule), host, [this](const QString& why) {
             moduleError = QStringLiteral("Modulo: ") + why;
@@ -77,7 +78,9 @@ bool Desk::Parts::attach(std::unique_ptr<host::PluginInterface> newModule) {
 }
 
 bool Desk::Parts::refuseModule(const QString& why) {
-    moduleError = QStringLiteral("Il programma lavora senza modulo: ") + why;
+    moduleError = (module ? QStringLiteral("Il modulo non viene caricato: ")
+                          : QStringLiteral("Il programma lavora senza modulo: ")) +
+                  why;
     window.showWarning(moduleError);
     return false;
 }
