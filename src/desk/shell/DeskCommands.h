@@ -13,6 +13,8 @@ enum DeskCommand : qint32 {
     CHIUDI_PAZIENTE = 2,
     ESCI = 3,
     INFORMAZIONI = 5,
+    NUOVO_PAZIENTE = 6,
+    DATI_ANAGRAFICI = 7,
 };
 
 /// Fills the ribbon with the desk's own tabs. The numbers of the commands are part of the contract: modules look them

@@ -4,6 +4,7 @@
 #include "desk/shell/DeskCommands.h"
 #include "desk/shell/Guarded.h"
 #include "desk/shell/PatientDesk.h"
+#include "desk/shell/PatientEditor.h"
 #include "desk/shell/PatientSearch.h"
 #include "desk/shell/RibbonBar.h"
 #include "host/contract/PluginInterface.h"
@@ -21,6 +22,7 @@ namespace desk {
 namespace {
 
 constexpr int STATUS_MILLISECONDS = 15000;
+constexpr int DOCTOR = 0; ///< Kind of user.
 
 } // namespace
 
@@ -117,7 +119,8 @@ void Desk::Parts::showPatient(const PatientData& data) {
             [this] { QTimer::singleShot(0, this, [this] { closePatient(); }); });
     connect(desk, &PatientDesk::failed, this, &Parts::tell);
     window.showPatient(data.Cognome + QLatin1Char(' ') + data.Nome);
-    commands.find(CHIUDI_PAZIENTE)->setEnabled(true);
+    for (const qint32 id : {CHIUDI_PAZIENTE, DATI_ANAGRAFICI})
+        commands.find(id)->setEnabled(true);
     // The module forgets the patient before, only then the panels ask it for the records of this one.
     if (module) module->formLoad(*desk);
     if (patientDesk != desk) return;
@@ -142,7 +145,8 @@ void Desk::Parts::closePatient() {
         window.children().discard(desk);
     }
     window.showPatient(QString());
-    commands.find(CHIUDI_PAZIENTE)->setEnabled(false);
+    for (const qint32 id : {CHIUDI_PAZIENTE, DATI_ANAGRAFICI})
+        commands.find(id)->setEnabled(false);
 }
 
 bool Desk::Parts::closeEverything() {
@@ -182,6 +186,12 @@ void Desk::Parts::run(const Command& command) {
         case CHIUDI_PAZIENTE:
             closePatient();
             break;
+        case NUOVO_PAZIENTE:
+            addPatient();
+            break;
+        case DATI_ANAGRAFICI:
+            editPatient();
+            break;
         case ESCI:
             window.close();
             break;
@@ -199,6 +209,31 @@ void Desk::Parts::searchPatient() {
     const QString id = choosePatient(QString(), QStringLiteral("Cognome e Nome"));
     if (id.isEmpty()) return;
     if (!openPatient(id)) tell(QStringLiteral("Il paziente scelto non \u00e8 pi\u00f9 nell'archivio."));
+}
+
+void Desk::Parts::addPatient() {
+    PatientData data;
+    if (practice->user().tipo() == DOCTOR) data.idMedico = practice->user().ID();
+    const QString id = runEditor(data);
+    if (!id.isEmpty()) openPatient(id);
+}
+
+void Desk::Parts::editPatient() {
+    if (!host.paziente()) return;
+    const std::optional<PatientData> data = practice->patients().load(host.paziente()->ID());
+    const QString id = data ? runEditor(*data) : QString();
+    if (id.isEmpty()) return;
+    // Everybody who holds the old data reads them again, as for another patient.
+    closePatient();
+    openPatient(id);
+}
+
+QString Desk::Parts::runEditor(const PatientData& data) {
+    QList<UserData> doctors = practice->users().all();
+    doctors.removeIf([](const UserData& user) { return user.tipo != DOCTOR; });
+    PatientEditor editor(practice->patients(), doctors, &window);
+    editor.fill(data);
+    return editor.exec() == QDialog::Accepted ? editor.patient().ID : QString();
 }
 
 void Desk::Parts::showInformation() {

@@ -36,6 +36,9 @@ struct Desk::Parts : public QObject {
 
     void run(const Command& command);
     void searchPatient();
+    void addPatient();
+    void editPatient();
+    QString runEditor(const PatientData& data); ///< Id of the saved patient; empty after a cancel.
     void showInformation();
     void tell(const QString& why);
 

@@ -22,7 +22,7 @@ namespace desk {
 
 namespace {
 
-constexpr qint32 MAIN_COMMANDS[] = {CERCA_PAZIENTE, CHIUDI_PAZIENTE, 6, 7, 10, 11, 12, 20};
+constexpr qint32 MAIN_COMMANDS[] = {CERCA_PAZIENTE, CHIUDI_PAZIENTE, NUOVO_PAZIENTE, DATI_ANAGRAFICI, 10, 11, 12, 20};
 
 } // namespace
 
@@ -60,6 +60,8 @@ void MainWindow::buildMenu() {
     const QString patient = QStringLiteral("Mpaziente");
     menu_->addMenu(patient, QStringLiteral("&Paziente"));
     menu_->addCommand(patient, *commands_.find(CERCA_PAZIENTE), QKeySequence(Qt::CTRL | Qt::Key_F));
+    menu_->addCommand(patient, *commands_.find(NUOVO_PAZIENTE), QKeySequence(Qt::CTRL | Qt::Key_N));
+    menu_->addCommand(patient, *commands_.find(DATI_ANAGRAFICI));
     menu_->addCommand(patient, *commands_.find(CHIUDI_PAZIENTE));
     menu_->addSeparator(patient);
     menu_->addCommand(patient, *commands_.find(ESCI), QKeySequence(Qt::CTRL | Qt::Key_Q));
