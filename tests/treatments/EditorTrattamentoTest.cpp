@@ -1,0 +1,348 @@
+#include "treatments/frmEditTrattamento.h"
+
+#include "StudioDiProva.h"
+#include "platform/Files.h"
+#include "platform/FormLayout.h"
+#include "platform/ReportGrid.h"
+#include "store/modLock.h"
+#include "treatments/ApriTrattamento.h"
+#include "treatments/MemoTrattamento.h"
+#include "treatments/RigoInGriglia.h"
+
+#include <QApplication>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+using platform::ReportGrid;
+using platform::form::arrayName;
+using namespace rigogriglia;
+
+namespace {
+
+/// The editor as a person works it, by the names of its controls.
+class Editor : public StudioDiProva {
+protected:
+    void apri(const QString& id) {
+        finestra_.reset();
+        sIDTrattamento = id;
+        finestra_ = std::make_unique<frmEditTrattamento>();
+        finestra_->show();
+        QTest::qWait(1);
+    }
+    template <class T>
+    T* trova(const QString& nome) {
+        T* trovato = finestra_->findChild<T*>(nome);
+        EXPECT_NE(trovato, nullptr) << nome.toStdString();
+        return trovato;
+    }
+    QLineEdit* dato(int indice) { return trova<QLineEdit>(arrayName("tbDati", indice)); }
+    ReportGrid* righi() { return trova<ReportGrid>(QStringLiteral("rcRighi")); }
+    QString cella(int riga, int colonna) { return righi()->rowRecord(riga)->cell(colonna).value; }
+    void premi(const QString& nome) {
+        QTest::mouseClick(trova<QPushButton>(nome), Qt::LeftButton);
+        QTest::qWait(1);
+    }
+    void conferma() { premi(QStringLiteral("cbConferma")); }
+    void scrivi(int riga, int colonna, const QString& testo) {
+        EXPECT_TRUE(righi()->enterText(riga, colonna, testo)) << riga << ' ' << colonna;
+        QTest::qWait(1);
+    }
+    void nuovoRigo(const QString& servizio, const QString& denti = {}) {
+        premi(arrayName("cbRighi", 0));
+        const int riga = righi()->rowCount() - 1;
+        scrivi(riga, SERVIZIO, servizio);
+        if (!denti.isEmpty()) scrivi(riga, DENTE, denti);
+    }
+    void scegliRiga(int riga) { righi()->setFocusedRecord(righi()->rowRecord(riga)); }
+    void tasto(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(righi()->view(), key, modifiers);
+        QTest::qWait(1);
+    }
+
+    std::unique_ptr<frmEditTrattamento> finestra_;
+};
+
+} // namespace
+
+TEST_F(Editor, StoresANewPlanAsWorkedInTheWindow) {
+    apri(QString());
+    EXPECT_EQ(dato(0)->text(), QStringLiteral("2026"));
+    EXPECT_EQ(dato(1)->text(), QStringLiteral("0001"));
+    QTest::keyClicks(dato(2), QStringLiteral("Piano di prova"));
+    trova<QPlainTextEdit>(QStringLiteral("tbDati(7)"))->setPlainText(QStringLiteral("Una nota\ne un'altra"));
+    nuovoRigo(QStringLiteral("VISITA"));
+    nuovoRigo(QStringLiteral("CORONA"), QStringLiteral("+1.1;1.2"));
+    scrivi(0, INIZIO, QStringLiteral("1/3/2026"));
+    scrivi(0, FINE, QStringLiteral("02/03/2026"));
+    scrivi(1, OPERATORE, QStringLiteral("Marchetti dott. Paolo"));
+    scrivi(1, ASSISTENTE, QStringLiteral("Conti Giulia"));
+    scrivi(1, NOTE, QStringLiteral("da rivedere"));
+    EXPECT_EQ(trova<QLineEdit>(QStringLiteral("tbTotale(0)"))->text(), QStringLiteral("60,00"));
+    EXPECT_EQ(trova<QLineEdit>(QStringLiteral("tbTotale(1)"))->text(), QStringLiteral("1400,00"));
+    conferma();
+
+    EXPECT_FALSE(finestra_->isVisible());
+    EXPECT_FALSE(oHost->Framework().DialogCancel());
+    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    const auto stored = riga(QStringLiteral("2026-0001"));
+    ASSERT_TRUE(stored);
+    EXPECT_EQ(stored->descrizione, QStringLiteral("Piano di prova"));
+    const char atteso[] =
+        "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n"
+        "<trattamento anno=\"2026\" progressivo=\"0001\" data=\"10/03/2026\" fatturaAnticipo=\"\" >\r\n"
+        "\t<paziente codiceFiscale=\"RSSMRA80A01H501U\">Um9zc2kgTWFyaW8=</paziente>\r\n"
+        "\t<medico codiceFiscale=\"MRCPLA68S03H501R\">TWFyY2hldHRpIGRvdHQuIFBhb2xv</medico>\r\n"
+        "\t<righi>\r\n"
+        "\t\t<rigo progressivo=\"01\" denti=\"\" servizio=\"VISITA\" descrizione=\"VmlzaXRhIG9kb250b2lhdHJpY2E=\" "
+        "ragruppamento=\"01\" operatore=\"\" assistente=\"\" inizioLavori=\"01/03/2026\" fineLavori=\"02/03/2026\" "
+        "statusLavori=\"\" fattura=\"\" prezzo=\"0,00\" fuoriPreventivo=\"0\" note=\"\" />\r\n"
+        "\t\t<rigo progressivo=\"02\" denti=\"+7;6\" servizio=\"CORONA\" "
+        "descrizione=\"Q29yb25hIGluIHppcmNvbmlhLWNlcmFtaWNh\" ragruppamento=\"07\" operatore=\"MRCPLA68S03H501R\" "
+        "assistente=\"CNTGLI91B67H501L\" inizioLavori=\"\" fineLavori=\"\" "
+        "statusLavori=\"UHJlcGFyYXppb25lDQpJbXByb250YQ0KUHJvdmENCkNlbWVudGF6aW9uZQ==\" fattura=\"\" prezzo=\"0,00\" "
+        "fuoriPreventivo=\"0\" note=\"ZGEgcml2ZWRlcmU=\" />\r\n"
+        "\t</righi>\r\n"
+        "\t<descrizione>UGlhbm8gZGkgcHJvdmE=</descrizione>\r\n"
+        "\t<annotazioni>VW5hIG5vdGENCmUgdW4nYWx0cmE=</annotazioni>\r\n"
+        "\t<situazioneOrale></situazioneOrale>\r\n"
+        "</trattamento>";
+    EXPECT_EQ(stored->m1.toStdString(), std::string(atteso));
+}
+
+TEST_F(Editor, NamesWhatKeepsThePlanFromBeingSaved) {
+    struct Caso {
+        const char *anno, *progressivo, *messaggio;
+        int campo;
+    };
+    const Caso casi[] = {
+        {" ", "1", "Attenzione! Anno di riferimento mancante", 0},
+        {"2026", " ", "Attenzione! Progressivo mancante", 1},
+        {"20AB", "1", "Attenzione! Anno di riferimento errato!", 0},
+        {"2026", "12A", "Attenzione! Progressivo di riferimento errato!", 1},
+    };
+    apri(QString());
+    for (const Caso& caso : casi) {
+        SCOPED_TRACE(caso.messaggio);
+        dato(0)->setText(QLatin1String(caso.anno));
+        dato(1)->setText(QLatin1String(caso.progressivo));
+        conferma();
+        EXPECT_EQ(dialoghi_.messaggi.value(0), QLatin1String(caso.messaggio));
+        EXPECT_EQ(dialoghi_.valori.value(0), 48);
+        EXPECT_EQ(dialoghi_.titoli.value(0), QStringLiteral("Tessara 5000. CORVALA"));
+        EXPECT_EQ(QApplication::focusWidget(), dato(caso.campo));
+        EXPECT_TRUE(finestra_->isVisible());
+        dialoghi_.messaggi.clear();
+    }
+    dato(0)->setText(QStringLiteral("2026"));
+    dato(1)->setText(QStringLiteral("12"));
+    conferma();
+    EXPECT_TRUE(riga(QStringLiteral("2026-0012"))); // a plan without rows or description is a plan
+}
+
+TEST_F(Editor, TakesTheNextNumberWhenItsOwnWasTakenMeanwhile) {
+    apri(QString());
+    const QString proposto = dato(1)->text();
+    salvato(QStringLiteral("2026"), proposto);
+    QTest::keyClicks(dato(2), QStringLiteral("Secondo"));
+    conferma();
+    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    ASSERT_TRUE(riga(QStringLiteral("2026-0002")));
+    EXPECT_EQ(riga(QStringLiteral("2026-0002"))->descrizione, QStringLiteral("Secondo"));
+}
+
+TEST_F(Editor, OpensReadOnlyWhatIsInUseAndLeavesTheOthersLock) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0007")).ID;
+    sIDTrattamento = id;
+    frmEditTrattamento primo;
+    EXPECT_TRUE(EsisteLock(QStringLiteral("Trattamento"), id));
+    EXPECT_EQ(primo.findChild<QPushButton*>(QStringLiteral("cbAnnulla"))->property("Tag").toString(), id);
+
+    apri(id);
+    EXPECT_EQ(dialoghi_.messaggi, QStringList{QStringLiteral("Attenzione! Trattamento in uso ad altro utente!\r\n"
+                                                             "Eventuali modifiche verranno tralasciate!")});
+    for (const char* nome : {"cbConferma", "cbRighi(0)", "cbRighi(2)", "cbAppunti(0)", "cbAppunti(2)", "cbFattura"})
+        EXPECT_FALSE(trova<QPushButton>(QLatin1String(nome))->isEnabled()) << nome;
+    EXPECT_EQ(trova<QPushButton>(QStringLiteral("cbRighi(1)"))->text(), QStringLiteral("dettagli"));
+    EXPECT_EQ(trova<QPushButton>(QStringLiteral("cbAppunti(1)"))->text(), QStringLiteral("dettagli"));
+    EXPECT_EQ(trova<QPushButton>(QStringLiteral("cbAnnulla"))->text(), QStringLiteral("Chiudi"));
+    premi(QStringLiteral("cbAnnulla"));
+    EXPECT_FALSE(finestra_->isVisible());
+    EXPECT_TRUE(EsisteLock(QStringLiteral("Trattamento"), id));
+
+    QTest::keyClick(&primo, Qt::Key_Escape);
+    EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), id));
+}
+
+TEST_F(Editor, DropsTheChangesOnEscapeWithoutAQuestion) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0007")).ID;
+    const QString memo = riga(QStringLiteral("2026-0007"))->m1;
+    apri(id);
+    EXPECT_FALSE(dato(0)->isEnabled());
+    EXPECT_FALSE(dato(1)->isEnabled());
+    nuovoRigo(QStringLiteral("VISITA"));
+    QTest::keyClick(finestra_.get(), Qt::Key_Escape);
+    EXPECT_FALSE(finestra_->isVisible());
+    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(oHost->Framework().DialogCancel());
+    EXPECT_EQ(riga(QStringLiteral("2026-0007"))->m1, memo);
+}
+
+TEST_F(Editor, AsksWhetherToGoOnWhenTheHostCannotSave) {
+    apri(QString());
+    desk_->closePatient();
+    dialoghi_.risposta = platform::Answer::Yes;
+    conferma();
+    EXPECT_EQ(dialoghi_.messaggi.value(0),
+              QStringLiteral("Attenzione! Salvataggio non a buon fine! Vuoi rivedere i dati?"));
+    EXPECT_EQ(dialoghi_.valori.value(0), 36);
+    EXPECT_TRUE(finestra_->isVisible());
+    dialoghi_.risposta = platform::Answer::No;
+    conferma();
+    EXPECT_FALSE(finestra_->isVisible());
+    EXPECT_TRUE(oHost->Framework().DialogCancel());
+}
+
+TEST_F(Editor, ReopensAStoredPlanAndSavesItUnchanged) {
+    clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0007"));
+    clsItemRigoTrattamento rigo;
+    rigo.progressivo = QStringLiteral("01");
+    rigo.servizio = QStringLiteral("CORONA");
+    rigo.descrizione = QStringLiteral("A mano");
+    rigo.dente = QStringLiteral("+");
+    rigo.denti = QStringLiteral("7;8");
+    rigo.inizio = QStringLiteral("01/03/2026");
+    rigo.statuslavori = QStringLiteral("Preparazione|20260301\r\nImpronta");
+    rigo.raggruppamento = QStringLiteral("99"); // struck off the list since
+    rigo.operatore = QStringLiteral("SCONOSCIUTO");
+    rigo.fattura = QStringLiteral("2026-0003");
+    rigo.prezzo = 12.5F;
+    rigo.fuoripreventivo = true;
+    rigo.note = QStringLiteral("Nota");
+    item.righi.add(rigo.progressivo, rigo);
+    item.medico = QStringLiteral("X");
+    item.Annotazioni = QStringLiteral("Uno\r\ndue");
+    item.SituazioneOrale = QStringLiteral("7:3:Carie;20:9:");
+    item.fatturaAnticipo = QStringLiteral("2026-0003");
+    ASSERT_TRUE(trattamenti_.Salva(item));
+    const QString memo = riga(QStringLiteral("2026-0007"))->m1;
+
+    apri(item.ID);
+    EXPECT_EQ(dato(3)->text(), QStringLiteral("2026"));
+    EXPECT_EQ(dato(4)->text(), QStringLiteral("0003"));
+    EXPECT_EQ(cella(0, DENTE), QStringLiteral("+"));
+    EXPECT_EQ(righi()->rowRecord(0)->cell(DENTE).tag, QStringLiteral("1.1;2.1"));
+    EXPECT_EQ(righi()->rowRecord(0)->cell(DESCRIZIONE).style().background, QColor(255, 127, 127));
+    EXPECT_TRUE(righi()->rowRecord(0)->cell(DESCRIZIONE).style().bold);
+    EXPECT_EQ(righi()->rowRecord(0)->cell(INIZIO).style().background, QColor(255, 233, 127));
+    conferma();
+    EXPECT_EQ(riga(QStringLiteral("2026-0007"))->m1.toStdString(), memo.toStdString());
+}
+
+TEST_F(Editor, KeepsTheRowsNumberedWhenTheyGoAndMove) {
+    apri(QString());
+    for (const char* servizio : {"VISITA", "CORONA", "IGIENE"}) nuovoRigo(QLatin1String(servizio));
+    scegliRiga(0);
+    premi(arrayName("cbRighi", 2));
+    ASSERT_EQ(righi()->rowCount(), 2);
+    EXPECT_EQ(cella(0, NUMERO) + cella(0, SERVIZIO), QStringLiteral("01CORONA"));
+    EXPECT_EQ(cella(1, NUMERO) + cella(1, SERVIZIO), QStringLiteral("02IGIENE"));
+
+    scegliRiga(0);
+    tasto(Qt::Key_Down, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(cella(1, NUMERO) + cella(1, SERVIZIO), QStringLiteral("02CORONA"));
+    EXPECT_EQ(righi()->focusedRecord(), righi()->rowRecord(1));
+    tasto(Qt::Key_Down, Qt::ControlModifier | Qt::AltModifier); // at the end already
+    EXPECT_EQ(cella(1, SERVIZIO), QStringLiteral("CORONA"));
+    tasto(Qt::Key_Up, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(cella(0, NUMERO) + cella(0, SERVIZIO), QStringLiteral("01CORONA"));
+    QTest::keyClick(finestra_.get(), Qt::Key_F3);
+    QTest::qWait(1);
+    EXPECT_EQ(righi()->rowCount(), 3);
+    QTest::keyClick(finestra_.get(), Qt::Key_F5);
+    QTest::qWait(1);
+    EXPECT_EQ(righi()->rowCount(), 2);
+}
+
+TEST_F(Editor, RefusesADateThatIsNone) {
+    apri(QString());
+    nuovoRigo(QStringLiteral("VISITA"));
+    scrivi(0, INIZIO, QStringLiteral("5/1/2026"));
+    EXPECT_EQ(cella(0, INIZIO), QStringLiteral("05/01/2026"));
+    for (const char* testo : {"domani", "31/02/2026", "1"}) {
+        scrivi(0, INIZIO, QLatin1String(testo));
+        EXPECT_EQ(cella(0, INIZIO), QStringLiteral("05/01/2026")) << testo;
+    }
+    scrivi(0, INIZIO, QString());
+    EXPECT_EQ(cella(0, INIZIO), QString());
+}
+
+TEST_F(Editor, CoversNewRowsByTheAdvanceInvoice) {
+    apri(QString());
+    nuovoRigo(QStringLiteral("VISITA"));
+    dato(3)->setText(QStringLiteral("2026"));
+    QTest::keyClicks(dato(4), QStringLiteral("3"));
+    QTest::keyClick(dato(4), Qt::Key_Return);
+    EXPECT_EQ(dato(4)->text(), QStringLiteral("0003"));
+    nuovoRigo(QStringLiteral("VISITA"));
+    EXPECT_EQ(cella(0, FATTURA), QString());
+    EXPECT_EQ(cella(1, FATTURA), QStringLiteral("2026-0003"));
+    conferma();
+    EXPECT_TRUE(riga(QStringLiteral("2026-0001"))->m1.contains(QStringLiteral("fatturaAnticipo=\"2026-0003\"")));
+}
+
+TEST_F(Editor, SearchesTheCatalogueForATypedQuestionMark) {
+    apri(QString());
+    premi(arrayName("cbRighi", 0));
+    QTimer::singleShot(50, [] {
+        QWidget* scelta = QApplication::activeModalWidget();
+        ASSERT_NE(scelta, nullptr);
+        EXPECT_EQ(scelta->objectName(), QStringLiteral("frmSceltaServizio"));
+        auto* lista = scelta->findChild<ReportGrid*>(QStringLiteral("rcLista"));
+        EXPECT_EQ(lista->rowCount(), 1);
+        lista->setFocusedRecord(lista->rowRecord(0));
+        QTest::mouseClick(scelta->findChild<QPushButton*>(QStringLiteral("cbPiglia")), Qt::LeftButton);
+    });
+    scrivi(0, SERVIZIO, QStringLiteral("?coro"));
+    EXPECT_EQ(cella(0, SERVIZIO), QStringLiteral("CORONA"));
+    EXPECT_EQ(cella(0, DESCRIZIONE), QStringLiteral("Corona in zirconia-ceramica"));
+    EXPECT_EQ(cella(0, RAGGRUPPAMENTO), QStringLiteral("Protesi fissa"));
+}
+
+TEST_F(Editor, TiesChartAndRowsTogether) {
+    apri(QString());
+    nuovoRigo(QStringLiteral("CORONA"), QStringLiteral("+1.1;1.2"));
+    nuovoRigo(QStringLiteral("VISITA"), QStringLiteral("4.6"));
+    nuovoRigo(QStringLiteral("VISITA"), QStringLiteral("9.9")); // no such tooth
+    const auto dente = [this](int indice) { return trova<QWidget>(arrayName("imTooth", indice)); };
+    QTest::mouseClick(dente(6), Qt::LeftButton);
+    EXPECT_TRUE(righi()->rowRecord(0)->cell(SERVIZIO).style().bold);
+    EXPECT_FALSE(righi()->rowRecord(1)->cell(SERVIZIO).style().bold);
+    QTest::mouseClick(dente(6), Qt::LeftButton);
+    EXPECT_FALSE(righi()->rowRecord(0)->cell(SERVIZIO).style().bold);
+
+    dialoghi_.scelta = situazioni_.find(QStringLiteral("3"))->descrizione;
+    QTest::mouseClick(dente(7), Qt::RightButton);
+    ASSERT_EQ(dialoghi_.menu.size(), 7);
+    EXPECT_EQ(dialoghi_.menu[0], QStringLiteral("Informazioni"));
+    EXPECT_EQ(dialoghi_.menu[1], QStringLiteral("-------------------"));
+    conferma();
+    clsItemTrattamento item;
+    leggiMemoTrattamento(item, riga(QStringLiteral("2026-0001"))->m1);
+    EXPECT_EQ(item.SituazioneOrale, QStringLiteral("7:3:"));
+    EXPECT_EQ(item.righi[2].dente, QString());
+    EXPECT_EQ(item.righi[2].denti, QString());
+}
+
+TEST_F(Editor, StartsANewPlanWithAnEmptyRowWhereThePracticeWantsIt) {
+    config_.setAutomaticoRigoVuoto(true);
+    apri(QString());
+    QTest::qWait(5);
+    EXPECT_EQ(righi()->rowCount(), 1);
+    apri(salvato(QStringLiteral("2026"), QStringLiteral("0007")).ID);
+    QTest::qWait(5);
+    EXPECT_EQ(righi()->rowCount(), 0);
+}
