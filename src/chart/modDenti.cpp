@@ -81,7 +81,9 @@ QString SelezioneDaDenti(const QStringList& denti) {
 
 DentiMemorizzati DentiDaMemorizzare(const QString& selezione) {
     if (selezione.startsWith(PIU_DENTI)) return {QString(PIU_DENTI), IndiciDaDenti(selezione.mid(1))};
-    return {IndiciDaDenti(selezione), QString()};
+    const qint16 indice = IndiceDaDente(selezione);
+    if (indice < 0) return {}; // a tooth that there is not is stored as none
+    return {QString::number(indice), QString()};
 }
 
 QString SelezioneDaMemoria(const QString& dente, const QString& denti) {

@@ -19,6 +19,7 @@ QStringList DentiDaSelezione(const QString& selezione);
 QString SelezioneDaDenti(const QStringList& denti);
 
 /// The two fields of a stored row. One tooth: `dente` holds its index. Several: `dente` is "+" and `denti` the indexes.
+/// An unknown tooth leaves both empty.
 struct DentiMemorizzati {
     QString dente;
     QString denti;

@@ -280,7 +280,7 @@ void frmEditTrattamento::annulla() {
 }
 
 void frmEditTrattamento::reject() {
-    oHost->Framework().setDialogCancel(true);
+    if (oHost) oHost->Framework().setDialogCancel(true); // the module may have ended under the open window
     done(QDialog::Rejected);
 }
 

@@ -59,4 +59,5 @@ TEST(ModDenti, StoredAndDisplayedFormsAreEachOthersReverse) {
         EXPECT_EQ(SelezioneDaMemoria(stored.dente, stored.denti), u8(c.selection));
         EXPECT_EQ(EtichettaDenti(u8(c.selection)), u8(c.label));
     }
+    EXPECT_EQ(DentiDaMemorizzare(u8("9.9")).dente, QString()) << "an unknown tooth is stored as none";
 }

@@ -244,7 +244,8 @@ TEST_F(Editor, ReopensAStoredPlanAndSavesItUnchanged) {
 
 TEST_F(Editor, KeepsTheRowsNumberedWhenTheyGoAndMove) {
     apri(QString());
-    for (const char* servizio : {"VISITA", "CORONA", "IGIENE"}) nuovoRigo(QLatin1String(servizio));
+    for (const char* servizio : {"VISITA", "CORONA", "IGIENE"})
+        nuovoRigo(QLatin1String(servizio));
     scegliRiga(0);
     premi(arrayName("cbRighi", 2));
     ASSERT_EQ(righi()->rowCount(), 2);
