@@ -8,7 +8,9 @@ void Measures::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
         if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
         const double time = run.cpu_accumulated_time / static_cast<double>(run.iterations) * 1e9;
-        const auto [place, first] = best_.try_emplace(run.run_name.function_name, time);
+        const std::string& arguments = run.run_name.args;
+        const std::string name = run.run_name.function_name + (arguments.empty() ? "" : "/" + arguments);
+        const auto [place, first] = best_.try_emplace(name, time);
         if (!first) place->second = std::min(place->second, time);
     }
     ConsoleReporter::ReportRuns(runs);

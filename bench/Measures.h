@@ -11,7 +11,7 @@ class Measures : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    double best(const std::string& name) const; ///< 0 when it did not run.
+    double best(const std::string& name) const; ///< "function/argument"; 0 when it did not run.
     /// One line: measure, floor, ratio and limit.
     void printRatio(const char* what, const std::string& measured, const std::string& floor, double limit) const;
 

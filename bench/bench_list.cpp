@@ -1,0 +1,157 @@
+#include "Floor.h"
+#include "Measures.h"
+#include "PlanSample.h"
+
+#include "desk/data/Transaction.h"
+#include "desk/shell/Desk.h"
+#include "desk/shell/DeskApplication.h"
+#include "desk/shell/MessageFilter.h"
+#include "desk/shell/Options.h"
+#include "desk/shell/Practice.h"
+#include "host/context.h"
+#include "host/contract/Host.h"
+#include "platform/Clock.h"
+#include "platform/Regional.h"
+#include "platform/ReportGrid.h"
+#include "store/modWorkspace.h"
+#include "treatments/MemoTrattamento.h"
+#include "treatments/clsTrattamenti.h"
+#include "treatments/frmMDITrattamenti.h"
+
+#include <QDateEdit>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QTemporaryDir>
+#include <cstdio>
+
+// The practice-wide list of plans in its real window: query, patients, memos and grid rows, against the bare query with
+// a bare parse of the same memos.
+
+namespace {
+
+constexpr int PATIENTS = 2000;
+constexpr int ROWS = 12;
+constexpr double LIMIT = 2;
+
+/// The plans of the period that ends on this day; the first ones are dated earlier than the later ones.
+struct Size {
+    int plans;
+    QDate lastDay;
+};
+const Size SIZES[] = {{1000, {2025, 3, 10}}, {10000, {2025, 3, 11}}, {50000, {2025, 3, 12}}};
+const QDate FIRST_DAY(2025, 3, 1);
+
+QDate dayOf(int number) {
+    for (const Size& size : SIZES) {
+        if (number < size.plans) return size.lastDay;
+    }
+    return {};
+}
+
+QStringList fillPatients(desk::Practice& practice) {
+    QStringList ids;
+    for (int i = 0; i < PATIENTS; ++i) {
+        desk::PatientData patient;
+        patient.Cognome = QStringLiteral("Rossi %1").arg(i);
+        patient.Nome = QStringLiteral("Maria");
+        patient.codicefiscale = QStringLiteral("RSSMRA80A41H%1U").arg(i, 4, 10, QLatin1Char('0'));
+        practice.patients().insert(patient);
+        ids += patient.ID;
+    }
+    return ids;
+}
+
+void fill(const desk::Options& options) {
+    const auto practice = desk::Practice::open(options);
+    desk::Transaction transaction(practice->database());
+    const QStringList patients = fillPatients(*practice);
+    for (int i = 0; i < std::end(SIZES)[-1].plans; ++i) {
+        const auto patient = practice->newPatient();
+        patient->Init(patients[i % PATIENTS]);
+        clsItemTrattamento plan = planSample(ROWS, i);
+        plan.Data = platform::regional().shortDate(dayOf(i));
+        QString id;
+        patient->corvala().Salva(
+            id, {plan.Data, unisciIdrif1(plan), plan.descrizione, QStringLiteral("TRT"), scriviMemoTrattamento(plan)});
+    }
+    transaction.commit();
+}
+
+void bareList(benchmark::State& state, const QSqlDatabase& connection) {
+    const Size& size = SIZES[state.range(0)];
+    for (auto _ : state) {
+        QSqlQuery query(connection);
+        query.setForwardOnly(true);
+        query.exec(queryPeriodo(QStringLiteral("TRT"), FIRST_DAY, size.lastDay)
+                       .remove(oHost->Utente().idschema() + QLatin1Char('.')));
+        const QSqlRecord columns = query.record();
+        const int memo = columns.indexOf(QStringLiteral("m1"));
+        int plans = 0;
+        for (; query.next(); ++plans) {
+            for (int column = 0; column < columns.count(); ++column)
+                benchmark::DoNotOptimize(query.value(column));
+            benchmark::DoNotOptimize(readBare(query.value(memo).toString().toUtf8()));
+        }
+        if (plans != size.plans) state.SkipWithError("wrong number of plans");
+    }
+}
+
+void windowList(benchmark::State& state, frmMDITrattamenti& window) {
+    const Size& size = SIZES[state.range(0)];
+    window.findChild<QDateEdit*>(QStringLiteral("dtpData(0)"))->setDate(FIRST_DAY);
+    window.findChild<QDateEdit*>(QStringLiteral("dtpData(1)"))->setDate(size.lastDay);
+    const auto* grid = window.findChild<platform::ReportGrid*>(QStringLiteral("rcTrattamenti"));
+    for (auto _ : state)
+        window.RefreshTrattamenti(QString());
+    if (grid->recordCount() != size.plans) state.SkipWithError("wrong number of plans");
+    state.counters["peakMiB"] = peakMemory(); // Of the process so far: the sizes come in rising order.
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    desk::installMessageFilter();
+    desk::DeskApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("studio.db"));
+    desk::Options options;
+    options.databaseUrl = QStringLiteral("sqlite:") + file;
+    options.configDir = folder.filePath(QStringLiteral("profilo"));
+    fill(options);
+
+    platform::setClock(QDateTime(QDate(2024, 1, 1), QTime(9, 0))); // The window opens on an empty month.
+    const auto desk = desk::Desk::open(options);
+    oHost = &desk->host();
+    clsTrattamenti plans;
+    oTrattamenti = &plans;
+    frmMDITrattamenti window;
+    window.show();
+    QSqlDatabase floor = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("floor"));
+    floor.setDatabaseName(file);
+    if (!floor.open()) return 1;
+    std::printf("before the lists: peak memory %.0f MiB\n", peakMemory());
+
+    for (int i = 0; i < 3; ++i) {
+        benchmark::RegisterBenchmark("windowList", [&window](benchmark::State& state) { windowList(state, window); })
+            ->Arg(i)
+            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark("bareList", [&floor](benchmark::State& state) { bareList(state, floor); })
+            ->Arg(i)
+            ->Unit(benchmark::kMillisecond);
+    }
+    Measures measures;
+    benchmark::RunSpecifiedBenchmarks(&measures);
+    for (int i = 0; i < 3; ++i) {
+        std::string size = "/";
+        size += std::to_string(i);
+        const QByteArray name = QByteArray::number(SIZES[i].plans) + " plans";
+        measures.printRatio(name.constData(), "windowList" + size, "bareList" + size, LIMIT);
+    }
+    oTrattamenti = nullptr;
+    oHost = nullptr;
+    return 0;
+}
