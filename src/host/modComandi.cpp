@@ -64,11 +64,11 @@ void ApriFinestra(const QString& testo, const std::function<QWidget*()>& crea) {
     std::unique_ptr<QWidget> nuova(crea());
     if (!nuova) return;
     const QString nome = nuova->objectName();
+    nuova->setWindowIcon(IconaModulo()); // before the host adopts it: a tab of its own may copy the icon then
     auto* form = qobject_cast<QWidget*>(framework.CreateChildForm(nuova.get()));
     nuova.release(); // the host's from here on
     if (!form) return;
     form->setWindowTitle(caption);
-    form->setWindowIcon(IconaModulo());
     if (auto* trovata = qobject_cast<QWidget*>(platform::FormRegistry::find(nome))) trovata->show();
 }
 

@@ -12,7 +12,7 @@
 #include "host/contract/Host.h"
 #include "platform/Clock.h"
 #include "platform/Collection.h"
-#include "platform/Dialogs.h"
+#include "support/DialoghiDiProva.h"
 #include "treatments/clsTrattamenti.h"
 #include "treatments/clsViewTrattamenti.h"
 
@@ -20,44 +20,6 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <optional>
-
-/// Answers the questions of the program in order, and keeps what was said.
-class DialoghiDiProva : public platform::Dialogs {
-public:
-    DialoghiDiProva()
-        : precedente_(platform::installDialogs(this)) {}
-    ~DialoghiDiProva() override { platform::installDialogs(precedente_); }
-
-    platform::Answer message(const QString& text, int value, const QString& title) override {
-        messaggi << text;
-        valori << value;
-        titoli << title;
-        return risposta;
-    }
-    platform::TaskAnswer task(const platform::TaskRequest& request) override {
-        messaggi << request.text;
-        return rispostaTask;
-    }
-    int popup(const QList<platform::MenuEntry>& entries) override {
-        menu.clear();
-        for (const platform::MenuEntry& entry : entries)
-            menu << entry.caption;
-        return static_cast<int>(menu.indexOf(scelta));
-    }
-    QString openFile(const QString&, const QString&, const QString&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
-
-    QStringList messaggi;
-    QList<int> valori;
-    QStringList titoli;
-    QStringList menu;
-    QString scelta; ///< Caption chosen in the next menus.
-    platform::Answer risposta = platform::Answer::Ok;
-    platform::TaskAnswer rispostaTask;
-
-private:
-    platform::Dialogs* precedente_;
-};
 
 /// A desk of its own on a real database with the demo practice, and the module's objects as its assembly makes them.
 /// The patient without records is open; the clock stands.
