@@ -54,6 +54,8 @@ TEST_F(DeskFramework, AChildWindowOpensOnceAndComesForward) {
     const QPointer<DeskChildForm> one = openChild(first);
     const QPointer<DeskChildForm> other = openChild(second);
     EXPECT_EQ(inFront(), other);
+    EXPECT_EQ(control<QMdiArea>("area")->activeSubWindow()->windowTitle(), QStringLiteral("Elenco FATTURE"));
+    EXPECT_EQ(other->windowTitle(), second) << "the short tab cost the window its caption";
     EXPECT_TRUE(framework().OpenChild(QStringLiteral("frmMDI"), first));
     settle();
     EXPECT_EQ(inFront(), one) << "the window found was not brought forward";

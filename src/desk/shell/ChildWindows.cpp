@@ -8,6 +8,16 @@
 
 namespace desk {
 
+namespace {
+
+/// Tabs show what follows the program's and the module's name; the window itself keeps its whole caption.
+void shortenTab(QMdiSubWindow& holder) {
+    const QString own = holder.windowTitle().section(QStringLiteral(": "), 1);
+    if (!own.isEmpty()) holder.setWindowTitle(own);
+}
+
+} // namespace
+
 ChildWindows::ChildWindows(QWidget* parent)
     : QMdiArea(parent) {
     setObjectName(QStringLiteral("area"));
@@ -31,6 +41,8 @@ void ChildWindows::adopt(QWidget* form) {
     holder->setAttribute(Qt::WA_DeleteOnClose);
     holder->setWidget(form);
     holder->setWindowIcon(form->windowIcon());
+    shortenTab(*holder);
+    connect(holder, &QWidget::windowTitleChanged, holder, [holder] { shortenTab(*holder); });
     addSubWindow(holder);
     holder->hide();
     form->installEventFilter(this);
