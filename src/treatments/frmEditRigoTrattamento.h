@@ -37,6 +37,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // Places in tbDati_ and cerca_.
+    enum Campo { SERVIZIO = 0, DESCRIZIONE = 2, OPERATORE = 3, ASSISTENTE = 4, DENTI = 5 };
+    enum Ricerca { CERCA_SERVIZIO, CERCA_OPERATORE, CERCA_ASSISTENTE, CERCA_DENTE };
+
     void costruisciCampi();
     void disponi();
     void ordinaCampi();

@@ -291,7 +291,7 @@ void frmEditTrattamento::done(int result) {
 
 void frmEditTrattamento::liberaLock() {
     const QString tag = cbAnnulla_->property(TAG).toString();
-    if (tag.isEmpty()) return;
+    if (tag.isEmpty() || !oConfig) return; // the folder of the locks went with the module
     cbAnnulla_->setProperty(TAG, QString());
     RimuoviLock(LOCK, tag);
 }

@@ -347,3 +347,58 @@ TEST_F(Editor, StartsANewPlanWithAnEmptyRowWhereThePracticeWantsIt) {
     QTest::qWait(5);
     EXPECT_EQ(righi()->rowCount(), 0);
 }
+
+TEST_F(Editor, EditsARowInItsOwnWindow) {
+    apri(QString());
+    nuovoRigo(QStringLiteral("CORONA"));
+    scegliRiga(0);
+    const auto nellaFinestra = [](bool accetta) {
+        QTimer::singleShot(30, [accetta] {
+            QWidget* rigo = QApplication::activeModalWidget();
+            ASSERT_NE(rigo, nullptr);
+            EXPECT_EQ(rigo->objectName(), QStringLiteral("frmEditRigoTrattamento"));
+            rigo->findChild<QLineEdit*>(QStringLiteral("tbDati(5)"))->setText(QStringLiteral("+1.1;2.1"));
+            rigo->findChild<QLineEdit*>(QStringLiteral("tbTotali(0)"))->setText(QStringLiteral("100"));
+            const QString bottone = accetta ? QStringLiteral("cbAccetta") : QStringLiteral("cbAnnulla");
+            QTest::mouseClick(rigo->findChild<QPushButton*>(bottone), Qt::LeftButton);
+        });
+    };
+    nellaFinestra(false);
+    tasto(Qt::Key_Return);
+    QTest::qWait(60);
+    EXPECT_EQ(cella(0, DENTE), QString());
+    nellaFinestra(true);
+    emit righi()->rowDoubleClicked(righi()->rowRecord(0), DESCRIZIONE);
+    QTest::qWait(60);
+    EXPECT_EQ(cella(0, DENTE), QStringLiteral("+"));
+    EXPECT_EQ(righi()->rowRecord(0)->cell(DENTE).tag, QStringLiteral("1.1;2.1"));
+    EXPECT_EQ(trova<QLineEdit>(QStringLiteral("tbTotale(1)"))->text(), QStringLiteral("200,00"));
+}
+
+TEST_F(Editor, OpensStraightOnARowAndFollowsItsAnswerUnseen) {
+    clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0007"));
+    clsItemRigoTrattamento rigo;
+    rigo.progressivo = QStringLiteral("01");
+    rigo.servizio = QStringLiteral("VISITA");
+    rigo.prezzo = 60;
+    item.righi.add(rigo.progressivo, rigo);
+    ASSERT_TRUE(trattamenti_.Salva(item));
+    for (const bool accetta : {false, true}) {
+        sRigoTrattamento = QStringLiteral("01");
+        QTimer::singleShot(30, [accetta] {
+            QWidget* finestra = QApplication::activeModalWidget();
+            ASSERT_NE(finestra, nullptr);
+            EXPECT_EQ(finestra->objectName(), QStringLiteral("frmEditRigoTrattamento"));
+            finestra->findChild<QLineEdit*>(QStringLiteral("tbDati(2)"))->setText(QStringLiteral("Nuovo testo"));
+            const QString bottone = accetta ? QStringLiteral("cbAccetta") : QStringLiteral("cbAnnulla");
+            finestra->findChild<QPushButton*>(bottone)->click();
+        });
+        ApriTrattamento(item.ID);
+        EXPECT_TRUE(sRigoTrattamento.isEmpty());
+        EXPECT_EQ(oHost->Framework().DialogCancel(), !accetta);
+        EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), item.ID));
+        const auto riletto = trattamenti_.Carica(item.ID);
+        ASSERT_TRUE(riletto);
+        EXPECT_EQ(riletto->righi[0].descrizione, accetta ? QStringLiteral("Nuovo testo") : QString());
+    }
+}

@@ -1,0 +1,231 @@
+#include "StudioDiProva.h"
+#include "host/contract/View.h"
+#include "platform/ReportGrid.h"
+#include "treatments/ApriTrattamento.h"
+#include "treatments/ColonneTrattamenti.h"
+#include "treatments/frmMDITrattamenti.h"
+
+#include <QApplication>
+#include <QDateEdit>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+using platform::ReportGrid;
+using namespace colonnetrattamenti;
+
+namespace {
+
+/// The menu of a panel, with the entries that the host puts in every one.
+class MenuPannello : public host::PopupBar {
+public:
+    void RemoveItem(int command) override { voci.removeAll(command); }
+    void AddItem(int command, const QString& caption) override {
+        voci << command;
+        testi << caption;
+    }
+    QList<int> voci{80, 77, 78, 79, 5};
+    QStringList testi;
+};
+
+/// Presses a button of the next modal window, and keeps which window it was.
+class AllaProssimaFinestra {
+public:
+    explicit AllaProssimaFinestra(const QString& bottone) {
+        QTimer::singleShot(30, &timer_, [this, bottone] {
+            QWidget* finestra = QApplication::activeModalWidget();
+            if (!finestra) return;
+            nome = finestra->objectName();
+            titolo = finestra->findChild<QWidget*>(QStringLiteral("tbDati(1)"))->property("text").toString();
+            QTest::mouseClick(finestra->findChild<QPushButton*>(bottone), Qt::LeftButton);
+        });
+    }
+    QString nome;
+    QString titolo; ///< Number of the plan that the window shows.
+
+private:
+    QObject timer_;
+};
+
+class Elenchi : public StudioDiProva {
+protected:
+    static ReportGrid* griglia(QWidget& finestra) {
+        return finestra.findChild<ReportGrid*>(QStringLiteral("rcTrattamenti"));
+    }
+    static int rigaDi(ReportGrid& grid, const QString& numero) {
+        for (int riga = 0; riga < grid.rowCount(); ++riga) {
+            if (grid.rowRecord(riga)->cell(PROGRESSIVO).value == numero) return riga;
+        }
+        return -1;
+    }
+    static bool grassetto(ReportGrid& grid, int riga) {
+        return grid.rowRecord(riga)->cell(CLIENTE).style().bold &&
+               grid.rowRecord(riga)->cell(CODICE_FISCALE).style().bold;
+    }
+};
+
+} // namespace
+
+TEST_F(Elenchi, ShowsThePlansOfThePeriodAndMarksThoseOfTheOpenPatient) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0041")).ID;
+    frmMDITrattamenti finestra;
+    finestra.show();
+    ReportGrid& grid = *griglia(finestra);
+    auto* da = finestra.findChild<QDateEdit*>(QStringLiteral("dtpData(0)"));
+    auto* a = finestra.findChild<QDateEdit*>(QStringLiteral("dtpData(1)"));
+    EXPECT_EQ(da->date(), QDate(2026, 3, 1));
+    EXPECT_EQ(a->date(), QDate(2026, 3, 31));
+    EXPECT_EQ(finestra.findChild<QLabel*>(QStringLiteral("laTitoloTrattamenti"))->text(),
+              QStringLiteral("ELENCO TRATTAMENTI 01/03/2026 - 31/03/2026"));
+    ASSERT_EQ(grid.rowCount(), 1);
+    EXPECT_EQ(grid.rowRecord(0)->tag, id);
+    EXPECT_EQ(grid.rowRecord(0)->cell(CODICE_FISCALE).value, QStringLiteral("RSSMRA80A01H501U"));
+    EXPECT_TRUE(grassetto(grid, 0));
+
+    grid.setFocusedRecord(grid.rowRecord(0));
+    da->setDate(QDate(2024, 1, 1));
+    QTest::mouseClick(finestra.findChild<QPushButton*>(QStringLiteral("cbFiltra")), Qt::LeftButton);
+    EXPECT_GT(grid.rowCount(), 10);
+    EXPECT_EQ(grid.rowRecord(0)->tag, id) << "sorted by number, descending";
+    ASSERT_NE(grid.focusedRecord(), nullptr);
+    EXPECT_EQ(grid.focusedRecord()->tag, id) << "the selected plan stays so";
+    EXPECT_FALSE(grassetto(grid, 1));
+    EXPECT_FALSE(finestra.findChild<QLabel*>(QStringLiteral("pbAttesa"))->isVisible());
+
+    desk_->closePatient();
+    finestra.RefreshGraficaTrattamenti();
+    EXPECT_FALSE(grassetto(grid, 0));
+}
+
+TEST_F(Elenchi, LeavesOutThePlansOfAPatientWhoIsNotThere) {
+    salvato(QStringLiteral("2026"), QStringLiteral("0041"));
+    salvato(QStringLiteral("2026"), QStringLiteral("0042"));
+    oHost->DB().Execute(QStringLiteral("PRAGMA foreign_keys=OFF"));
+    oHost->DB().Execute(QStringLiteral("Update ") + oHost->Utente().idschema() +
+                        QStringLiteral(".tblWorkspace SET idpaziente='nessuno' Where (idrif1='2026-0041')"));
+    frmMDITrattamenti finestra;
+    ASSERT_EQ(griglia(finestra)->rowCount(), 1);
+    EXPECT_EQ(griglia(finestra)->rowRecord(0)->cell(PROGRESSIVO).value, QStringLiteral("2026-0042"));
+}
+
+TEST_F(Elenchi, ShowsAPlanThatCannotBeReadWhole) {
+    QString id;
+    const QString doppio = QStringLiteral("<trattamento anno='2026' progressivo='0043' data='10/03/2026'><righi>"
+                                          "<rigo progressivo='01'/><rigo progressivo='01'/></righi></trattamento>");
+    ASSERT_TRUE(paziente().corvala().Salva(
+        id, {QStringLiteral("10/03/2026"), QStringLiteral("2026-0043"), {}, QStringLiteral("TRT"), doppio}));
+    frmMDITrattamenti finestra;
+    ASSERT_EQ(griglia(finestra)->rowCount(), 1);
+    EXPECT_EQ(griglia(finestra)->rowRecord(0)->cell(PROGRESSIVO).value, QStringLiteral("2026-0043"));
+}
+
+TEST_F(Elenchi, OpensThePlanOfAnotherPatientOnDoubleClick) {
+    salvato(QStringLiteral("2026"), QStringLiteral("0041"));
+    const QString suo = paziente().ID();
+    desk_->closePatient();
+    frmMDITrattamenti finestra;
+    finestra.show();
+    ReportGrid& grid = *griglia(finestra);
+    ASSERT_EQ(grid.rowCount(), 1);
+    AllaProssimaFinestra prossima(QStringLiteral("cbAnnulla"));
+    emit grid.rowDoubleClicked(grid.rowRecord(0), PROGRESSIVO);
+    EXPECT_EQ(prossima.nome, QStringLiteral("frmEditTrattamento"));
+    EXPECT_EQ(prossima.titolo, QStringLiteral("0041"));
+    ASSERT_NE(PazienteAperto(), nullptr);
+    EXPECT_EQ(PazienteAperto()->ID(), suo);
+}
+
+TEST_F(Elenchi, OffersItsCommandsAndDeletesThroughThem) {
+    salvato(QStringLiteral("2026"), QStringLiteral("0041"));
+    frmMDITrattamenti finestra;
+    ReportGrid& grid = *griglia(finestra);
+    grid.setFocusedRecord(nullptr);
+    emit grid.rowRightClicked(nullptr, -1);
+    EXPECT_EQ(dialoghi_.menu, QStringList{QStringLiteral("Nuovo")});
+
+    grid.setFocusedRecord(grid.rowRecord(0));
+    dialoghi_.scelta = QStringLiteral("Elimina");
+    dialoghi_.rispostaTask.button = QStringLiteral("Si");
+    emit grid.rowRightClicked(grid.rowRecord(0), 0);
+    EXPECT_EQ(dialoghi_.menu, (QStringList{QStringLiteral("Nuovo"), QStringLiteral("Modifica"),
+                                           QStringLiteral("Elimina"), QStringLiteral("Stampa")}));
+    EXPECT_EQ(grid.rowCount(), 0);
+    EXPECT_FALSE(riga(QStringLiteral("2026-0041")));
+}
+
+TEST_F(Elenchi, FillsThePanelAndFocusesTheRecordAskedFor) {
+    salvato(QStringLiteral("2026"), QStringLiteral("0041"));
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0042")).ID;
+    EXPECT_EQ(vista_.TipoRecord(), 101014);
+    ReportGrid grid;
+    vista_.setLikePannello(true);
+    vista_.refreshGrid(&grid, id);
+    ASSERT_EQ(grid.recordCount(), 2);
+    ASSERT_NE(grid.focusedRecord(), nullptr);
+    EXPECT_EQ(grid.focusedRecord()->tag, id);
+    EXPECT_EQ(grid.rowRecord(0)->cell(PROGRESSIVO).value, QStringLiteral("2026-0042"));
+    EXPECT_FALSE(grid.column(CLIENTE).visible);
+    EXPECT_FALSE(grid.column(CODICE_FISCALE).visible);
+    EXPECT_EQ(grid.columnCount(), 6);
+    vista_.setLikePannello(false);
+    vista_.RefreshPannello();
+    EXPECT_TRUE(grid.column(CLIENTE).visible);
+    EXPECT_EQ(grid.recordCount(), 2);
+    EXPECT_EQ(grid.columnCount(), 6);
+    EXPECT_FALSE(vista_.Elimina(id));
+    EXPECT_EQ(dialoghi_.messaggi.last(), QStringLiteral("Cancello ") + id);
+    EXPECT_TRUE(trattamenti_.Carica(id));
+}
+
+TEST_F(Elenchi, KeepsTheSingleSheetSingle) {
+    const QString nuovo = QStringLiteral("Nuovo");
+    const QStringList suUno{QStringLiteral("Modifica"), QStringLiteral("Elimina"), QStringLiteral("Stampa")};
+    ReportGrid grid;
+    const auto menu = [&] {
+        MenuPannello bar;
+        vista_.Popup(bar, &grid);
+        EXPECT_EQ(bar.voci.first(), 5) << "the host's own entries are gone";
+        return bar.testi;
+    };
+    for (const bool unica : {true, false}) {
+        SCOPED_TRACE(unica);
+        config_.setUnicaSchedaTrattamento(unica);
+        vista_.refreshGrid(&grid, QString());
+        if (unica) {
+            EXPECT_EQ(menu(), QStringList{nuovo});
+            salvato(QStringLiteral("2026"), QStringLiteral("0041"));
+        }
+        trattamenti_.Refresh();
+        paziente().corvala().Refresh();
+        vista_.refreshGrid(&grid, QString());
+        ASSERT_EQ(grid.recordCount(), 1);
+        EXPECT_EQ(menu(), unica ? QStringList() : QStringList{nuovo});
+        grid.setFocusedRecord(grid.rowRecord(0));
+        EXPECT_EQ(menu(), unica ? suUno : QStringList{nuovo} + suUno);
+    }
+}
+
+TEST_F(Elenchi, RunsTheCommandsOfThePanel) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0041")).ID;
+    ReportGrid grid;
+    vista_.refreshGrid(&grid, id);
+    {
+        AllaProssimaFinestra prossima(QStringLiteral("cbConferma"));
+        vista_.PopupExecute(10078, &grid);
+        EXPECT_EQ(prossima.titolo, QStringLiteral("0041"));
+    }
+    {
+        AllaProssimaFinestra prossima(QStringLiteral("cbConferma"));
+        vista_.PopupExecute(10077, &grid);
+        EXPECT_EQ(prossima.titolo, QStringLiteral("0042"));
+    }
+    EXPECT_TRUE(riga(QStringLiteral("2026-0042")));
+    vista_.PopupExecute(10080, &grid);
+    dialoghi_.rispostaTask.button = QStringLiteral("Si");
+    vista_.refreshGrid(&grid, id);
+    ASSERT_EQ(grid.recordCount(), 2);
+    vista_.PopupExecute(10079, &grid);
+    EXPECT_EQ(grid.recordCount(), 1);
+    EXPECT_FALSE(riga(QStringLiteral("2026-0041")));
+}
