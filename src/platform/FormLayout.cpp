@@ -1,13 +1,12 @@
 #include "platform/FormLayout.h"
 
-#include <QCalendarWidget>
-#include <QDateEdit>
+#include "platform/DateBox.h"
+
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <algorithm>
 
@@ -40,17 +39,7 @@ QLineEdit* textBox(const QString& name, QWidget* parent) {
 }
 
 QDateEdit* dateBox(const QString& name, QWidget* parent) {
-    auto* box = named(new QDateEdit(parent), name);
-    const QLocale italian(QLocale::Italian, QLocale::Italy);
-    box->setLocale(italian);
-    box->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    box->setCalendarPopup(true);
-    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 44);
-    QCalendarWidget* calendar = box->calendarWidget();
-    calendar->setLocale(italian);
-    calendar->setFirstDayOfWeek(Qt::Monday);
-    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    return box;
+    return named(new DateBox(parent), name);
 }
 
 QPushButton* button(const QString& name, const QString& caption, QWidget* parent) {

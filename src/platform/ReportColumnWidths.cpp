@@ -6,6 +6,7 @@
 #include <QTreeView>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace platform {
 
@@ -25,31 +26,50 @@ void ReportColumnWidths::apply() {
     const qreal scale = unit(view_);
     const auto scaled = [scale](int width) { return static_cast<int>(std::lround(width * scale)); };
     int room = view_.viewport()->width();
-    int shares = 0;
+    QList<int> shared;
     for (int i = 0; i < model_.columns(); ++i) {
         const ReportColumn& column = model_.column(i);
         view_.setColumnHidden(i, !column.visible);
         if (!column.visible) continue;
-        const bool shared = column.resizable && !dragged_.contains(i);
-        if (shared) {
-            shares += std::max(column.width, 1);
-        } else {
-            const int width = dragged_.contains(i) ? dragged_.value(i) : scaled(column.width);
-            view_.setColumnWidth(i, width);
-            room -= width;
+        if (column.resizable && !dragged_.contains(i)) {
+            shared.append(i);
+            continue;
+        }
+        const int width = dragged_.contains(i) ? dragged_.value(i) : scaled(column.width);
+        view_.setColumnWidth(i, width);
+        room -= width;
+    }
+    const auto least = [&](int i) { return scaled(std::min(model_.column(i).width, narrowest)); };
+    share(shared, room, least);
+    applying_ = false;
+}
+
+void ReportColumnWidths::share(QList<int> columns, int room, const std::function<int(int)>& least) {
+    const auto weight = [this](int i) { return std::max(model_.column(i).width, 1); };
+    const auto total = [&] {
+        return std::accumulate(columns.cbegin(), columns.cend(), 0, [&](int sum, int i) { return sum + weight(i); });
+    };
+    // Those that would become too narrow get their least first; what they take is missing for the others.
+    for (bool again = true; again;) {
+        again = false;
+        const int weights = total();
+        for (qsizetype at = 0; at < columns.size() && !again; ++at) {
+            const int i = columns.at(at);
+            if (room * weight(i) / weights >= least(i)) continue;
+            view_.setColumnWidth(i, least(i));
+            room -= least(i);
+            columns.removeAt(at);
+            again = true;
         }
     }
-    for (int i = 0; i < model_.columns(); ++i) {
-        const ReportColumn& column = model_.column(i);
-        if (!column.visible || !column.resizable || dragged_.contains(i)) continue;
-        // What is left after rounding goes to the last one, so that the columns end at the edge.
-        const int share = std::max(column.width, 1);
-        const int width = shares == share ? room : room * share / shares;
+    int weights = total();
+    for (int i : columns) {
+        // The last one takes the rest of the roundings, so that the columns end at the edge.
+        const int width = room * weight(i) / weights;
+        view_.setColumnWidth(i, width);
         room -= width;
-        shares -= share;
-        view_.setColumnWidth(i, std::max(width, scaled(std::min(column.width, narrowest))));
+        weights -= weight(i);
     }
-    applying_ = false;
 }
 
 void ReportColumnWidths::dragged(int column, int width) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
+#include <functional>
 
 class QTreeView;
 
@@ -19,6 +21,8 @@ public:
     void dragged(int column, int width);
 
 private:
+    void share(QList<int> columns, int room, const std::function<int(int)>& least);
+
     ReportGridModel& model_;
     QTreeView& view_;
     QHash<int, int> dragged_;

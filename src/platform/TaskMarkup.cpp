@@ -1,7 +1,5 @@
 #include "platform/TaskMarkup.h"
 
-#include "platform/Dialogs.h"
-
 #include <QColor>
 #include <QRegularExpression>
 #include <QStringList>
@@ -43,9 +41,12 @@ QString startOf(const QString& element, const QString& attributes) {
     return QStringLiteral("<a href=\"%1\">").arg(attribute(attributes, "HREF").toHtmlEscaped());
 }
 
-QString escapedText(const QString& text) {
-    // Written entities are characters of the text, too.
-    return withoutMarkup(text).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br/>"));
+QString escapedText(QString text) {
+    // Written entities are characters of the text, too; the ampersand comes last, or "&amp;lt;" would be read twice.
+    text.replace(QLatin1String("&lt;"), QLatin1String("<")).replace(QLatin1String("&gt;"), QLatin1String(">"));
+    text.replace(QLatin1String("&quot;"), QLatin1String("\"")).replace(QLatin1String("&apos;"), QLatin1String("'"));
+    text.replace(QLatin1String("&amp;"), QLatin1String("&"));
+    return text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br/>"));
 }
 
 } // namespace

@@ -37,6 +37,22 @@ public:
         painter->restore();
     }
 
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        if (!button) return QProxyStyle::drawControl(element, option, painter, widget);
+        const QStyleOptionButton seen = withFocusSeen(*button);
+        QProxyStyle::drawControl(element, &seen, painter, widget);
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        if (!combo) return QProxyStyle::drawComplexControl(control, option, painter, widget);
+        const QStyleOptionComboBox seen = withFocusSeen(*combo);
+        QProxyStyle::drawComplexControl(control, &seen, painter, widget);
+    }
+
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override {
         if (hint == SH_DialogButtonLayout) return QDialogButtonBox::WinLayout;
@@ -45,6 +61,14 @@ public:
     }
 
 private:
+    /// The style shows the focus only after a key; ours shows it always, as a timer or a handler may set it.
+    template <class Option>
+    static Option withFocusSeen(const Option& option) {
+        Option seen(option);
+        if (seen.state & State_HasFocus) seen.state |= State_KeyboardFocusChange;
+        return seen;
+    }
+
     /// On our light ground the style's own outline is hardly seen.
     void drawBox(const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
         QProxyStyle::drawPrimitive(PE_IndicatorCheckBox, option, painter, widget);

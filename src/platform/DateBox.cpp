@@ -1,0 +1,46 @@
+#include "platform/DateBox.h"
+
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QLocale>
+
+namespace platform {
+
+DateBox::DateBox(QWidget* parent)
+    : QDateEdit(parent) {
+    const QLocale italian(QLocale::Italian, QLocale::Italy);
+    setLocale(italian);
+    setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+    setCalendarPopup(true);
+    setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 44);
+    QCalendarWidget* calendar = calendarWidget();
+    calendar->setLocale(italian);
+    calendar->setFirstDayOfWeek(Qt::Monday);
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+}
+
+void DateBox::keyPressEvent(QKeyEvent* event) {
+    const QString text = event->text();
+    if (text.size() == 1 && QStringLiteral("/.- ").contains(text)) {
+        // A second digit has already moved on to the next part; one more step would leave it out.
+        if (typedInto_ == NoSection || currentSection() == typedInto_) nextPart();
+        typedInto_ = NoSection;
+        return;
+    }
+    const bool digit = text.size() == 1 && text.front().isDigit();
+    const Section before = currentSection();
+    QDateEdit::keyPressEvent(event);
+    typedInto_ = digit ? before : NoSection;
+}
+
+void DateBox::focusInEvent(QFocusEvent* event) {
+    typedInto_ = NoSection;
+    QDateEdit::focusInEvent(event);
+}
+
+void DateBox::nextPart() {
+    const int next = currentSectionIndex() + 1;
+    if (next < sectionCount()) setSelectedSection(sectionAt(next));
+}
+
+} // namespace platform
