@@ -173,14 +173,18 @@ TEST_F(RecordsTest, APeriodTakesBothItsDaysWhole) {
               u8("Select * from ") + host_->Utente().idschema() +
                   u8(".tblWorkspace where data Between '2025-03-01 00:00:00' AND '2025-03-31 23:59:59' and "
                      "tiporecord=906 and t1='TRT'"));
+    const QString longMemo = u8("perché € 🦷 ").repeated(400);
     Note note;
     for (const char* day : {"28/02/2025", "01/03/2025", "31/03/2025", "01/04/2025"}) {
         Nota item = nota("2025", "0001", day);
+        item.testo = longMemo;
         ASSERT_TRUE(note.Salva(item));
     }
     const auto rows = host_->DB().OpenRecordset(queryPeriodo(u8("NTA"), QDate(2025, 3, 1), QDate(2025, 3, 31)));
     ASSERT_TRUE(rows);
     EXPECT_EQ(rows->RecordCount(), 2);
+    EXPECT_EQ(rows->text(u8("m1")), longMemo);
+    EXPECT_EQ(rows->value(u8("M1")).toString(), longMemo);
     EXPECT_EQ(host_->DB().OpenRecordset(queryPeriodo(u8("NTA"), QDate(), QDate(2025, 3, 31)))->RecordCount(), 4);
 }
 

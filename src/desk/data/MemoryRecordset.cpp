@@ -2,10 +2,37 @@
 
 #include "desk/data/Query.h"
 
+#include <QByteArray>
 #include <QDateTime>
+#include <QMetaType>
 #include <QSqlRecord>
 
 namespace desk {
+
+namespace {
+
+constexpr qsizetype LONG_TEXT = 256;
+
+/// A long text at half its size: a list of the whole practice holds the memos of years at once.
+struct PackedText {
+    QByteArray utf8;
+};
+
+QVariant packed(const QVariant& value) {
+    if (value.typeId() != QMetaType::QString) return value;
+    const auto* text = static_cast<const QString*>(value.constData());
+    if (text->size() < LONG_TEXT) return value;
+    PackedText small{text->toUtf8()};
+    small.utf8.squeeze(); // The conversion leaves room for three bytes a character.
+    return QVariant::fromValue(small);
+}
+
+QVariant unpacked(const QVariant& value) {
+    if (value.metaType() != QMetaType::fromType<PackedText>()) return value;
+    return QString::fromUtf8(static_cast<const PackedText*>(value.constData())->utf8);
+}
+
+} // namespace
 
 MemoryRecordset::MemoryRecordset(Query& query) {
     const QSqlRecord record = query.statement().record();
@@ -16,7 +43,7 @@ MemoryRecordset::MemoryRecordset(Query& query) {
     width_ = static_cast<std::size_t>(record.count());
     for (; query.next(); ++rows_) {
         for (int i = 0; i < record.count(); ++i)
-            cells_.push_back(query.value(i));
+            cells_.push_back(packed(query.value(i)));
     }
 }
 
@@ -27,7 +54,7 @@ void MemoryRecordset::MoveNext() {
 QVariant MemoryRecordset::value(const QString& column) const {
     const auto found = columns_.constFind(column.toLower());
     if (isEOF() || found == columns_.cend()) return {};
-    return cells_[static_cast<std::size_t>(current_) * width_ + static_cast<std::size_t>(*found)];
+    return unpacked(cells_[static_cast<std::size_t>(current_) * width_ + static_cast<std::size_t>(*found)]);
 }
 
 QString MemoryRecordset::text(const QString& column) const {
