@@ -31,30 +31,30 @@ TEST_F(ClsTrattamenti, StoresAPlanAsOneRowAndReadsItBack) {
 
     const QString id = item.ID;
     item.descrizione = QStringLiteral("Cambiato");
-    ASSERT_TRUE(trattamenti_.Salva(item));
+    ASSERT_TRUE(trattamenti().Salva(item));
     EXPECT_EQ(item.ID, id);
-    const auto riletto = trattamenti_.Carica(id);
+    const auto riletto = trattamenti().Carica(id);
     ASSERT_TRUE(riletto);
     EXPECT_EQ(riletto->descrizione, QStringLiteral("Cambiato"));
     EXPECT_EQ(riletto->Data, QStringLiteral("10/03/2026"));
-    EXPECT_FALSE(trattamenti_.Carica(QStringLiteral("non c'è")));
+    EXPECT_FALSE(trattamenti().Carica(QStringLiteral("non c'è")));
 }
 
 TEST_F(ClsTrattamenti, ListsWhatWasThereUntilRefreshed) {
     salvato(QStringLiteral("2026"), QStringLiteral("0041"));
-    EXPECT_EQ(trattamenti_.Lista().size(), 1U);
+    EXPECT_EQ(trattamenti().Lista().size(), 1U);
     salvato(QStringLiteral("2026"), QStringLiteral("0042"));
-    EXPECT_EQ(trattamenti_.Lista().size(), 1U);
-    trattamenti_.Refresh();
-    EXPECT_EQ(trattamenti_.Lista().size(), 2U);
+    EXPECT_EQ(trattamenti().Lista().size(), 1U);
+    trattamenti().Refresh();
+    EXPECT_EQ(trattamenti().Lista().size(), 2U);
 }
 
 TEST_F(ClsTrattamenti, FindsTheLastPlanByItsNumberAsText) {
-    EXPECT_FALSE(trattamenti_.CaricaUltimo());
-    trattamenti_.Refresh();
+    EXPECT_FALSE(trattamenti().CaricaUltimo());
+    trattamenti().Refresh();
     for (const char* numero : {"10", "9", "11"})
         salvato(QStringLiteral("2024"), QLatin1String(numero));
-    const auto ultimo = trattamenti_.CaricaUltimo();
+    const auto ultimo = trattamenti().CaricaUltimo();
     ASSERT_TRUE(ultimo);
     EXPECT_EQ(ultimo->progressivo, QStringLiteral("9"));
 }
@@ -65,7 +65,7 @@ TEST_F(ClsTrattamenti, ShowsAPlanWithABrokenMemoByWhatItsRowGives) {
                            QStringLiteral("TRT"), QStringLiteral("<trattamento")};
     ASSERT_TRUE(paziente().corvala().Salva(id, dati));
     paziente().corvala().Refresh();
-    const auto& lista = trattamenti_.Lista();
+    const auto& lista = trattamenti().Lista();
     ASSERT_EQ(lista.size(), 1U);
     EXPECT_EQ(lista[0].anno, QStringLiteral("2026"));
     EXPECT_EQ(lista[0].progressivo, QStringLiteral("0050"));
@@ -77,18 +77,18 @@ TEST_F(ClsTrattamenti, ShowsAPlanWithABrokenMemoByWhatItsRowGives) {
 TEST_F(ClsTrattamenti, FindsThePlansWithWorkGoingOn) {
     EXPECT_EQ(PrimoTrattamento(), QString());
     EXPECT_EQ(UltimoTrattamentoAperto(), QString());
-    trattamenti_.Refresh();
+    trattamenti().Refresh();
     QStringList ids;
     for (const char* fine : {"", "11/03/2026", ""}) {
         clsItemTrattamento item = salvato(QStringLiteral("2026"), QString::number(60 + ids.size()));
         item.righi.add(QStringLiteral("01"), rigo("01", "10/03/2026", fine));
-        ASSERT_TRUE(trattamenti_.Salva(item));
+        ASSERT_TRUE(trattamenti().Salva(item));
         ids << item.ID;
     }
-    trattamenti_.Refresh();
+    trattamenti().Refresh();
     paziente().corvala().Refresh();
     EXPECT_EQ(ContaTrattamentiAperti(), 2);
-    const auto& lista = trattamenti_.Lista();
+    const auto& lista = trattamenti().Lista();
     ASSERT_EQ(lista.size(), 3U);
     EXPECT_EQ(PrimoTrattamento(), lista[0].ID);
     EXPECT_EQ(UltimoTrattamentoAperto(), lista[2].lavoriaperti > 0 ? lista[2].ID : lista[1].ID);
@@ -98,14 +98,14 @@ TEST_F(ClsTrattamenti, DeletesOnlyAfterAYes) {
     const clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0041"));
     for (const char* risposta : {"No", ""}) {
         dialoghi_.rispostaTask.button = QLatin1String(risposta);
-        EXPECT_FALSE(trattamenti_.Elimina(paziente(), item.ID));
-        EXPECT_TRUE(trattamenti_.Carica(item.ID));
+        EXPECT_FALSE(trattamenti().Elimina(paziente(), item.ID));
+        EXPECT_TRUE(trattamenti().Carica(item.ID));
     }
     EXPECT_TRUE(
         dialoghi_.messaggi.value(0).contains(QStringLiteral("Vuoi eliminare il trattamento numero 2026-0041?")));
     dialoghi_.rispostaTask.button = QStringLiteral("Si");
-    EXPECT_TRUE(trattamenti_.Elimina(paziente(), item.ID));
-    EXPECT_FALSE(trattamenti_.Carica(item.ID));
-    EXPECT_FALSE(trattamenti_.Elimina(paziente(), item.ID));
+    EXPECT_TRUE(trattamenti().Elimina(paziente(), item.ID));
+    EXPECT_FALSE(trattamenti().Carica(item.ID));
+    EXPECT_FALSE(trattamenti().Elimina(paziente(), item.ID));
     EXPECT_EQ(dialoghi_.messaggi.last(), QStringLiteral("Segnalare problema"));
 }

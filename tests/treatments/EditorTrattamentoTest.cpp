@@ -227,7 +227,7 @@ TEST_F(Editor, ReopensAStoredPlanAndSavesItUnchanged) {
     item.Annotazioni = QStringLiteral("Uno\r\ndue");
     item.SituazioneOrale = QStringLiteral("7:3:Carie;20:9:");
     item.fatturaAnticipo = QStringLiteral("2026-0003");
-    ASSERT_TRUE(trattamenti_.Salva(item));
+    ASSERT_TRUE(trattamenti().Salva(item));
     const QString memo = riga(QStringLiteral("2026-0007"))->m1;
 
     apri(item.ID);
@@ -325,7 +325,7 @@ TEST_F(Editor, TiesChartAndRowsTogether) {
     QTest::mouseClick(dente(6), Qt::LeftButton);
     EXPECT_FALSE(righi()->rowRecord(0)->cell(SERVIZIO).style().bold);
 
-    dialoghi_.scelta = situazioni_.find(QStringLiteral("3"))->descrizione;
+    dialoghi_.scelta = colSituazioniDenti->find(QStringLiteral("3"))->descrizione;
     QTest::mouseClick(dente(7), Qt::RightButton);
     ASSERT_EQ(dialoghi_.menu.size(), 7);
     EXPECT_EQ(dialoghi_.menu[0], QStringLiteral("Informazioni"));
@@ -339,7 +339,7 @@ TEST_F(Editor, TiesChartAndRowsTogether) {
 }
 
 TEST_F(Editor, StartsANewPlanWithAnEmptyRowWhereThePracticeWantsIt) {
-    config_.setAutomaticoRigoVuoto(true);
+    oConfig->setAutomaticoRigoVuoto(true);
     apri(QString());
     QTest::qWait(5);
     EXPECT_EQ(righi()->rowCount(), 1);
@@ -382,7 +382,7 @@ TEST_F(Editor, OpensStraightOnARowAndFollowsItsAnswerUnseen) {
     rigo.servizio = QStringLiteral("VISITA");
     rigo.prezzo = 60;
     item.righi.add(rigo.progressivo, rigo);
-    ASSERT_TRUE(trattamenti_.Salva(item));
+    ASSERT_TRUE(trattamenti().Salva(item));
     for (const bool accetta : {false, true}) {
         sRigoTrattamento = QStringLiteral("01");
         QTimer::singleShot(30, [accetta] {
@@ -397,7 +397,7 @@ TEST_F(Editor, OpensStraightOnARowAndFollowsItsAnswerUnseen) {
         EXPECT_TRUE(sRigoTrattamento.isEmpty());
         EXPECT_EQ(oHost->Framework().DialogCancel(), !accetta);
         EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), item.ID));
-        const auto riletto = trattamenti_.Carica(item.ID);
+        const auto riletto = trattamenti().Carica(item.ID);
         ASSERT_TRUE(riletto);
         EXPECT_EQ(riletto->righi[0].descrizione, accetta ? QStringLiteral("Nuovo testo") : QString());
     }

@@ -157,10 +157,10 @@ TEST_F(Elenchi, OffersItsCommandsAndDeletesThroughThem) {
 TEST_F(Elenchi, FillsThePanelAndFocusesTheRecordAskedFor) {
     salvato(QStringLiteral("2026"), QStringLiteral("0041"));
     const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0042")).ID;
-    EXPECT_EQ(vista_.TipoRecord(), 101014);
+    EXPECT_EQ(vista().TipoRecord(), 101014);
     ReportGrid grid;
-    vista_.setLikePannello(true);
-    vista_.refreshGrid(&grid, id);
+    vista().setLikePannello(true);
+    vista().refreshGrid(&grid, id);
     ASSERT_EQ(grid.recordCount(), 2);
     ASSERT_NE(grid.focusedRecord(), nullptr);
     EXPECT_EQ(grid.focusedRecord()->tag, id);
@@ -168,14 +168,14 @@ TEST_F(Elenchi, FillsThePanelAndFocusesTheRecordAskedFor) {
     EXPECT_FALSE(grid.column(CLIENTE).visible);
     EXPECT_FALSE(grid.column(CODICE_FISCALE).visible);
     EXPECT_EQ(grid.columnCount(), 6);
-    vista_.setLikePannello(false);
-    vista_.RefreshPannello();
+    vista().setLikePannello(false);
+    vista().RefreshPannello();
     EXPECT_TRUE(grid.column(CLIENTE).visible);
     EXPECT_EQ(grid.recordCount(), 2);
     EXPECT_EQ(grid.columnCount(), 6);
-    EXPECT_FALSE(vista_.Elimina(id));
+    EXPECT_FALSE(vista().Elimina(id));
     EXPECT_EQ(dialoghi_.messaggi.last(), QStringLiteral("Cancello ") + id);
-    EXPECT_TRUE(trattamenti_.Carica(id));
+    EXPECT_TRUE(trattamenti().Carica(id));
 }
 
 TEST_F(Elenchi, KeepsTheSingleSheetSingle) {
@@ -184,21 +184,21 @@ TEST_F(Elenchi, KeepsTheSingleSheetSingle) {
     ReportGrid grid;
     const auto menu = [&] {
         MenuPannello bar;
-        vista_.Popup(bar, &grid);
+        vista().Popup(bar, &grid);
         EXPECT_EQ(bar.voci.first(), 5) << "the host's own entries are gone";
         return bar.testi;
     };
     for (const bool unica : {true, false}) {
         SCOPED_TRACE(unica);
-        config_.setUnicaSchedaTrattamento(unica);
-        vista_.refreshGrid(&grid, QString());
+        oConfig->setUnicaSchedaTrattamento(unica);
+        vista().refreshGrid(&grid, QString());
         if (unica) {
             EXPECT_EQ(menu(), QStringList{nuovo});
             salvato(QStringLiteral("2026"), QStringLiteral("0041"));
         }
-        trattamenti_.Refresh();
+        trattamenti().Refresh();
         paziente().corvala().Refresh();
-        vista_.refreshGrid(&grid, QString());
+        vista().refreshGrid(&grid, QString());
         ASSERT_EQ(grid.recordCount(), 1);
         EXPECT_EQ(menu(), unica ? QStringList() : QStringList{nuovo});
         grid.setFocusedRecord(grid.rowRecord(0));
@@ -209,23 +209,23 @@ TEST_F(Elenchi, KeepsTheSingleSheetSingle) {
 TEST_F(Elenchi, RunsTheCommandsOfThePanel) {
     const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0041")).ID;
     ReportGrid grid;
-    vista_.refreshGrid(&grid, id);
+    vista().refreshGrid(&grid, id);
     {
         AllaProssimaFinestra prossima(QStringLiteral("cbConferma"));
-        vista_.PopupExecute(10078, &grid);
+        vista().PopupExecute(10078, &grid);
         EXPECT_EQ(prossima.titolo, QStringLiteral("0041"));
     }
     {
         AllaProssimaFinestra prossima(QStringLiteral("cbConferma"));
-        vista_.PopupExecute(10077, &grid);
+        vista().PopupExecute(10077, &grid);
         EXPECT_EQ(prossima.titolo, QStringLiteral("0042"));
     }
     EXPECT_TRUE(riga(QStringLiteral("2026-0042")));
-    vista_.PopupExecute(10080, &grid);
+    vista().PopupExecute(10080, &grid);
     dialoghi_.rispostaTask.button = QStringLiteral("Si");
-    vista_.refreshGrid(&grid, id);
+    vista().refreshGrid(&grid, id);
     ASSERT_EQ(grid.recordCount(), 2);
-    vista_.PopupExecute(10079, &grid);
+    vista().PopupExecute(10079, &grid);
     EXPECT_EQ(grid.recordCount(), 1);
     EXPECT_FALSE(riga(QStringLiteral("2026-0041")));
 }
