@@ -1,6 +1,5 @@
 #include "host/modForm.h"
 #include "host/frmOggetti.h"
-#include "host/modAggiorna.h"
 #include "host/modIcone.h"
 #include "platform/Files.h"
 #include "platform/FormRegistry.h"
@@ -12,7 +11,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
