@@ -1,5 +1,6 @@
 #include "treatments/clsTrattamenti.h"
 
+#include "config/clsConfig.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "platform/Dialogs.h"
@@ -73,5 +74,6 @@ bool clsTrattamenti::Elimina(host::Paziente& paziente, const QString& id) {
     paziente.Files().Refresh();
     paziente.Eventi().Refresh();
     Refresh();
+    if (oConfig) oConfig->RefreshGUITrattamento();
     return true;
 }

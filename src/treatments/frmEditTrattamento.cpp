@@ -89,7 +89,7 @@ void frmEditTrattamento::costruisci() {
     colonna->addWidget(denti_);
     colonna->addWidget(schede_, 1);
     colonna->addLayout(piede);
-    resize(1180, 760);
+    resize(1280, 760);
 }
 
 void frmEditTrattamento::collega() {
@@ -258,6 +258,7 @@ bool frmEditTrattamento::salva() {
 void frmEditTrattamento::confermato() {
     liberaLock();
     oTrattamenti->Refresh();
+    if (oConfig) oConfig->RefreshGUITrattamento(); // there may be work going on now, or no more
     oHost->Framework().setDialogCancel(false);
     RefreshTrattamenti(id_);
     RefreshSintesi();

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDateEdit>
 #include <QLabel>
+#include <QMainWindow>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -228,4 +229,33 @@ TEST_F(Elenchi, RunsTheCommandsOfThePanel) {
     vista().PopupExecute(10079, &grid);
     EXPECT_EQ(grid.recordCount(), 1);
     EXPECT_FALSE(riga(QStringLiteral("2026-0041")));
+}
+
+TEST_F(Elenchi, OpensThePlanWithWorkGoingOnFromTheRibbon) {
+    EXPECT_FALSE(desk_->pressCommand(QStringLiteral("CRVL0303"))) << "without a plan the command is off";
+    QTimer::singleShot(30, [] {
+        QWidget* editor = QApplication::activeModalWidget();
+        ASSERT_NE(editor, nullptr);
+        auto* righi = editor->findChild<ReportGrid*>(QStringLiteral("rcRighi"));
+        editor->findChild<QPushButton*>(QStringLiteral("cbRighi(0)"))->click();
+        QTest::qWait(1);
+        EXPECT_TRUE(righi->enterText(0, 2, QStringLiteral("VISITA")));
+        EXPECT_TRUE(righi->enterText(0, 4, QStringLiteral("09/03/2026")));
+        editor->findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
+    });
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0302")));
+    ASSERT_TRUE(riga(QStringLiteral("2026-0001")));
+    {
+        AllaProssimaFinestra prossima(QStringLiteral("cbAnnulla"));
+        ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0303")));
+        EXPECT_EQ(prossima.titolo, QStringLiteral("0001"));
+    }
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0301")));
+    auto* elenco = desk_->window()->findChild<QWidget*>(QStringLiteral("frmMDITrattamenti"));
+    ASSERT_NE(elenco, nullptr);
+    EXPECT_EQ(griglia(*elenco)->rowCount(), 1);
+
+    dialoghi_.rispostaTask.button = QStringLiteral("Si");
+    ASSERT_TRUE(oTrattamenti->Elimina(paziente(), riga(QStringLiteral("2026-0001"))->ID));
+    EXPECT_FALSE(desk_->pressCommand(QStringLiteral("CRVL0303")));
 }
