@@ -80,7 +80,6 @@ extern IdComandi idComandi;
 struct Agganci {
     std::function<bool()> pazienteConPiani;      ///< Whether the open patient has a treatment plan.
     std::function<int()> contaTrattamentiAperti; ///< How many plans of the open patient have open work.
-    std::function<void()> refreshGUITrattamento; ///< Sets the command of the patient's plan again.
 };
 extern Agganci agganci;
 

@@ -32,8 +32,8 @@ private:
     Chiave chiaveServizio_;
 };
 
-/// Opens a child window that `crea` makes and the host adopts, or brings forward the one that is open under its caption:
-/// the module's name and `testo`, such as ": Elenco TRATTAMENTI".
+/// Opens a child window that `crea` makes and the host adopts, or brings forward the one that is open under its
+/// caption: the module's name and `testo`, such as ": Elenco TRATTAMENTI".
 void ApriFinestra(const QString& testo, const std::function<QWidget*()>& crea);
 
 /// Tells that a function has no window yet.

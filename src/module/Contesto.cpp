@@ -81,9 +81,6 @@ void Contesto::creaGestori() {
 void Contesto::collega() {
     agganci.pazienteConPiani = [] { return !oTrattamenti->Lista().empty(); };
     agganci.contaTrattamentiAperti = [] { return int(ContaTrattamentiAperti()); };
-    agganci.refreshGUITrattamento = [] {
-        if (oConfig) oConfig->RefreshGUITrattamento();
-    };
     registraTrattamenti(comandi_);
 }
 

@@ -46,6 +46,7 @@ void ApriTrattamento(const QString& id) {
         editor.exec();
     }
     if (oHost->Framework().DialogCancel()) return;
+    oConfig->RefreshGUITrattamento();
     if (auto* oggetti = qobject_cast<frmOggetti*>(platform::FormRegistry::find(QStringLiteral("frmOggetti"))))
         oggetti->RefreshDatiPaziente();
 }
