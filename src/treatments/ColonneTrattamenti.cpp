@@ -5,19 +5,9 @@
 #include "treatments/StatoTrattamento.h"
 #include "treatments/clsItemTrattamento.h"
 
-#include <algorithm>
-
 namespace colonnetrattamenti {
 
 namespace {
-
-// The widths were drawn for a small screen font; a larger one must not cut what is always of one length.
-int almeno(const platform::ReportGrid& grid, int larghezza, const char* testo, int spazio) {
-    return std::max(larghezza, grid.fontMetrics().horizontalAdvance(QLatin1String(testo)) + spazio);
-}
-
-constexpr int MARGINI = 14;
-constexpr int MARGINI_E_FRECCIA = 36; // the mark of the sort column
 
 platform::ReportColumn colonna(const QString& didascalia, int larghezza, bool ridimensionabile = false) {
     platform::ReportColumn descrizione;
@@ -28,8 +18,8 @@ platform::ReportColumn colonna(const QString& didascalia, int larghezza, bool ri
 }
 
 void aggiungi(platform::ReportGrid& grid, const platform::ReportColumn& codiceFiscale) {
-    grid.addColumn(colonna(QStringLiteral("Progressivo"), almeno(grid, 80, "Progressivo", MARGINI_E_FRECCIA)));
-    grid.addColumn(colonna(QStringLiteral("Data"), almeno(grid, 80, "00/00/0000", MARGINI)));
+    grid.addColumn(colonna(QStringLiteral("Progressivo"), 80));
+    grid.addColumn(colonna(QStringLiteral("Data"), 80));
     grid.addColumn(codiceFiscale);
     grid.addColumn(colonna(QStringLiteral("Cliente"), 300));
     grid.addColumn(colonna(QStringLiteral("Descrizione"), 240, true));
@@ -45,7 +35,7 @@ void aggiungiPerPannello(platform::ReportGrid& grid) {
 }
 
 void aggiungiPerElenco(platform::ReportGrid& grid) {
-    aggiungi(grid, colonna(QStringLiteral("Cod.Fiscale"), almeno(grid, 120, "MMMMMM00M00M000M", MARGINI)));
+    aggiungi(grid, colonna(QStringLiteral("Cod.Fiscale"), 120));
 }
 
 void mostra(const clsItemTrattamento& item, platform::ReportRecord& record) {

@@ -17,7 +17,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
 
 using namespace rigogriglia;
 
@@ -93,7 +92,7 @@ void RigheTrattamento::costruisciColonne() {
         {QStringLiteral("Dente"), 46, false},
         {QStringLiteral("Servizio"), 90, false},
         {QStringLiteral("Descrizione"), 244, true},
-        {QStringLiteral("Inzio"), 64, false}, // spelt so in the practice's handbooks
+        {QStringLiteral("Inzio"), 64, false}, // misspelt on purpose: the column is known by this name
         {QStringLiteral("Fine"), 64, false},
         {QStringLiteral("Ragr.to"), 100, false},
         {QStringLiteral("Operatore"), 100, false},
@@ -101,20 +100,13 @@ void RigheTrattamento::costruisciColonne() {
         {QStringLiteral("Fattura"), 100, false},
         {QStringLiteral("Note"), 84, true},
     };
-    // The widths were drawn for a small screen font; a larger one must not cut numbers and dates.
-    const auto almeno = [this](int larghezza, const QString& testo) {
-        return std::max(larghezza, fontMetrics().horizontalAdvance(testo) + 14);
-    };
     for (const Descrizione& descrizione : colonne) {
         platform::ReportColumn colonna;
         colonna.caption = descrizione.didascalia;
-        const int posto = rcRighi_->columnCount();
         colonna.width = descrizione.larghezza;
-        if (posto == NUMERO) colonna.width = almeno(colonna.width, QStringLiteral("00"));
-        if (posto == INIZIO || posto == FINE) colonna.width = almeno(colonna.width, QStringLiteral("00/00/0000"));
         colonna.resizable = descrizione.ridimensionabile;
         colonna.sortable = false; // the order of the rows is the user's own
-        colonna.editable = posto != NUMERO;
+        colonna.editable = rcRighi_->columnCount() != NUMERO;
         rcRighi_->addColumn(colonna);
     }
     rcRighi_->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QString());

@@ -113,6 +113,27 @@ TEST_F(Editor, StoresANewPlanAsWorkedInTheWindow) {
     EXPECT_EQ(stored->m1.toStdString(), std::string(atteso));
 }
 
+TEST_F(Editor, ShowsTheRowsInTheirColumns) {
+    apri(QString());
+    const QStringList didascalie{QString(),
+                                 QStringLiteral("Dente"),
+                                 QStringLiteral("Servizio"),
+                                 QStringLiteral("Descrizione"),
+                                 QStringLiteral("Inzio"),
+                                 QStringLiteral("Fine"),
+                                 QStringLiteral("Ragr.to"),
+                                 QStringLiteral("Operatore"),
+                                 QStringLiteral("Assistente"),
+                                 QStringLiteral("Fattura"),
+                                 QStringLiteral("Note")};
+    const QList<int> larghezze{20, 46, 90, 244, 64, 64, 100, 100, 100, 100, 84};
+    ASSERT_EQ(righi()->columnCount(), didascalie.size());
+    for (int i = 0; i < righi()->columnCount(); ++i) {
+        EXPECT_EQ(righi()->column(i).caption, didascalie[i]);
+        EXPECT_EQ(righi()->column(i).width, larghezze[i]) << i;
+    }
+}
+
 TEST_F(Editor, NamesWhatKeepsThePlanFromBeingSaved) {
     struct Caso {
         const char *anno, *progressivo, *messaggio;
