@@ -25,6 +25,7 @@ public:
     /// Takes up the settings of every day, after the version was found to be good; throws DatabaseError.
     virtual void settle(QSqlDatabase& connection, const QString& schema) const = 0;
 
+    /// A statement that begins with "{sqlite}" is for that system alone; for another one nothing is left of it.
     virtual QString expand(const QString& sql, const QString& schema) const = 0;
     virtual QString beginWriting() const = 0; ///< Statement that starts a transaction which is going to write.
     virtual QString tables(const QString& schema) const = 0; ///< A query for the names of all tables.

@@ -72,8 +72,10 @@ int Migrations::version() {
 void Migrations::apply(const QString& file, int number) {
     Transaction transaction(database_);
     if (version() >= number) return; // another workstation was faster
-    for (const QString& statement : statementsOf(file))
-        database_.command(database_.dialect().expand(statement, database_.schema()));
+    for (const QString& statement : statementsOf(file)) {
+        const QString fitting = database_.dialect().expand(statement, database_.schema());
+        if (!fitting.isEmpty()) database_.command(fitting);
+    }
     database_.run(QStringLiteral("insert into {schema}.tblVersione (versione, applicata) values (?, ?)"),
                   {number, storedMoment(platform::now())});
     transaction.commit();

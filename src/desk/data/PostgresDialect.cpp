@@ -52,6 +52,7 @@ void PostgresDialect::settle(QSqlDatabase& connection, const QString& schema) co
 }
 
 QString PostgresDialect::expand(const QString& sql, const QString& schema) const {
+    if (sql.startsWith(QLatin1String("{sqlite}"))) return {};
     QString text = sql;
     text.replace(QStringLiteral("{blob}"), QStringLiteral("bytea"));
     text.replace(QStringLiteral("{schema}"), schema);

@@ -124,6 +124,7 @@ QString SqliteDialect::expand(const QString& sql, const QString& schema) const {
     static const QRegularExpression index(QStringLiteral("create( unique)? index (\\w+) on \\{schema\\}\\.(\\w+)"),
                                           QRegularExpression::CaseInsensitiveOption);
     QString text = sql;
+    text.remove(QStringLiteral("{sqlite}"));
     text.replace(index, QStringLiteral("create\\1 index {schema}.\\2 on \\3"));
     text.replace(QStringLiteral("{blob}"), QStringLiteral("blob"));
     text.replace(QStringLiteral("{schema}"), schema);

@@ -1,7 +1,7 @@
 #include "desk/shell/Desk.h"
 
 #include "desk/shell/DeskParts.h"
-#include "desk/shell/Guarded.h"
+#include "desk/data/Guarded.h"
 #include "desk/shell/Options.h"
 #include "host/contract/PluginInterface.h"
 #include "platform/SpecialFolders.h"

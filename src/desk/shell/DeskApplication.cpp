@@ -1,6 +1,6 @@
 #include "desk/shell/DeskApplication.h"
 
-#include "desk/shell/Guarded.h"
+#include "desk/data/Guarded.h"
 
 namespace desk {
 

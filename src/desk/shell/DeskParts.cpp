@@ -2,10 +2,10 @@
 
 #include "desk/shell/ChildWindows.h"
 #include "desk/shell/DeskCommands.h"
-#include "desk/shell/Guarded.h"
+#include "desk/data/Guarded.h"
 #include "desk/shell/PatientDesk.h"
-#include "desk/shell/PatientEditor.h"
-#include "desk/shell/PatientSearch.h"
+#include "desk/people/PatientEditor.h"
+#include "desk/people/PatientSearch.h"
 #include "desk/shell/RibbonBar.h"
 #include "host/contract/PluginInterface.h"
 #include "platform/Dialogs.h"

@@ -1,6 +1,6 @@
 #include "desk/shell/ModuleSession.h"
 
-#include "desk/shell/Guarded.h"
+#include "desk/data/Guarded.h"
 #include "host/contract/Forms.h"
 #include "host/contract/PluginInterface.h"
 #include "host/contract/View.h"

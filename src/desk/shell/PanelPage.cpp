@@ -1,6 +1,6 @@
 #include "desk/shell/PanelPage.h"
 
-#include "desk/shell/Guarded.h"
+#include "desk/data/Guarded.h"
 #include "desk/shell/PanelMenu.h"
 #include "desk/shell/ShowModally.h"
 #include "host/contract/Framework.h"

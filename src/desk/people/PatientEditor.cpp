@@ -1,7 +1,7 @@
-#include "desk/shell/PatientEditor.h"
+#include "desk/people/PatientEditor.h"
 
 #include "desk/data/PatientDirectory.h"
-#include "desk/shell/Guarded.h"
+#include "desk/data/Guarded.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"

@@ -1,7 +1,7 @@
-#include "desk/shell/PatientSearch.h"
+#include "desk/people/PatientSearch.h"
 
 #include "desk/data/PatientDirectory.h"
-#include "desk/shell/Guarded.h"
+#include "desk/data/Guarded.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
 #include "platform/Regional.h"
