@@ -13,4 +13,5 @@ if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
     trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
 fi
 export QT_QPA_PLATFORM=offscreen
-ctest --preset ci --parallel 2 --timeout 300 "$@"
+# Beside a server of its own, for the tests of a practice with several workstations.
+tests/with-postgres.sh ctest --preset ci --parallel 2 --timeout 300 "$@"

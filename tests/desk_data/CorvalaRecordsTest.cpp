@@ -115,12 +115,15 @@ TEST_F(CorvalaRecordsTest, AFailedSaveLeavesTheOldRecord) {
     const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
     QString id;
     ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
-    if (onServer()) GTEST_SKIP() << "the trigger is written for the file";
-    database_->command(QStringLiteral(
-        "create trigger tessara.rotto after update on tblWorkspace begin select raise(abort, 'disco'); end"));
+    database_->command(
+        onServer()
+            ? QStringLiteral("alter table tessara.tblWorkspace add constraint rotto check (t1 <> 'TRT') not valid")
+            : QStringLiteral("create trigger tessara.rotto after update on tblWorkspace "
+                             "begin select raise(abort, 'disco'); end"));
     EXPECT_FALSE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))));
     EXPECT_EQ(patient->corvala().Carica(id)->idrif1, QStringLiteral("2025-0001"));
-    database_->command(QStringLiteral("drop trigger tessara.rotto"));
+    database_->command(onServer() ? QStringLiteral("alter table tessara.tblWorkspace drop constraint rotto")
+                                  : QStringLiteral("drop trigger tessara.rotto"));
     EXPECT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))))
         << "the next save is not caught in the failed one";
 }

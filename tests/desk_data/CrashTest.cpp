@@ -10,7 +10,7 @@
 class CrashTest : public PracticeFixture {
 protected:
     CrashTest()
-        : PracticeFixture(QString()) {}
+        : PracticeFixture(PracticeDatabase::System::Sqlite) {}
 };
 
 // A workstation that is switched off in the middle of a save loses nothing that it had confirmed and leaves no half

@@ -55,7 +55,7 @@ void write(const QString& path, const QByteArray& bytes, qint64 at = 0) {
 class OpeningTest : public PracticeFixture {
 protected:
     OpeningTest()
-        : PracticeFixture(QString()) {}
+        : PracticeFixture(PracticeDatabase::System::Sqlite) {}
 
     QString refusalOf(const QString& path) {
         try {
@@ -173,10 +173,10 @@ TEST_F(OpeningTest, KeepsAnEmptiedFileWhoseLogStillHoldsChanges) {
 }
 
 TEST_F(OpeningTest, RefusesFoldersAndMissingFolders) {
-    EXPECT_TRUE(refusalOf(folder_.path()).contains(QStringLiteral("una cartella, non un file")));
-    const QString missing = folder_.filePath(QStringLiteral("manca/studio.db"));
+    EXPECT_TRUE(refusalOf(place_.folder()).contains(QStringLiteral("una cartella, non un file")));
+    const QString missing = QDir(place_.folder()).filePath(QStringLiteral("manca/studio.db"));
     EXPECT_TRUE(refusalOf(missing).contains(QStringLiteral("La cartella non esiste")));
-    EXPECT_FALSE(QFile::exists(folder_.filePath(QStringLiteral("manca"))));
+    EXPECT_FALSE(QFile::exists(QDir(place_.folder()).filePath(QStringLiteral("manca"))));
 }
 
 TEST_F(OpeningTest, GivesUpOnALockedFileAfterAMoment) {
@@ -203,17 +203,17 @@ TEST_F(OpeningTest, TellsReadOnlyFilesAndFolders) {
     const auto allow = [](const QString& path, int mode) {
         ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(mode)));
     };
-    allow(folder_.path(), 0x7777);
+    allow(place_.folder(), 0x7777);
     allow(path(), 0x6666);
     EXPECT_EQ(answer(), QStringLiteral("aperto\n"));
     allow(path(), 0x4444);
     EXPECT_TRUE(answer().contains(QStringLiteral("Il file è di sola lettura")));
     allow(path(), 0x6666);
-    allow(folder_.path(), 0x5555);
+    allow(place_.folder(), 0x5555);
     EXPECT_TRUE(answer().contains(QStringLiteral("La cartella è di sola lettura")));
     allow(path(), 0x6600);
     EXPECT_TRUE(answer().contains(QStringLiteral("non può essere letto")));
-    allow(folder_.path(), 0x7700);
+    allow(place_.folder(), 0x7700);
 }
 
 TEST(DatabaseUrl, ReadsBothForms) {
@@ -253,7 +253,7 @@ TEST(DatabaseUrl, AServerThatIsNotThereIsToldWithoutThePassword) {
 
 TEST_F(OpeningTest, ServesPathsThatLookLikeAddresses) {
     for (const char* name : {"prova 100%.db", "è così?.db", "a#b&c.db", "l'archivio.db"}) {
-        const QString odd = folder_.filePath(QString::fromUtf8(name));
+        const QString odd = QDir(place_.folder()).filePath(QString::fromUtf8(name));
         EXPECT_EQ(refusalOf(odd), QString()) << name;
         EXPECT_TRUE(QFile::exists(odd)) << name;
     }

@@ -71,14 +71,14 @@ TEST_F(PatientCollectionsTest, DiaryVisitsAndDueDatesAreSavedAndChanged) {
 }
 
 TEST_F(PatientCollectionsTest, FilesGoInAndComeOutWhole) {
-    const QString source = folder_.filePath(QStringLiteral("foto è.scan.jpg"));
+    const QString source = QDir(place_.folder()).filePath(QStringLiteral("foto è.scan.jpg"));
     QByteArray content;
     for (int i = 0; i < 300000; ++i)
         content.append(static_cast<char>(i * 7));
     ASSERT_TRUE(platform::files::writeAtomically(source, content));
     QString id;
-    EXPECT_FALSE(
-        patient_->Files().SalvaFile(id, QStringLiteral("manca"), folder_.filePath(QStringLiteral("manca.jpg"))));
+    EXPECT_FALSE(patient_->Files().SalvaFile(id, QStringLiteral("manca"),
+                                             QDir(place_.folder()).filePath(QStringLiteral("manca.jpg"))));
     EXPECT_TRUE(id.isEmpty());
     ASSERT_TRUE(patient_->Files().SalvaFile(id, QStringLiteral("Panoramica"), source));
     ASSERT_EQ(patient_->Files().Lista().size(), 1);

@@ -3,33 +3,22 @@
 #include "desk/data/Database.h"
 #include "desk/data/PatientDirectory.h"
 #include "desk/data/PatientRecord.h"
+#include "support/PracticeDatabase.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <stdexcept>
 
-/// A practice of its own, empty but for what the test puts in: a file in a temporary folder, or the schema of a server
-/// when CORVALA_TEST_POSTGRES holds the address of a database with "test" in its name (then one test at a time).
+/// A practice of its own, empty but for what the test puts in, on the database system that the run is for.
 class PracticeFixture : public testing::Test {
 protected:
-    explicit PracticeFixture(const QString& server = qEnvironmentVariable("CORVALA_TEST_POSTGRES"))
-        : server_(server) {
-        if (onServer()) clearServer();
-        database_ = reopened();
-    }
+    explicit PracticeFixture(PracticeDatabase::System system = PracticeDatabase::System::Chosen)
+        : place_(system)
+        , database_(reopened()) {}
 
-    void clearServer() const {
-        if (!url().database.contains(QLatin1String("test")))
-            throw std::runtime_error("this may be a real practice: not touched");
-        desk::Database::open(url())->command(QStringLiteral("drop schema tessara cascade"));
-    }
     std::unique_ptr<desk::Database> reopened() const { return desk::Database::open(url()); }
-    QString path() const { return folder_.filePath(QStringLiteral("studio.db")); }
-    bool onServer() const { return !server_.isEmpty(); }
-    desk::DatabaseUrl url() const {
-        return desk::DatabaseUrl::parse(onServer() ? server_ : QStringLiteral("sqlite:") + path());
-    }
+    QString path() const { return place_.path(); }
+    bool onServer() const { return place_.onServer(); }
+    desk::DatabaseUrl url() const { return desk::DatabaseUrl::parse(place_.url()); }
 
     QString addPatient(const QString& surname, const QString& name, const QString& taxCode = {}) {
         desk::PatientData patient;
@@ -46,8 +35,7 @@ protected:
         return patient;
     }
 
-    QString server_;
-    QTemporaryDir folder_;
+    PracticeDatabase place_;
     const QString sign_ = QStringLiteral("D'Amico Sara");
     std::unique_ptr<desk::Database> database_;
 };

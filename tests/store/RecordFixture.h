@@ -14,6 +14,8 @@
 #include "config/clsItemRaggMerc.h"
 #include "config/clsItemSituazioneDente.h"
 
+#include "support/PracticeDatabase.h"
+
 #include <QTemporaryDir>
 #include <QUuid>
 #include <gtest/gtest.h>
@@ -45,7 +47,7 @@ class RecordFixture : public testing::Test {
 protected:
     RecordFixture() {
         desk::Options options;
-        options.databaseUrl = QStringLiteral("sqlite:") + path("studio.db");
+        options.databaseUrl = place_.url();
         practice_ = desk::Practice::open(options);
         host_ = std::make_unique<RecordHost>(*practice_);
         oHost = host_.get();
@@ -77,6 +79,7 @@ protected:
     }
 
     QTemporaryDir folder_;
+    PracticeDatabase place_; // before the practice, which must be closed when its place goes
     std::unique_ptr<desk::Practice> practice_;
     std::unique_ptr<RecordHost> host_;
     clsConfig config_;

@@ -10,6 +10,7 @@
 #include "platform/SpecialFolders.h"
 #include "platform/XmlDocument.h"
 #include "support/DialoghiDiProva.h"
+#include "support/PracticeDatabase.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ protected:
     StudioConModulo() {
         platform::setClock(QDateTime(QDate(2026, 3, 10), QTime(9, 30)));
         sAppPath = QStringLiteral(CORVALA_APP_DIR);
-        opzioni_.databaseUrl = QStringLiteral("sqlite:") + cartella_.filePath(QStringLiteral("studio.db"));
+        opzioni_.databaseUrl = archivio_.url();
         opzioni_.configDir = cartella_.filePath(QStringLiteral("config"));
         opzioni_.demo = true;
     }
@@ -62,6 +63,7 @@ protected:
     }
 
     QTemporaryDir cartella_;
+    PracticeDatabase archivio_;
     DialoghiDiProva dialoghi_;
     desk::Options opzioni_;
     std::unique_ptr<desk::Desk> desk_;

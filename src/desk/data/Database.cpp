@@ -4,7 +4,10 @@
 #include "desk/data/PatientCache.h"
 
 #include <QLoggingCategory>
+#include <QScopedValueRollback>
 #include <QSqlError>
+#include <exception>
+#include <utility>
 
 namespace desk {
 
@@ -17,14 +20,24 @@ QString nextConnectionName() {
     return QStringLiteral("tessara-%1").arg(++count);
 }
 
+constexpr int longWait = 1000; // milliseconds that a refusal takes on a network that is down
+constexpr int silence = 3000;  // milliseconds for which such a server is not asked again: the windows would stand still
+
+class ConnectionLost : public DatabaseError {
+public:
+    using DatabaseError::DatabaseError;
+};
+
+bool onlyReads(const QString& sql) {
+    return sql.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
+}
+
 } // namespace
 
 std::unique_ptr<Database> Database::open(const DatabaseUrl& url) {
     std::unique_ptr<Database> database(new Database(url, Dialect::forKind(url.kind)));
     try {
-        database->dialect_->open(database->connection_, url, database->schema());
-        Migrations(*database).bringUpToDate();
-        database->dialect_->settle(database->connection_, database->schema());
+        database->connect();
     } catch (const DatabaseError& error) {
         throw DatabaseError(
             QStringLiteral("Impossibile aprire l'archivio «%1».\n%2").arg(url.toDisplay(), error.text()));
@@ -37,46 +50,122 @@ Database::Database(const DatabaseUrl& url, std::unique_ptr<Dialect> dialect)
     : url_(url)
     , dialect_(std::move(dialect))
     , connectionName_(nextConnectionName())
-    , connection_(QSqlDatabase::addDatabase(dialect_->driver(), connectionName_))
     , patients_(std::make_unique<PatientCache>(*this)) {}
 
 Database::~Database() {
-    failed_.clear();
-    idle_.clear();
-    connection_.close();
-    connection_ = QSqlDatabase(); // the name can only be taken back when no handle is left
-    QSqlDatabase::removeDatabase(connectionName_);
+    disconnect();
 }
 
 QString Database::schema() const {
     return QStringLiteral("tessara");
 }
 
-Query Database::run(const QString& sql, const QVariantList& values) {
-    std::unique_ptr<QSqlQuery> statement;
-    if (auto idle = idle_.extract(sql)) {
-        statement = std::move(idle.mapped());
-    } else {
-        statement = newStatement();
-        if (!statement->prepare(dialect_->expand(sql, schema()))) fail(*statement);
+// --------------------------------------------------------------------------------------------------------- connection
+
+void Database::connect() {
+    const QScopedValueRollback<bool> connecting(connecting_, true);
+    connection_ = QSqlDatabase::addDatabase(dialect_->driver(), connectionName_);
+    lost_ = false;
+    dialect_->open(connection_, url_, schema());
+    Migrations(*this).bringUpToDate();
+    dialect_->settle(connection_, schema());
+}
+
+void Database::disconnect() {
+    // Statements of a lost connection must outlive it: they would try to tell the server that they are done.
+    if (!isLost()) {
+        failed_.clear();
+        idle_.clear();
+        connection_.close();
     }
-    for (int i = 0; i < values.size(); ++i)
-        statement->bindValue(i, values[i]);
-    return executed(sql, std::move(statement));
+    connection_ = QSqlDatabase(); // the name can only be taken back when no handle is left
+    if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
+    failed_.clear();
+    idle_.clear();
+}
+
+// Not within a transaction: what it wrote is gone, and the rest of it must fail too.
+void Database::ensureConnected() {
+    if (connecting_ || transactionDepth_ > 0 || !isLost()) return;
+    const ConnectionLost noAnswer(dialect_->lossText());
+    if (sinceSilence_.isValid() && !sinceSilence_.hasExpired(silence)) throw noAnswer;
+    sinceSilence_.invalidate();
+    QElapsedTimer patience;
+    patience.start();
+    try {
+        disconnect();
+        connect();
+    } catch (const DatabaseError&) {
+        lost_ = true;
+        if (patience.hasExpired(longWait)) sinceSilence_.start();
+        throw;
+    }
+    ++generation_;
+    if (std::exchange(lossTold_, false) && listener_.recovered) listener_.recovered();
+}
+
+void Database::replaced(const std::function<void()>& work) {
+    if (transactionDepth_ > 0) throw DatabaseError(QStringLiteral("Una registrazione è ancora in corso."));
+    disconnect();
+    std::exception_ptr fault;
+    try {
+        work();
+    } catch (...) {
+        fault = std::current_exception();
+    }
+    ensureConnected();
+    if (fault) std::rethrow_exception(fault);
+}
+
+// --------------------------------------------------------------------------------------------------------- statements
+
+Query Database::run(const QString& sql, const QVariantList& values) {
+    return attempt(onlyReads(sql), [&] {
+        std::unique_ptr<QSqlQuery> statement;
+        if (auto idle = idle_.extract(sql)) {
+            statement = std::move(idle.mapped());
+        } else {
+            statement = newStatement();
+            if (!statement->prepare(dialect_->expand(sql, schema()))) fail(*statement);
+        }
+        for (int i = 0; i < values.size(); ++i)
+            statement->bindValue(i, values[i]);
+        return executed(sql, std::move(statement));
+    });
 }
 
 // Preparing refuses a second statement in the text on every database system.
 Query Database::runText(const QString& sql) {
-    auto statement = newStatement();
-    if (!statement->prepare(sql)) fail(*statement);
-    return executed(QString(), std::move(statement));
+    return attempt(onlyReads(sql), [&] {
+        auto statement = newStatement();
+        if (!statement->prepare(sql)) fail(*statement);
+        return executed(QString(), std::move(statement));
+    });
 }
 
 Query Database::command(const QString& sql) {
-    auto statement = newStatement();
-    if (!statement->exec(sql)) fail(*statement);
-    ++generation_;
-    return Query(*this, QString(), std::move(statement));
+    return attempt(sql == dialect_->beginWriting(), [&] {
+        auto statement = newStatement();
+        if (!statement->exec(sql)) fail(*statement);
+        ++generation_;
+        return Query(*this, QString(), std::move(statement));
+    });
+}
+
+Query Database::attempt(bool mayRepeat, const std::function<Query()>& step) {
+    try {
+        ensureConnected();
+        try {
+            return step();
+        } catch (const ConnectionLost&) {
+            if (!mayRepeat || transactionDepth_ > 0) throw;
+        }
+        ensureConnected();
+        return step();
+    } catch (const DatabaseError& error) {
+        tell(error);
+        throw;
+    }
 }
 
 std::unique_ptr<QSqlQuery> Database::newStatement() const {
@@ -87,24 +176,46 @@ std::unique_ptr<QSqlQuery> Database::newStatement() const {
 
 Query Database::executed(const QString& sql, std::unique_ptr<QSqlQuery> statement) {
     if (!statement->exec()) {
-        // A server cannot free a statement inside the transaction that it broke, so that it must live on.
-        const QSqlQuery& failed = *statement;
-        if (transactionDepth_ > 0) failed_.push_back(std::move(statement));
-        fail(failed);
+        // A server cannot free a statement inside the transaction that it broke, nor on a connection that it ended: it
+        // must live on.
+        failed_.push_back(std::move(statement));
+        fail(*failed_.back());
     }
     if (!statement->isSelect()) ++generation_;
     return Query(*this, sql, std::move(statement));
 }
 
-void Database::fail(const QSqlQuery& statement) const {
+void Database::fail(const QSqlQuery& statement) {
     const QSqlError error = statement.lastError();
     qCWarning(lcData).noquote() << error.nativeErrorCode() << error.databaseText().section(QLatin1Char('\n'), 0, 0)
                                 << "in" << statement.lastQuery().left(200);
+    lost_ = lost_ || dialect_->endsConnection(error);
+    if (isLost()) throw ConnectionLost(dialect_->lossText());
+    if (transactionDepth_ == 0) failed_.clear();
     throw DatabaseError(dialect_->explain(error));
+}
+
+void Database::failedWhileReading(const QSqlQuery& statement) {
+    try {
+        fail(statement);
+    } catch (const DatabaseError& error) {
+        tell(error);
+        throw;
+    }
+}
+
+void Database::tell(const DatabaseError& error) {
+    if (connecting_) return; // whoever connects tells
+    lossTold_ = lossTold_ || isLost();
+    if (listener_.failed) listener_.failed(error.text(), isLost());
 }
 
 // An empty text marks a statement that nobody will ask for again.
 void Database::giveBack(const QString& sql, std::unique_ptr<QSqlQuery> statement) {
+    if (isLost() || statement->driver() != connection_.driver()) {
+        if (isLost()) failed_.push_back(std::move(statement));
+        return;
+    }
     statement->finish();
     if (!sql.isEmpty()) idle_.insert_or_assign(sql, std::move(statement));
 }

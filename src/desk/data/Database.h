@@ -5,9 +5,11 @@
 #include "desk/data/Dialect.h"
 #include "desk/data/Query.h"
 
+#include <QElapsedTimer>
 #include <QSqlDatabase>
 #include <QString>
 #include <QVariantList>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -17,7 +19,8 @@ namespace desk {
 
 class PatientCache;
 
-/// The practice's database, open and of the present version. One connection, for the interface thread. Owned by the
+/// The practice's database, open and of the present version. One connection, for the interface thread; one that was
+/// lost is made anew by the next call, and a call that had not written anything by then is simply done. Owned by the
 /// program's assembly; everything else in this folder borrows it and must die before it.
 class Database {
 public:
@@ -31,6 +34,13 @@ public:
     QString schema() const; ///< Prefix of table names in SQL text.
     const Dialect& dialect() const { return *dialect_; }
     const DatabaseUrl& url() const { return url_; }
+
+    /// Hears of failures and of the first success after one; it may not use the database while it is told.
+    struct Listener {
+        std::function<void(const QString& text, bool connectionLost)> failed;
+        std::function<void()> recovered;
+    };
+    void setListener(Listener listener) { listener_ = std::move(listener); }
 
     /// Runs one statement with bound values; "{schema}." stands before table names. Prepared once and used again.
     /// Throws DatabaseError.
@@ -46,6 +56,10 @@ public:
     void noticeOthers(); ///< Asks whether another workstation has written since; cheap.
     PatientCache& patients() { return *patients_; }
 
+    /// Lets go of the database while `work` puts another in its place, and opens what lies there then, even when `work`
+    /// throws. Not within a transaction. Throws DatabaseError.
+    void replaced(const std::function<void()>& work);
+
 private:
     friend class Query;
     friend class Transaction;
@@ -53,7 +67,17 @@ private:
     void giveBack(const QString& sql, std::unique_ptr<QSqlQuery> statement);
     std::unique_ptr<QSqlQuery> newStatement() const;
     Query executed(const QString& sql, std::unique_ptr<QSqlQuery> statement);
-    [[noreturn]] void fail(const QSqlQuery& statement) const;
+    /// Runs the step on a connection that stands. One that turns out to be gone is made anew; then the step is done
+    /// again if it `mayRepeat`, since it can have left nothing behind. Tells the listener what failed in the end.
+    Query attempt(bool mayRepeat, const std::function<Query()>& step);
+    [[noreturn]] void fail(const QSqlQuery& statement);
+    [[noreturn]] void failedWhileReading(const QSqlQuery& statement);
+    void tell(const DatabaseError& error);
+
+    void connect();
+    void disconnect();
+    void ensureConnected();
+    bool isLost() const { return lost_ || !connection_.isOpen(); }
 
     DatabaseUrl url_;
     std::unique_ptr<Dialect> dialect_;
@@ -65,6 +89,11 @@ private:
     std::optional<qint64> othersSeen_;
     quint64 generation_ = 1;
     int transactionDepth_ = 0;
+    bool lost_ = false; ///< The connection ended, whatever the driver still thinks of it.
+    bool connecting_ = false;
+    bool lossTold_ = false;
+    QElapsedTimer sinceSilence_; ///< Runs since a server that kept the user waiting gave no answer.
+    Listener listener_;
     bool transactionDoomed_ = false; ///< An inner one was not committed, so the outer one must not be.
 };
 

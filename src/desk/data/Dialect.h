@@ -36,6 +36,8 @@ public:
     virtual std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const = 0;
     /// What went wrong in words for the user.
     virtual QString explain(const QSqlError& error) const = 0;
+    virtual bool endsConnection(const QSqlError& error) const = 0; ///< After it, no statement can succeed any more.
+    virtual QString lossText() const = 0; ///< What the user reads while the connection is gone.
 };
 
 } // namespace desk

@@ -10,6 +10,10 @@ namespace desk {
 
 namespace {
 
+// A server that was unplugged answers nothing at all: without a limit the windows would stand still for many minutes.
+constexpr char connectOptions[] = "connect_timeout=5;tcp_user_timeout=10000;keepalives_idle=30;keepalives_interval=5;"
+                                  "keepalives_count=3;application_name=tessara";
+
 constexpr int openingLock = 5000906; // any number that no other program on the server uses
 
 // The lines after the first repeat the row, and with it a patient's data.
@@ -22,6 +26,31 @@ void execute(QSqlDatabase& connection, const QString& sql) {
     if (!query.exec(sql)) throw DatabaseError(PostgresDialect().explain(query.lastError()));
 }
 
+// The server gives no code for a refused connection, only words.
+QString refusal(const QString& words) {
+    struct Reason {
+        const char* words;
+        const char16_t* meaning;
+    };
+    static constexpr Reason reasons[] = {
+        {"password authentication failed", u"Il server rifiuta l'accesso: nome utente o password non validi."},
+        {"no password supplied", u"Il server rifiuta l'accesso: manca la password."},
+        {"no pg_hba.conf entry", u"Il server rifiuta l'accesso da questo computer."},
+        {"Connection refused", u"Il server non risponde: è spento, oppure l'indirizzo o la porta non sono giusti."},
+        {"timeout expired", u"Il server non risponde: è spento oppure la rete non lo raggiunge."},
+        {"No route to host", u"Il server non risponde: la rete non lo raggiunge."},
+        {"could not translate host name", u"Il server non risponde: il suo nome non si trova nella rete."},
+        {"starting up", u"Il server non risponde ancora: si sta avviando. Riprovare fra poco."},
+        {"shutting down", u"Il server non risponde più: si sta spegnendo."},
+        {"too many clients", u"Il server rifiuta l'accesso: troppi programmi collegati."},
+    };
+    for (const Reason& reason : reasons)
+        if (words.contains(QLatin1String(reason.words))) return QString::fromUtf16(reason.meaning);
+    if (words.contains(QLatin1String("does not exist")))
+        return QStringLiteral("Il server rifiuta l'accesso: l'archivio o l'utente indicato non esiste.");
+    return QStringLiteral("Il server non risponde o rifiuta l'accesso: %1").arg(words);
+}
+
 } // namespace
 
 void PostgresDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const {
@@ -32,11 +61,8 @@ void PostgresDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, con
     connection.setDatabaseName(url.database);
     connection.setUserName(url.user);
     connection.setPassword(url.password);
-    connection.setConnectOptions(QStringLiteral("connect_timeout=5"));
-    if (!connection.open()) {
-        throw DatabaseError(
-            QStringLiteral("Il server non risponde o rifiuta l'accesso: %1").arg(firstLine(connection.lastError())));
-    }
+    connection.setConnectOptions(QString::fromLatin1(connectOptions));
+    if (!connection.open()) throw DatabaseError(refusal(firstLine(connection.lastError())));
     execute(connection, QStringLiteral("set client_min_messages to warning"));
     execute(connection, QStringLiteral("set lock_timeout to '8s'"));
     // One workstation at a time creates the tables or brings them up to date; a refusal ends the session and with it
@@ -76,6 +102,15 @@ std::optional<qint64> PostgresDialect::foreignWrites(QSqlDatabase& connection, c
 
 QString PostgresDialect::explain(const QSqlError& error) const {
     return QStringLiteral("Errore del server: %1").arg(firstLine(error));
+}
+
+bool PostgresDialect::endsConnection(const QSqlError& error) const {
+    const QString code = error.nativeErrorCode();
+    return code.startsWith(QLatin1String("08")) || code.startsWith(QLatin1String("57P0"));
+}
+
+QString PostgresDialect::lossText() const {
+    return QStringLiteral("Il collegamento con il server dell'archivio si è interrotto.");
 }
 
 } // namespace desk

@@ -16,6 +16,8 @@ public:
     QString matches(const QString& column) const override;
     std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const override;
     QString explain(const QSqlError& error) const override;
+    bool endsConnection(const QSqlError& error) const override;
+    QString lossText() const override;
 };
 
 } // namespace desk

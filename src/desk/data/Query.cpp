@@ -2,6 +2,8 @@
 
 #include "desk/data/Database.h"
 
+#include <QSqlError>
+
 namespace desk {
 
 Query::Query(Database& database, QString sql, std::unique_ptr<QSqlQuery> statement)
@@ -14,7 +16,9 @@ Query::~Query() {
 }
 
 bool Query::next() {
-    return statement_->next();
+    if (statement_->next()) return true;
+    if (statement_->lastError().isValid()) database_->failedWhileReading(*statement_);
+    return false;
 }
 
 QVariant Query::value(int column) const {

@@ -20,7 +20,7 @@ public:
     Query(Query&&) noexcept = default;
     Query& operator=(Query&&) = delete;
 
-    bool next();
+    bool next(); ///< Throws DatabaseError when the rows break off: a part is never taken for the whole.
     QVariant value(int column) const;
     QString text(int column) const;     ///< A null string for a null.
     int number(int column) const;       ///< 0 for a null.

@@ -17,6 +17,8 @@ public:
     QString matches(const QString& column) const override;
     std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const override;
     QString explain(const QSqlError& error) const override;
+    bool endsConnection(const QSqlError&) const override { return false; }
+    QString lossText() const override { return QStringLiteral("L'archivio non è aperto."); }
 };
 
 } // namespace desk

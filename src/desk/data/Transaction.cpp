@@ -20,7 +20,8 @@ Transaction::~Transaction() {
         database_.transactionDoomed_ = true;
         return;
     }
-    ++database_.generation_; // what was read in between never came to be
+    ++database_.generation_;        // what was read in between never came to be
+    if (database_.isLost()) return; // the server rolls back what nobody can commit any more
     try {
         database_.command(QStringLiteral("rollback"));
     } catch (const DatabaseError&) {
