@@ -4,6 +4,24 @@
 
 namespace platform {
 
+namespace {
+
+// Qt keeps its persistent indexes in a hash over row and id, unmixed: numbers in a row make it crawl with ten thousand
+// groups. Multiplying by an odd number spreads them, and its inverse leads back.
+constexpr quintptr spreading = 0x9E3779B97F4A7C15u;
+constexpr quintptr gathering = 0xF1DE83E19937733Du;
+static_assert(spreading * gathering == 1);
+
+quintptr spread(int id) {
+    return static_cast<quintptr>(id) * spreading;
+}
+
+} // namespace
+
+int ReportGridModel::idOf(const QModelIndex& index) {
+    return static_cast<int>(index.internalId() * gathering);
+}
+
 ReportGridModel::ReportGridModel(QObject* parent)
     : QAbstractItemModel(parent) {}
 ReportGridModel::~ReportGridModel() = default;
@@ -22,13 +40,13 @@ const ReportCell& ReportGridModel::cellIn(const ReportRecord& record, int column
 
 const ReportRows::Row* ReportGridModel::rowAt(const QModelIndex& index) const {
     if (!index.isValid() || index.model() != this) return nullptr;
-    const int id = static_cast<int>(index.internalId());
+    const int id = idOf(index);
     return id == ReportRows::root ? nullptr : rows_.find(id);
 }
 
 QModelIndex ReportGridModel::indexOfRow(int id, int column) const {
     if (id <= ReportRows::root || column < 0) return {};
-    return createIndex(rows_.positionOf(id), column, static_cast<quintptr>(id));
+    return createIndex(rows_.positionOf(id), column, spread(id));
 }
 
 ReportRecord* ReportGridModel::recordAt(const QModelIndex& index) const {
@@ -48,7 +66,7 @@ bool ReportGridModel::isGroupHead(const QModelIndex& index) const {
 QString ReportGridModel::groupText(const QModelIndex& index) const {
     const ReportRows::Row* row = rowAt(index);
     if (!row || row->record) return {};
-    const int records = rows_.recordsBelow(static_cast<int>(index.internalId()));
+    const int records = rows_.recordsBelow(idOf(index));
     return QStringLiteral("%1: %2 (%3)").arg(column(row->groupColumn).caption, row->groupValue).arg(records);
 }
 
@@ -65,13 +83,6 @@ int ReportGridModel::spanStart(const QModelIndex& index) const {
         if (column + cellIn(*record, column).style().mergedColumns > index.column()) return column;
     }
     return index.column();
-}
-
-bool ReportGridModel::hasTree() const {
-    for (int id : rows_.children(ReportRows::root)) {
-        if (!rows_.children(id).empty()) return true;
-    }
-    return false;
 }
 
 void ReportGridModel::setEditing(bool editable, bool readOnly) {
@@ -97,9 +108,9 @@ void ReportGridModel::recordChanged(const ReportRecord* record) {
 QModelIndex ReportGridModel::index(int row, int column, const QModelIndex& parent) const {
     if (row < 0 || column < 0 || column >= columns() || (parent.isValid() && parent.column() != 0)) return {};
     if (parent.isValid() && !rowAt(parent)) return {};
-    const auto& children = rows_.children(parent.isValid() ? static_cast<int>(parent.internalId()) : ReportRows::root);
+    const auto& children = rows_.children(parent.isValid() ? idOf(parent) : ReportRows::root);
     if (row >= static_cast<int>(children.size())) return {};
-    return createIndex(row, column, static_cast<quintptr>(children[static_cast<std::size_t>(row)]));
+    return createIndex(row, column, spread(children[static_cast<std::size_t>(row)]));
 }
 
 QModelIndex ReportGridModel::parent(const QModelIndex& child) const {

@@ -54,8 +54,8 @@ public:
     bool isGroupHead(const QModelIndex& index) const;
     QString groupText(const QModelIndex& index) const; ///< "caption: value (count)".
     const ReportCell& cellAt(const QModelIndex& index) const;
-    int spanStart(const QModelIndex& index) const; ///< The column whose cell covers this one.
-    bool hasTree() const;                          ///< Whether any row has rows below it.
+    int spanStart(const QModelIndex& index) const;  ///< The column whose cell covers this one.
+    bool hasTree() const { return rows_.nested(); } ///< Whether any row has rows below it.
 
     void setEditing(bool editable, bool readOnly);
     bool isEditable(const QModelIndex& index) const;
@@ -79,6 +79,7 @@ private:
     };
 
     const ReportRows::Row* rowAt(const QModelIndex& index) const; ///< Null for an index that leads nowhere any more.
+    static int idOf(const QModelIndex& index);
     QModelIndex indexOfRow(int id, int column) const;
     void showRecord(int parent, int position, ReportRecord* record);
     void showNewChildren();

@@ -209,7 +209,7 @@ void ReportGridModel::arrange() {
         QModelIndexList after;
         after.reserve(before.size());
         for (const QModelIndex& old : before) {
-            const int id = static_cast<int>(old.internalId());
+            const int id = idOf(old);
             // Numbers of old group heads may have been given to new ones: such an index is not carried over.
             const ReportRows::Row* row = rows_.find(id);
             after.append(row && row->record ? indexOfRow(id, old.column()) : QModelIndex());

@@ -23,34 +23,16 @@ QString foldKey(const ReportGridModel& model, const QModelIndex& index) {
     return key;
 }
 
-void forEachBranch(const ReportGridModel& model, const QModelIndex& parent,
-                   const std::function<void(const QModelIndex&)>& visit) {
-    for (int row = 0; row < model.rowCount(parent); ++row) {
-        const QModelIndex index = model.index(row, 0, parent);
-        if (model.rowCount(index) == 0) continue;
-        visit(index);
-        forEachBranch(model, index, visit);
-    }
-}
-
 } // namespace
 
 void ReportGrid::Parts::change(ReportGrid& grid, const std::function<void()>& work) {
     QSet<QString> folded;
-    forEachBranch(*model, {}, [&](const QModelIndex& branch) {
+    view->forEachBranch([&](const QModelIndex& branch) {
         if (!view->isExpanded(branch)) folded.insert(foldKey(*model, branch));
     });
     ++changing;
     work();
-    if (model->hasTree()) {
-        view->expandAll();
-        view->forgetDisplayed();
-        if (!folded.isEmpty()) {
-            forEachBranch(*model, {}, [&](const QModelIndex& branch) {
-                if (folded.contains(foldKey(*model, branch))) view->collapse(branch);
-            });
-        }
-    }
+    view->unfold([&](const QModelIndex& branch) { return !folded.contains(foldKey(*model, branch)); });
     view->viewport()->update();
     --changing;
     grid.announceFocus();

@@ -5,6 +5,7 @@
 namespace platform {
 
 void ReportRows::clear() {
+    nested_ = 0;
     free_.clear();
     ids_.clear();
     slots_.clear();
@@ -33,6 +34,7 @@ int ReportRows::insert(int parent, int position, ReportRecord* record) {
     if (position < static_cast<int>(siblings.size())) above.numbered = false;
     siblings.insert(siblings.begin() + position, id);
     if (record) ids_.insert(record, id);
+    if (parent != root) ++nested_;
     return id;
 }
 
@@ -48,6 +50,7 @@ void ReportRows::release(int id) {
     for (int child : below)
         release(child);
     if (slot(id).row.record) ids_.remove(slot(id).row.record);
+    if (parentOf(id) != root) --nested_;
     slot(id) = Slot();
     free_.push_back(id);
 }
@@ -63,6 +66,7 @@ void ReportRows::remove(int id) {
 void ReportRows::append(int parent, int id) {
     Slot& above = slot(parent);
     slot(id).row.parent = parent;
+    if (parent != root) ++nested_;
     slot(id).position = static_cast<int>(above.row.children.size());
     above.row.children.push_back(id);
 }
@@ -74,7 +78,11 @@ void ReportRows::detachAll() {
     while (!heads.empty()) {
         const int id = heads.back();
         heads.pop_back();
-        if (slot(id).row.record) continue;
+        if (slot(id).row.record) {
+            if (parentOf(id) != root) --nested_;
+            slot(id).row.parent = root;
+            continue;
+        }
         heads.insert(heads.end(), children(id).begin(), children(id).end());
         slot(id).row.children.clear();
         release(id);

@@ -39,7 +39,8 @@ public:
     int parentOf(int id) const { return slot(id).row.parent; }
     int positionOf(int id) const;
     const std::vector<int>& children(int id) const { return slot(id).row.children; }
-    int recordsBelow(int id) const; ///< Records under a group head, at any depth of heads.
+    bool nested() const { return nested_ > 0; } ///< Whether any row has rows below it.
+    int recordsBelow(int id) const;             ///< Records under a group head, at any depth of heads.
 
 private:
     struct Slot {
@@ -55,6 +56,7 @@ private:
 
     std::vector<Slot> slots_;
     std::vector<int> free_;
+    int nested_ = 0; ///< Rows that are below another.
     QHash<const ReportRecord*, int> ids_;
 };
 

@@ -85,6 +85,30 @@ void ReportTreeView::collectDisplayed(const QModelIndex& parent) const {
     }
 }
 
+void ReportTreeView::forEachBranch(const std::function<void(const QModelIndex&)>& visit) const {
+    if (!model_.hasTree()) return;
+    std::vector<QModelIndex> open{QModelIndex()};
+    while (!open.empty()) {
+        const QModelIndex parent = open.back();
+        open.pop_back();
+        for (int row = model_.rowCount(parent) - 1; row >= 0; --row) {
+            const QModelIndex index = model_.index(row, 0, parent);
+            if (model_.rowCount(index) == 0) continue;
+            visit(index);
+            open.push_back(index);
+        }
+    }
+}
+
+void ReportTreeView::unfold(const std::function<bool(const QModelIndex&)>& open) {
+    if (!model_.hasTree()) return;
+    // With a layout to come, a branch costs a note and no layout of its own.
+    scheduleDelayedItemsLayout();
+    forEachBranch([&](const QModelIndex& branch) { setExpanded(branch, open(branch)); });
+    executeDelayedItemsLayout();
+    forgetDisplayed();
+}
+
 QModelIndex ReportTreeView::displayedRow(int row) const {
     const auto& rows = displayed();
     return row < 0 || row >= static_cast<int>(rows.size()) ? QModelIndex() : rows[static_cast<std::size_t>(row)];

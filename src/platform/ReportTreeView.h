@@ -5,6 +5,7 @@
 #include <QPersistentModelIndex>
 #include <QTimer>
 #include <QTreeView>
+#include <functional>
 
 namespace platform {
 
@@ -28,7 +29,10 @@ public:
     int displayedRowCount() const { return static_cast<int>(displayed().size()); }
     QModelIndex displayedRow(int row) const; ///< Invalid outside the rows.
     int displayedRowOf(const QModelIndex& index) const;
-    void forgetDisplayed() { displayedKnown_ = false; }
+    /// Visits the rows that have rows below them.
+    void forEachBranch(const std::function<void(const QModelIndex&)>& visit) const;
+    /// Opens the branches that are to be open and folds the others.
+    void unfold(const std::function<bool(const QModelIndex&)>& open);
 
     // Cells
     QRect cellRect(const QModelIndex& index) const; ///< With the columns that the cell covers.
@@ -69,6 +73,7 @@ private:
     enum class Part { None, Text, Check, Button, List, Expander };
 
     const std::vector<QModelIndex>& displayed() const;
+    void forgetDisplayed() { displayedKnown_ = false; }
     void collectDisplayed(const QModelIndex& parent) const;
     int firstColumn() const;
     ReportCellParts partsOf(const QModelIndex& index) const;
