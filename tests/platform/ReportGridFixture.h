@@ -12,6 +12,13 @@
 /// A report grid on screen, worked with mouse and keys, with the model tester watching every change.
 class GridTest : public testing::Test {
 protected:
+    static QStringList list(std::initializer_list<const char*> texts) {
+        QStringList made;
+        for (const char* text : texts)
+            made << QString::fromUtf8(text);
+        return made;
+    }
+
     void show(const QStringList& captions, bool editable = false) {
         for (const QString& caption : captions) {
             platform::ReportColumn column;
