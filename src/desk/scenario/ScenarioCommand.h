@@ -16,6 +16,7 @@ struct ScenarioCommand {
     QString name;
     QString usage;
     void (*perform)(ScenarioStage& stage, const QStringList& arguments);
+    int patience = 1; ///< How many times as long as others it waits for what is not there yet.
 };
 
 QList<ScenarioCommand> windowCommands();  ///< Windows, the desk and its questions.

@@ -144,14 +144,14 @@ void ScenarioRunner::runNextLine() {
     lastStarted_ = line.number;
     sinceProgress_.start();
     frames_.push_back({line.number, QThread::currentThread()->loopLevel(), QApplication::activeModalWidget()});
+    const ScenarioCommand* command = findScenarioCommand(line.command);
     try {
-        const ScenarioCommand* command = findScenarioCommand(line.command);
         command->perform(stage_, line.arguments);
         ++stepsDone_;
     } catch (const ScenarioFault& fault) {
         // A line that got as far as to let others run has acted already and cannot be tried again.
         const bool mayPass = fault.kind() == ScenarioFault::Kind::Passing && next_ == position + 1;
-        if (mayPass && !hasElapsed(sinceWaiting_, options_.patience))
+        if (mayPass && !hasElapsed(sinceWaiting_, options_.patience * command->patience))
             next_ = position;
         else
             fail(line.number, fault.text());

@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QPixmap>
 #include <QTimer>
@@ -21,6 +22,8 @@
 
 namespace desk {
 namespace {
+
+constexpr int OTHERS_PATIENCE = 20; // another desk may be starting yet
 
 void openPatient(ScenarioStage& stage, const QStringList& arguments) {
     if (!stage.desk().openPatient(arguments[0]))
@@ -115,6 +118,18 @@ void printControls(ScenarioStage& stage, const QStringList&) {
     std::fflush(stdout);
 }
 
+/// Two desks that are played at the same time wait for each other through files.
+void waitForFile(ScenarioStage& stage, const QStringList& arguments) {
+    if (!QFileInfo::exists(stage.path(arguments[0])))
+        failUnlessItPasses(QStringLiteral("il file «%1» non c'è").arg(arguments[0]));
+}
+
+void touchFile(ScenarioStage& stage, const QStringList& arguments) {
+    QFile file(stage.path(arguments[0]));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
+        failNow(QStringLiteral("il file «%1» non si può scrivere: %2").arg(arguments[0], file.errorString()));
+}
+
 } // namespace
 
 QList<ScenarioCommand> windowCommands() {
@@ -130,6 +145,8 @@ QList<ScenarioCommand> windowCommands() {
         {QStringLiteral("expect-message"), QStringLiteral("TEXT"), expectMessage},
         {QStringLiteral("expect-variable"), QStringLiteral("NAME TEXT"), expectVariable},
         {QStringLiteral("expect-closed"), QStringLiteral("NAME"), expectClosed},
+        {QStringLiteral("wait-file"), QStringLiteral("PATH"), waitForFile, OTHERS_PATIENCE},
+        {QStringLiteral("touch"), QStringLiteral("PATH"), touchFile},
         {QStringLiteral("shot"), QStringLiteral("NAME"), takePicture},
         {QStringLiteral("dump"), QString(), printControls},
     };
