@@ -25,7 +25,7 @@ public:
 
     platform::Answer message(const QString& text, int, const QString&) override {
         messages.append(text);
-        return platform::Answer::Ok;
+        return answer;
     }
     platform::TaskAnswer task(const platform::TaskRequest&) override { return {}; }
     int popup(const QList<platform::MenuEntry>& entries) override {
@@ -34,12 +34,14 @@ public:
             menu.append(entry.caption);
         return static_cast<int>(menu.indexOf(choice));
     }
-    QString openFile(const QString&, const QString&, const QString&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
+    QString openFile(const QString&, const QString&, const QString&) override { return file; }
+    QString saveFile(const QString&, const QString&, const QString&) override { return file; }
 
     QStringList messages;
     QStringList menu;
     QString choice;
+    QString file; ///< Chosen in the next file dialogs.
+    platform::Answer answer = platform::Answer::Ok;
 
 private:
     platform::Dialogs* before_;

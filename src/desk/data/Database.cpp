@@ -4,7 +4,6 @@
 #include "desk/data/PatientCache.h"
 
 #include <QLoggingCategory>
-#include <QScopedValueRollback>
 #include <QSqlError>
 #include <exception>
 #include <utility>
@@ -205,7 +204,7 @@ void Database::failedWhileReading(const QSqlQuery& statement) {
 }
 
 void Database::tell(const DatabaseError& error) {
-    if (connecting_) return; // whoever connects tells
+    if (connecting_ || quiet_) return; // whoever connects tells
     lossTold_ = lossTold_ || isLost();
     if (listener_.failed) listener_.failed(error.text(), isLost());
 }

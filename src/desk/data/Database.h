@@ -6,6 +6,7 @@
 #include "desk/data/Query.h"
 
 #include <QElapsedTimer>
+#include <QScopedValueRollback>
 #include <QSqlDatabase>
 #include <QString>
 #include <QVariantList>
@@ -41,6 +42,15 @@ public:
         std::function<void()> recovered;
     };
     void setListener(Listener listener) { listener_ = std::move(listener); }
+    /// While it lives the listener hears nothing: whoever works tells the user what failed.
+    class Quiet {
+    public:
+        explicit Quiet(Database& database)
+            : quiet_(database.quiet_, true) {}
+
+    private:
+        QScopedValueRollback<bool> quiet_;
+    };
 
     /// Runs one statement with bound values; "{schema}." stands before table names. Prepared once and used again.
     /// Throws DatabaseError.
@@ -92,6 +102,7 @@ private:
     bool lost_ = false; ///< The connection ended, whatever the driver still thinks of it.
     bool connecting_ = false;
     bool lossTold_ = false;
+    bool quiet_ = false;
     QElapsedTimer sinceSilence_; ///< Runs since a server that kept the user waiting gave no answer.
     Listener listener_;
     bool transactionDoomed_ = false; ///< An inner one was not committed, so the outer one must not be.

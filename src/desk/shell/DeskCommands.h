@@ -15,6 +15,8 @@ enum DeskCommand : qint32 {
     INFORMAZIONI = 5,
     NUOVO_PAZIENTE = 6,
     DATI_ANAGRAFICI = 7,
+    COPIA_SICUREZZA = 9,
+    RIPRISTINA_COPIA = 13,
 };
 
 /// Fills the ribbon with the desk's own tabs. The numbers of the commands are part of the contract: modules look them

@@ -1,11 +1,11 @@
 #include "desk/shell/DeskParts.h"
 
-#include "desk/shell/ChildWindows.h"
-#include "desk/shell/DeskCommands.h"
 #include "desk/data/Guarded.h"
-#include "desk/shell/PatientDesk.h"
 #include "desk/people/PatientEditor.h"
 #include "desk/people/PatientSearch.h"
+#include "desk/shell/ChildWindows.h"
+#include "desk/shell/DeskCommands.h"
+#include "desk/shell/PatientDesk.h"
 #include "desk/shell/RibbonBar.h"
 #include "host/contract/PluginInterface.h"
 #include "platform/Dialogs.h"
@@ -36,7 +36,10 @@ Desk::Parts::Parts(std::unique_ptr<Practice> openPractice)
     , archive(*practice, {.isPanelLoaded = [this](const QString& name) { return isPanelLoaded(name); },
                           .choosePatient = [this](const QString& value,
                                                   const QString& column) { return choosePatient(value, column); }})
-    , host(*practice, framework, archive) {
+    , host(*practice, framework, archive)
+    , watch(practice->database(), window, [this] { refreshPanelsSoon(); })
+    , backup(practice->database(), practice->user().ID(),
+             {.closeEverything = [this] { return closeEverything(); }, .leave = [this] { window.close(); }}) {
     const UserData& user = practice->user().data();
     window.showUser(QStringLiteral("%1 %2").arg(user.Cognome, user.Nome).trimmed());
     window.showDatabase(practice->database().url().toDisplay());
@@ -194,6 +197,12 @@ void Desk::Parts::run(const Command& command) {
             break;
         case ESCI:
             window.close();
+            break;
+        case COPIA_SICUREZZA:
+            backup.makeCopy();
+            break;
+        case RIPRISTINA_COPIA:
+            backup.restoreCopy();
             break;
         case INFORMAZIONI:
             showInformation();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "desk/shell/BackupCommands.h"
 #include "desk/shell/CommandList.h"
+#include "desk/shell/DatabaseWatch.h"
 #include "desk/shell/Desk.h"
 #include "desk/shell/DeskArchive.h"
 #include "desk/shell/DeskFramework.h"
@@ -49,6 +51,8 @@ struct Desk::Parts : public QObject {
     DeskArchive archive;
     DeskHost host;
     std::unique_ptr<ModuleSession> module;
+    DatabaseWatch watch;
+    BackupCommands backup;
     QList<Panel> panels;
     QPointer<PatientDesk> patientDesk;
     QStringList lastPanels; ///< Those in front, kept from one patient to the next.

@@ -65,6 +65,10 @@ void MainWindow::buildMenu() {
     menu_->addCommand(patient, *commands_.find(CHIUDI_PAZIENTE));
     menu_->addSeparator(patient);
     menu_->addCommand(patient, *commands_.find(ESCI), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    const QString archive = QStringLiteral("Marchivio");
+    menu_->addMenu(archive, QStringLiteral("A&rchivio"));
+    menu_->addCommand(archive, *commands_.find(COPIA_SICUREZZA));
+    menu_->addCommand(archive, *commands_.find(RIPRISTINA_COPIA));
     const QString help = QStringLiteral("Maiuto");
     menu_->addMenu(help, QStringLiteral("&Aiuto"));
     menu_->addCommand(help, *commands_.find(INFORMAZIONI));

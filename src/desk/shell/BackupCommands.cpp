@@ -1,0 +1,137 @@
+#include "desk/shell/BackupCommands.h"
+
+#include "desk/data/Database.h"
+#include "desk/data/SqliteCopy.h"
+#include "desk/data/UserDirectory.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/Regional.h"
+
+#include <QCursor>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <algorithm>
+
+namespace desk {
+
+namespace {
+
+QString makeTitle() {
+    return QStringLiteral("Copia di sicurezza");
+}
+QString restoreTitle() {
+    return QStringLiteral("Ripristina copia");
+}
+QString filter() {
+    return QStringLiteral("Archivi di Tessara (*.db);;Tutti i file (*)");
+}
+
+/// While a long work goes on, as nothing else can be done.
+class Hourglass {
+public:
+    Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
+
+QString describe(const CopyFacts& facts) {
+    QString text = QStringLiteral("Pazienti: %1\nDocumenti: %2").arg(facts.patients).arg(facts.records);
+    if (facts.lastChange.isValid())
+        text += QStringLiteral("\nUltima modifica: ") + platform::regional().shortDate(facts.lastChange);
+    return text;
+}
+
+/// Does the work with the hourglass on; false after it failed and the user was told.
+bool worked(Database& database, const QString& title, const QString& failure, const std::function<void()>& work) {
+    QString why;
+    try {
+        const Database::Quiet quiet(database);
+        const Hourglass hourglass;
+        work();
+        return true;
+    } catch (const DatabaseError& error) {
+        why = error.text();
+    }
+    platform::dialogs().message(failure + QStringLiteral("\n\n") + why, platform::MB_CRITICAL, title);
+    return false;
+}
+
+} // namespace
+
+BackupCommands::BackupCommands(Database& database, QString userId, Hooks hooks)
+    : database_(database)
+    , userId_(std::move(userId))
+    , hooks_(std::move(hooks)) {}
+
+void BackupCommands::makeCopy() {
+    if (explainedServer()) return;
+    const QString proposed =
+        QStringLiteral("tessara-%1.db").arg(platform::now().toString(QStringLiteral("yyyy-MM-dd-HHmm")));
+    QString path = platform::dialogs().saveFile(makeTitle(), filter(), proposed);
+    if (path.isEmpty()) return;
+    if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".db");
+    CopyFacts facts;
+    if (!worked(database_, makeTitle(), QStringLiteral("La copia di sicurezza non è stata fatta."),
+                [&] { facts = sqlite_copy::make(database_, path); }))
+        return;
+    platform::dialogs().message(QStringLiteral("La copia di sicurezza è stata fatta e riletta per intero.\n\n%1\n\n%2")
+                                    .arg(QDir::toNativeSeparators(path), describe(facts)),
+                                platform::MB_INFORMATION, makeTitle());
+}
+
+void BackupCommands::restoreCopy() {
+    if (explainedServer()) return;
+    const QString path = platform::dialogs().openFile(restoreTitle(), filter(), QString());
+    if (path.isEmpty() || !mayReplace(path) || !hooks_.closeEverything()) return;
+    QString former;
+    if (worked(database_, restoreTitle(),
+               QStringLiteral("La copia non è stata ripristinata: l'archivio è rimasto com'era."),
+               [&] { former = sqlite_copy::restore(database_, path); }))
+        goOnAfter(former);
+}
+
+bool BackupCommands::mayReplace(const QString& path) {
+    CopyFacts facts;
+    if (!worked(database_, restoreTitle(), QStringLiteral("Questa copia non si può ripristinare."),
+                [&] { facts = sqlite_copy::examine(path); }))
+        return false;
+    const QString question =
+        QStringLiteral("La copia scelta contiene:\n\n%1\n\nTutto l'archivio attuale viene sostituito "
+                       "da questa copia; resta conservato nella stessa cartella, con la data di oggi "
+                       "nel nome.\n\nRipristinare la copia?");
+    return platform::dialogs().message(question.arg(describe(facts)), platform::MB_QUESTION_DEFAULT_NO,
+                                       restoreTitle()) == platform::Answer::Yes;
+}
+
+// What is signed with a user that the copy does not know could not be stored.
+void BackupCommands::goOnAfter(const QString& formerFile) {
+    const QList<UserData> users = UserDirectory(database_).all();
+    const bool known =
+        std::any_of(users.cbegin(), users.cend(), [this](const UserData& user) { return user.ID == userId_; });
+    QString text = QStringLiteral("La copia è stata ripristinata.\n\nL'archivio di prima è conservato in:\n%1")
+                       .arg(QDir::toNativeSeparators(formerFile));
+    if (!known)
+        text += QStringLiteral("\n\nL'utente attuale non esiste nell'archivio ripristinato: il programma si chiude.");
+    platform::dialogs().message(text, platform::MB_INFORMATION, restoreTitle());
+    if (!known) hooks_.leave();
+}
+
+bool BackupCommands::explainedServer() const {
+    const DatabaseUrl& url = database_.url();
+    if (url.kind == DatabaseUrl::Kind::Sqlite) return false;
+    const QString access =
+        QStringLiteral("--host=%1 --port=%2 --username=%3").arg(url.server).arg(url.port).arg(url.user);
+    platform::dialogs().message(
+        QStringLiteral(
+            "L'archivio si trova su un server PostgreSQL: la copia si fa con il programma pg_dump, anche mentre "
+            "si lavora.\n\n    pg_dump --format=custom --schema=%1 --file=studio.dump %2 %3\n\n"
+            "Per ripristinarla, con Tessara chiuso su tutte le postazioni:\n\n"
+            "    pg_restore --clean --if-exists --single-transaction %2 --dbname=%3 studio.dump")
+            .arg(database_.schema(), access, url.database),
+        platform::MB_INFORMATION, makeTitle());
+    return true;
+}
+
+} // namespace desk
