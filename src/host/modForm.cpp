@@ -49,8 +49,9 @@ QHash<QString, QString> leggiValori(const QString& path) {
     return valori;
 }
 
-// The rectangle moved, and shrunk if it must, so that it lies on the screen that shows most of it.
-QRect suSchermo(QRect rettangolo) {
+// The rectangle moved, and shrunk if it must, so that it lies on the screen that shows most of it; never smaller than
+// the window needs, whatever the screen.
+QRect suSchermo(QRect rettangolo, const QSize& minimo) {
     const QScreen* migliore = QGuiApplication::primaryScreen();
     if (!migliore) return rettangolo;
     int area = 0;
@@ -61,13 +62,16 @@ QRect suSchermo(QRect rettangolo) {
         migliore = schermo;
     }
     const QRect libero = migliore->availableGeometry();
-    rettangolo.setSize(rettangolo.size().boundedTo(libero.size()));
+    rettangolo.setSize(rettangolo.size().boundedTo(libero.size().expandedTo(minimo)));
     const QRect comune = libero.intersected(rettangolo);
     if (comune.width() >= VISIBILE_MINIMO && comune.height() >= VISIBILE_MINIMO && rettangolo.top() >= libero.top()) {
         return rettangolo;
     }
-    rettangolo.moveLeft(qBound(libero.left(), rettangolo.left(), libero.right() + 1 - rettangolo.width()));
-    rettangolo.moveTop(qBound(libero.top(), rettangolo.top(), libero.bottom() + 1 - rettangolo.height()));
+    // A window larger than the screen keeps its upper left corner on it, where its title is.
+    const int ultimaColonna = qMax(libero.left(), libero.right() + 1 - rettangolo.width());
+    const int ultimaRiga = qMax(libero.top(), libero.bottom() + 1 - rettangolo.height());
+    rettangolo.moveLeft(qBound(libero.left(), rettangolo.left(), ultimaColonna));
+    rettangolo.moveTop(qBound(libero.top(), rettangolo.top(), ultimaRiga));
     return rettangolo;
 }
 
@@ -79,6 +83,17 @@ public:
         if (event->type() != QEvent::Close || !event->spontaneous()) return QObject::eventFilter(watched, event);
         event->ignore();
         return true;
+    }
+};
+
+// Keeps the geometry when its window leaves the screen by whatever way, but not when only the window system hides it.
+class CustodeGeometria : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* form = qobject_cast<QWidget*>(watched);
+        if (form && event->type() == QEvent::Hide && !event->spontaneous()) SalvaGeometria(form);
+        return QObject::eventFilter(watched, event);
     }
 };
 
@@ -156,17 +171,28 @@ void CaricaGeometria(QWidget* form) {
     rettangolo.moveTop(intero(valori, QStringLiteral("Top")).value_or(rettangolo.top()));
 
     // A child of the host's main window has its place there, not on a screen.
-    if (form->isWindow()) rettangolo = suSchermo(rettangolo);
+    if (form->isWindow()) rettangolo = suSchermo(rettangolo, form->size());
     form->resize(rettangolo.size());
     form->move(rettangolo.topLeft());
 }
 
+void ConservaGeometria(QWidget* form) {
+    CaricaGeometria(form);
+    form->installEventFilter(new CustodeGeometria(form));
+}
+
 void MessaggioTask(const QString& testo, int icona, const QString& titolo, OpzioniTask* opzioni) {
+    DomandaTask(testo, icona, titolo, {QStringLiteral("Chiudi")}, opzioni);
+}
+
+QString DomandaTask(const QString& testo, int icona, const QString& titolo, const QStringList& bottoni,
+                    OpzioniTask* opzioni) {
     platform::TaskRequest richiesta;
+    richiesta.windowTitle = QString::fromUtf16(TITOLO_CORVALA);
     richiesta.title = QStringLiteral("<TextBlock><Underline>") + titolo + QStringLiteral("</Underline></TextBlock>");
     richiesta.text = testo;
     richiesta.icon = icona;
-    richiesta.buttons = {QStringLiteral("Chiudi")};
+    richiesta.buttons = bottoni;
     if (opzioni) {
         richiesta.footer = opzioni->piede;
         richiesta.url = opzioni->url;
@@ -176,4 +202,5 @@ void MessaggioTask(const QString& testo, int icona, const QString& titolo, Opzio
     }
     const platform::TaskAnswer risposta = platform::dialogs().task(richiesta);
     if (opzioni) opzioni->spuntata = risposta.checked;
+    return risposta.button;
 }

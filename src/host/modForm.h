@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -24,6 +25,10 @@ void SalvaGeometria(const QWidget* form);
 /// passed over, and the window always lands on a screen that is there.
 void CaricaGeometria(QWidget* form);
 
+/// Takes the kept geometry now and keeps the new one whenever the window leaves the screen. Editors and lists call it
+/// after InizializzaForm.
+void ConservaGeometria(QWidget* form);
+
 /// The optional parts of a task dialog.
 struct OpzioniTask {
     QString piede;         ///< Footer.
@@ -35,3 +40,8 @@ struct OpzioniTask {
 
 /// The task dialog with the button "Chiudi". Texts may hold the markup of task dialogs.
 void MessaggioTask(const QString& testo, int icona, const QString& titolo, OpzioniTask* opzioni = nullptr);
+
+/// The same with the caller's own buttons, of which the first is the default. The caption of the one pressed; empty
+/// when the dialog was closed without one.
+QString DomandaTask(const QString& testo, int icona, const QString& titolo, const QStringList& bottoni,
+                    OpzioniTask* opzioni = nullptr);

@@ -35,6 +35,9 @@ void Plugin::Init(host::Host* host, const QVariant&) {
     } catch (const std::exception& errore) {
         motivo_ = QString::fromUtf8(errore.what());
         Termina();
+    } catch (...) {
+        motivo_ = QStringLiteral("errore sconosciuto");
+        Termina();
     }
 }
 

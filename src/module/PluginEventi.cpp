@@ -13,7 +13,7 @@
 #include "module/modPannelli.h"
 #include "payments/clsPagamenti.h"
 #include "periodontal/clsParadontale.h"
-#include "store/modPazienti.h"
+#include "store/modAvvisi.h"
 #include "treatments/clsTrattamenti.h"
 
 #include <QHash>
@@ -109,7 +109,8 @@ void Plugin::activeTab(host::Host*, QVariantList& args) {
 }
 
 void Plugin::listaPannelli(host::Host*, QVariantList& args) {
-    if (!args.isEmpty()) args[0] = args[0].toStringList() + NomiPannelli();
+    const bool raccolta = !args.isEmpty() && args[0].typeId() == QMetaType::QStringList;
+    if (raccolta) args[0] = args[0].toStringList() + NomiPannelli();
 }
 
 void Plugin::daiParent(host::Host*, QVariantList& args) {

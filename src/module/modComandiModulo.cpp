@@ -6,15 +6,14 @@
 #include "host/modComandi.h"
 #include "host/modForm.h"
 #include "platform/Dialogs.h"
+#include "platform/WebAddress.h"
 
-#include <QDesktopServices>
 #include <QDir>
-#include <QUrl>
 
 namespace {
 
 void paginaWeb() {
-    if (oConfig && !oConfig->WebInformation().isEmpty()) QDesktopServices::openUrl(QUrl(oConfig->WebInformation()));
+    if (oConfig) platform::openWebAddress(oConfig->WebInformation());
 }
 
 QString inBlu(const QString& testo) {

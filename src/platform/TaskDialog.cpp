@@ -2,6 +2,7 @@
 
 #include "platform/MessageIcon.h"
 #include "platform/TaskMarkup.h"
+#include "platform/WebAddress.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -28,6 +29,7 @@ QLabel* richLabel(const QString& name, const QString& rich, QWidget* parent) {
 
 TaskDialog::TaskDialog(const TaskRequest& request, QWidget* parent)
     : QDialog(parent)
+    , plainCount_(!request.footer.isEmpty())
     , seconds_(request.seconds) {
     setObjectName(QStringLiteral("frmTaskDialog"));
     setWindowTitle(request.windowTitle.isEmpty() ? QApplication::applicationDisplayName() : request.windowTitle);
@@ -95,7 +97,7 @@ QWidget* TaskDialog::footer(const TaskRequest& request) {
     if (!request.url.isEmpty()) {
         const QString link = QStringLiteral("<A HREF=\"%1\">%1</A>").arg(request.url);
         QLabel* address = richLabel(QStringLiteral("laURL"), richText(tr("Per maggiori informazioni: ") + link), area);
-        address->setOpenExternalLinks(true);
+        connect(address, &QLabel::linkActivated, address, [](const QString& target) { openWebAddress(target); });
         lines->addWidget(address);
     }
     if (seconds_ > 0) {
@@ -135,8 +137,11 @@ void TaskDialog::count() {
 }
 
 void TaskDialog::showCount() {
-    count_->setText(richText(
-        QStringLiteral("<TextBlock>Chiusura fra <Run Foreground='Red'>%1</Run> secondi</TextBlock>").arg(seconds_)));
+    // Under a footer of the caller's own the count is plain, and in other words.
+    const QString words =
+        plainCount_ ? QStringLiteral("Chiusura entro %1 secondi...")
+                    : QStringLiteral("<TextBlock>Chiusura fra <Run Foreground='Red'>%1</Run> secondi</TextBlock>");
+    count_->setText(richText(words.arg(seconds_)));
 }
 
 TaskAnswer TaskDialog::answer() const {

@@ -33,6 +33,7 @@ private:
     QCheckBox* check_ = nullptr;
     QString first_;
     QString chosen_;
+    bool plainCount_;
     int seconds_;
 };
 

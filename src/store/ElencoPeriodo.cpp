@@ -91,6 +91,7 @@ void ElencoPeriodo::prepara() {
     griglia_->setSort(impostazioni_.colonnaOrdine, Qt::DescendingOrder);
     resize(1000, 560);
     InizializzaForm(this);
+    ConservaGeometria(this);
     leggi();
 }
 

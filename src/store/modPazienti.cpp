@@ -43,5 +43,3 @@ bool ApriPaziente(const host::Paziente* paziente) {
         QCoreApplication::processEvents();
     return true;
 }
-
-void MostraAppuntiImportanti() {}

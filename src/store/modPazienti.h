@@ -17,6 +17,3 @@ bool SelezionaPaziente(const QString& nominativo, const QString& codicefiscale);
 /// Makes the host open that patient and waits a while until it has; goes on regardless then. False only without a
 /// patient.
 bool ApriPaziente(const host::Paziente* paziente);
-
-/// The important notes of the patient just opened. Nothing happens until their window is there.
-void MostraAppuntiImportanti();

@@ -52,6 +52,7 @@ frmEditRigoTrattamento::frmEditRigoTrattamento(QWidget* parent)
     collega();
     mostraDate();
     InizializzaForm(this);
+    ConservaGeometria(this);
 }
 
 void frmEditRigoTrattamento::collega() {

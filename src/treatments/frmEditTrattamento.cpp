@@ -44,6 +44,7 @@ frmEditTrattamento::frmEditTrattamento(QWidget* parent)
     costruisci();
     collega();
     InizializzaForm(this);
+    ConservaGeometria(this);
     leggi();
     oHost->Framework().setDialogCancel(true);
 }

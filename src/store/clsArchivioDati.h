@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/contract/Archivio.h"
+
+#include <QList>
+#include <QString>
+#include <optional>
+
+/// What the archive of free data must know of a movement of the stock journal; the movement itself converts to it.
+struct VocePrimaNota {
+    QString file; ///< Its key in the archive; empty for a new one.
+    QString articolo;
+    QString descrizione;
+};
+
+/// The host's archive of free data, and the list of the folder asked for last. Nothing here throws or tells the user:
+/// a failure of the host is an empty answer or false.
+class clsArchivioDati {
+public:
+    std::optional<host::ItemDati> GetITEM(const QString& key) const;
+    bool DelITEM(const QString& key);
+    /// Writes a movement with the content `file`, over the one with its key when that is there. The key of what was
+    /// written goes into the item.
+    bool SetITEM(VocePrimaNota& item, const QString& file);
+    /// Forgets the list; without it a folder is asked of the host once, whatever is written meanwhile.
+    void Refresh();
+    /// The items of a folder and of those below it.
+    const QList<host::ItemDati>& Lista(const QString& folder);
+
+private:
+    std::optional<QList<host::ItemDati>> lista_;
+    QString cartella_;
+};

@@ -1,0 +1,102 @@
+#include "store/frmAvvisi.h"
+
+#include "host/modForm.h"
+#include "platform/Dialogs.h"
+#include "platform/FormLayout.h"
+#include "platform/MessageIcon.h"
+#include "platform/Regional.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QTextBlockFormat>
+#include <QTextCharFormat>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int CORPO_TITOLO = 12;
+constexpr int CORPO_APPUNTO = 10;
+const QString RIENTRO = QStringLiteral("  ");
+
+} // namespace
+
+frmAvvisi::frmAvvisi(QWidget* parent)
+    : QDialog(parent) {
+    namespace form = platform::form;
+    setObjectName(QStringLiteral("frmAvvisi"));
+    setWindowTitle(TitoloForm(QStringLiteral("Appunti paziente")));
+
+    richTextBox1_ = form::named(new QTextEdit(this), QStringLiteral("RichTextBox1"));
+    richTextBox1_->setReadOnly(true);
+    richTextBox1_->setTabChangesFocus(true);
+    richTextBox1_->setAccessibleName(QStringLiteral("Appunti importanti"));
+    cbAnnulla_ = form::button(QStringLiteral("cbAnnulla"), QStringLiteral("Chiudi"), this);
+    cbAnnulla_->setDefault(true);
+    connect(cbAnnulla_, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto* corpo = new QVBoxLayout;
+    corpo->setContentsMargins(14, 12, 14, 14);
+    corpo->setSpacing(12);
+    corpo->addWidget(richTextBox1_, 1);
+    corpo->addLayout(form::buttonRow({cbAnnulla_}));
+    auto* colonna = new QVBoxLayout(this);
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(0);
+    colonna->addWidget(testata());
+    colonna->addLayout(corpo, 1);
+    resize(520, 380);
+    cbAnnulla_->setFocus();
+    InizializzaForm(this);
+    DisabilitaChiudi(this, true);
+}
+
+QWidget* frmAvvisi::testata() {
+    auto* picTop = platform::form::named(new QFrame(this), QStringLiteral("picTop"));
+    picTop->setAutoFillBackground(true);
+    picTop->setBackgroundRole(QPalette::Base);
+    auto* segno = new QLabel(picTop);
+    segno->setPixmap(platform::messageIcon(platform::MB_WARNING, 32, devicePixelRatioF()));
+    laTitoloForm_ = platform::form::heading(QStringLiteral("laTitoloForm"), QString(), picTop);
+    laTitoloForm_->setTextFormat(Qt::PlainText); // a name is never markup
+    laTitoloForm_->setWordWrap(true);
+    auto* riga = new QHBoxLayout(picTop);
+    riga->setContentsMargins(14, 10, 14, 10);
+    riga->setSpacing(12);
+    riga->addWidget(segno);
+    riga->addWidget(laTitoloForm_, 1);
+    return picTop;
+}
+
+void frmAvvisi::setPaziente(const QString& cognomeENome) {
+    laTitoloForm_->setText(cognomeENome);
+    richTextBox1_->clear();
+}
+
+void frmAvvisi::aggiungi(const host::Appunto& appunto) {
+    const bool primo = richTextBox1_->document()->isEmpty();
+    if (primo) scrivi(QStringLiteral("Appunti Importanti"), QColor(255, 0, 0), CORPO_TITOLO, true, Qt::AlignHCenter);
+    scrivi(platform::regional().shortDate(appunto.Data.date()), QColor(255, 0, 0), CORPO_APPUNTO, true, Qt::AlignLeft);
+    scrivi(RIENTRO + appunto.m1, Qt::black, CORPO_APPUNTO, false, Qt::AlignLeft);
+    richTextBox1_->moveCursor(QTextCursor::Start);
+}
+
+// Every text starts a line of its own, the first too: the box opens with an empty line.
+void frmAvvisi::scrivi(const QString& testo, const QColor& colore, int corpo, bool grassetto,
+                       Qt::Alignment allineamento) {
+    QTextBlockFormat blocco;
+    blocco.setAlignment(allineamento);
+    QTextCharFormat carattere;
+    carattere.setFontFamilies({QStringLiteral("Arial")});
+    carattere.setFontPointSize(corpo);
+    carattere.setFontWeight(grassetto ? QFont::Bold : QFont::Normal);
+    carattere.setForeground(colore);
+    QTextCursor cursore(richTextBox1_->document());
+    cursore.movePosition(QTextCursor::End);
+    cursore.insertBlock(blocco, carattere);
+    cursore.insertText(QString(testo).replace(QLatin1String("\r\n"), QLatin1String("\n")), carattere);
+}

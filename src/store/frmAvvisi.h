@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/contract/Paziente.h"
+
+#include <QDialog>
+
+class QLabel;
+class QPushButton;
+class QTextEdit;
+
+/// The important notes of a patient, shown before the work on the patient begins: modal, and left only by its button,
+/// so that nobody passes them over by closing a frame. Made by MostraAppuntiImportanti for one look.
+class frmAvvisi : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit frmAvvisi(QWidget* parent = nullptr);
+
+    void setPaziente(const QString& cognomeENome);
+    void aggiungi(const host::Appunto& appunto);
+
+private:
+    QWidget* testata();
+    void scrivi(const QString& testo, const QColor& colore, int corpo, bool grassetto, Qt::Alignment allineamento);
+
+    QLabel* laTitoloForm_;
+    QTextEdit* richTextBox1_;
+    QPushButton* cbAnnulla_;
+};
