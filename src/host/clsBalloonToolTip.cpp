@@ -19,9 +19,10 @@ bool clsBalloonToolTip::Crea() {
 }
 
 bool clsBalloonToolTip::Mostra() {
-    if (!controllo_ || !controllo_->isVisible()) return false;
+    const QWidget* controllo = controllo_.data();
+    if (!controllo || !controllo->isVisible()) return false;
     if (!fumetto_ && !Crea()) return false;
-    static_cast<Fumetto*>(fumetto_.data())->punta(*controllo_);
+    fumetto_->punta(*controllo);
     fumetto_->show();
     if (ritardo_ > 0) fine_.start(ritardo_);
     return true;
@@ -33,5 +34,6 @@ void clsBalloonToolTip::Rimuovi() {
 }
 
 bool clsBalloonToolTip::Visibile() const {
-    return fumetto_ && fumetto_->isVisible();
+    const QWidget* fumetto = fumetto_.data();
+    return fumetto && fumetto->isVisible();
 }

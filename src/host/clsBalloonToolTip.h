@@ -4,6 +4,7 @@
 #include <QString>
 #include <QTimer>
 
+class Fumetto;
 class QWidget;
 
 /// A balloon that points at a control: title, text and icon, gone by itself after the delay, at a click or when the
@@ -39,6 +40,6 @@ private:
     int icona_ = 0;
     int ritardo_ = 8000;
     QPointer<QWidget> controllo_;
-    QPointer<QWidget> fumetto_;
+    QPointer<Fumetto> fumetto_;
     QTimer fine_;
 };

@@ -102,7 +102,8 @@ bool ChildWindows::eventFilter(QObject* watched, QEvent* event) {
     if (holder && event->type() == QEvent::ShowToParent) {
         // The first show of the window is what opens its tab.
         QTimer::singleShot(0, this, [this, form = QPointer<QObject>(watched)] {
-            if (QMdiSubWindow* opened = holderOf(form)) setActiveSubWindow(opened);
+            QMdiSubWindow* opened = holderOf(form);
+            if (opened && subWindowList().contains(opened)) setActiveSubWindow(opened); // closed again meanwhile
         });
     }
     if (holder && event->type() == QEvent::HideToParent && holder->isVisible()) {
