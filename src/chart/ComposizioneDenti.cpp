@@ -78,16 +78,15 @@ void ComposizioneDenti::composeTeeth(const QString& situazioneOrale) {
 }
 
 void ComposizioneDenti::composeTooth(int indice, const QString& entry) {
-    const bool plain = entry.section(PARTS, 1, 1).toInt() < 1 && entry.section(PARTS, 2, 2).isEmpty();
+    const bool plain = entry.section(PARTS, 1, 1).toInt() < 1 && entry.section(PARTS, 2).isEmpty();
     setTooth(indice, plain ? QString() : entry);
 }
 
 void ComposizioneDenti::setTooth(int indice, const QString& entry) {
     DenteComposto& tooth = teeth_[static_cast<std::size_t>(indice)];
-    const QStringList parts = entry.split(PARTS);
-    const QString situazione = parts.value(1);
+    const QString situazione = entry.section(PARTS, 1, 1);
     tooth.situazione = entry;
-    tooth.testo = parts.value(2);
+    tooth.testo = entry.section(PARTS, 2); // a text with ":" in it, from elsewhere, stays whole
     tooth.immagine = plainPicture(indice);
     QString image;
     if (situazione.isEmpty() || !graphics_.SituazioneDente(DenteDaIndice(indice), situazione, image)) return;

@@ -74,7 +74,7 @@ public:
         platform::Collection<Item> items;
         if (host::Paziente* paziente = oHost->paziente()) {
             for (const host::RigaCorvala& riga : paziente->corvala().Lista()) {
-                if (riga.t1 == t1_) items.add(riga.ID, CreaItem(riga)); // The host lists all types together.
+                if (riga.t1 == t1_) items.add(riga.ID, CreaItemDiLista(riga)); // The host lists all types together.
             }
         }
         return cache_.emplace(std::move(items));
@@ -87,6 +87,10 @@ public:
 protected:
     virtual QString SerializzaMEMO(const Item& item) const = 0;
 
+    /// As `DeserializzaMEMO`, for a record of the list. A type whose memo can fail keeps here what could be read, so
+    /// that one bad record does not hide the others.
+    virtual void DeserializzaPerLista(Item& item, const QString& memo) const { DeserializzaMEMO(item, memo); }
+
     Item CreaItem(const host::RigaCorvala& riga) const {
         Item item;
         leggiRiga(riga, item);
@@ -95,6 +99,13 @@ protected:
     }
 
 private:
+    Item CreaItemDiLista(const host::RigaCorvala& riga) const {
+        Item item;
+        leggiRiga(riga, item);
+        DeserializzaPerLista(item, riga.m1);
+        return item;
+    }
+
     QString t1_;
     std::optional<platform::Collection<Item>> cache_;
 };

@@ -7,6 +7,8 @@
 #include "store/modConversioni.h"
 #include "treatments/clsItemTrattamento.h"
 
+#include <exception>
+
 namespace {
 
 using platform::XmlNode;
@@ -116,6 +118,7 @@ struct Conteggi {
     int aperti = 0;
     int finiti = 0;
     QString descrizioni;
+    std::exception_ptr errore; ///< The row number that stands twice; told once all else is read.
 };
 
 void leggiApertura(clsItemTrattamento& item, const XmlNode& trattamento) {
@@ -181,10 +184,15 @@ void conta(Conteggi& conteggi, const clsItemRigoTrattamento& rigo) {
 
 void leggiRighi(clsItemTrattamento& item, const XmlNode& righi, Conteggi& conteggi) {
     for (XmlNode nodo = righi.firstChild("rigo"); nodo; nodo = nodo.nextSibling("rigo")) {
-        clsItemRigoTrattamento rigo = leggiRigo(item, nodo);
-        conta(conteggi, rigo);
+        const clsItemRigoTrattamento rigo = leggiRigo(item, nodo);
         const QString chiave = rigo.progressivo.trimmed();
-        item.righi.add(chiave, std::move(rigo));
+        try {
+            item.righi.add(chiave, rigo);
+        } catch (const platform::DuplicateKey&) {
+            conteggi.errore = std::current_exception();
+            return;
+        }
+        conta(conteggi, rigo);
     }
 }
 
@@ -241,4 +249,5 @@ void leggiMemoTrattamento(clsItemTrattamento& item, const QString& memo) {
     item.lavori = static_cast<qint16>(conteggi.righi);
     item.lavoriaperti = static_cast<qint16>(conteggi.aperti);
     item.lavorifiniti = static_cast<qint16>(conteggi.finiti);
+    if (conteggi.errore) std::rethrow_exception(conteggi.errore);
 }

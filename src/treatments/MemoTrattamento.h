@@ -12,6 +12,6 @@ struct clsItemTrattamento;
 QString scriviMemoTrattamento(const clsItemTrattamento& item);
 
 /// Fills the plan from its memo. A text that is no such memo leaves the plan as it is. Throws platform::DuplicateKey
-/// when two rows have one number; the rows up to there are then in the plan. A row without price, or with price 0 and
-/// no invoice, takes the catalogue's present price.
+/// when two rows have one number; the plan then has its rows up to there and all else. A row without price, or with
+/// price 0 and no invoice, takes the catalogue's present price.
 void leggiMemoTrattamento(clsItemTrattamento& item, const QString& memo);

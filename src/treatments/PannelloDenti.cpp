@@ -4,11 +4,10 @@
 #include "chart/ToothChart.h"
 #include "chart/clsGraphical.h"
 #include "config/clsConfig.h"
-#include "config/clsItemSituazioneDente.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
-#include "platform/Collection.h"
 #include "platform/Dialogs.h"
+#include "treatments/modSituazioneDente.h"
 
 #include <QHBoxLayout>
 #include <exception>
@@ -18,7 +17,9 @@ namespace {
 // The menu has these five, whatever else the practice lists.
 const QStringList SITUAZIONI_DEL_MENU{QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"),
                                       QStringLiteral("4"), QStringLiteral("9")};
-constexpr int PRIMA_SITUAZIONE = 3; // position in the menu, after the information and the line
+// Positions in the menu; a line lies between the two.
+constexpr int INFORMAZIONI = 1;
+constexpr int PRIMA_SITUAZIONE = 3;
 
 // Without a configuration of its own the chart stays plain.
 const clsGraphical& grafica() {
@@ -34,14 +35,6 @@ ComposizioneDenti::Options opzioni() {
         scelte.peggiorStatusDente = oConfig->PeggiorStatusDente();
     }
     return scelte;
-}
-
-QString nomeSituazione(const QString& id) {
-    if (!colSituazioniDenti) return id;
-    for (const clsItemSituazioneDente& situazione : *colSituazioniDenti) {
-        if (situazione.id == id) return situazione.descrizione;
-    }
-    return id;
 }
 
 } // namespace
@@ -92,18 +85,21 @@ void PannelloDenti::clicDente(int indice) {
 void PannelloDenti::menuDente(int indice) {
     QStringList voci{QStringLiteral("Informazioni"), QStringLiteral("-------------------")};
     for (const QString& id : SITUAZIONI_DEL_MENU)
-        voci << nomeSituazione(id);
+        voci << (NomeSituazioneDente(id).isEmpty() ? id : NomeSituazioneDente(id));
     const int scelta = oHost->Framework().Popup(voci);
-    // The first entry opens the tooth editor, which is not there yet.
+    if (scelta == INFORMAZIONI) emit informazioniChieste(indice);
     if (scelta < PRIMA_SITUAZIONE || solaLettura_) return;
-    applicaSituazione(indice, SITUAZIONI_DEL_MENU.value(scelta - PRIMA_SITUAZIONE));
+    const QString situazione = SITUAZIONI_DEL_MENU.value(scelta - PRIMA_SITUAZIONE);
+    const QString testo = voce(indice).section(QLatin1Char(':'), 2);
+    applica(indice, QString::number(indice) + QLatin1Char(':') + situazione + QLatin1Char(':') + testo);
 }
 
-void PannelloDenti::applicaSituazione(int indice, const QString& situazione) {
-    QString voce = composizione_.tooth(indice).situazione;
-    if (voce.isEmpty()) voce = QStringLiteral("::");
-    const QString testo = voce.section(QLatin1Char(':'), 2, 2);
-    composizione_.composeTooth(indice,
-                               QString::number(indice) + QLatin1Char(':') + situazione + QLatin1Char(':') + testo);
+QString PannelloDenti::voce(int indice) const {
+    const QString voce = composizione_.tooth(indice).situazione;
+    return voce.isEmpty() ? QString::number(indice) + QStringLiteral("::") : voce;
+}
+
+void PannelloDenti::applica(int indice, const QString& voce) {
+    composizione_.composeTooth(indice, voce);
     denti_->setComposition(composizione_);
 }

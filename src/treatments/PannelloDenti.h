@@ -22,16 +22,20 @@ public:
     void aggiorna(const QList<RigoGrafico>& righi); ///< Services and status marks, from the rows.
     /// Marks the teeth of a selection ("1.1" or "+1.1;1.2"); empty clears all marks.
     void plbSelezionaTooh(const QString& denti);
+    /// The entry of a tooth, "index:situation:text"; a plain one has empty parts.
+    QString voce(int indice) const;
+    const DenteComposto& dente(int indice) const { return composizione_.tooth(indice); }
+    void applica(int indice, const QString& voce); ///< Gives a tooth the situation and text of the entry.
     void setSolaLettura() { solaLettura_ = true; }
 
 signals:
     void denteScelto(const QString& dente); ///< Clicked and now marked; empty when the click took the marks away.
     void servizioScelto(const QString& servizio);
+    void informazioniChieste(int indice); ///< The tooth's own window.
 
 private:
     void clicDente(int indice);
     void menuDente(int indice);
-    void applicaSituazione(int indice, const QString& situazione);
 
     ToothChart* denti_;
     EvidencePanel* evidenza_;

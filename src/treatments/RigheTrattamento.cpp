@@ -10,6 +10,7 @@
 #include "store/modUtenti.h"
 #include "treatments/RigoInGriglia.h"
 #include "treatments/frmEditRigoTrattamento.h"
+#include "treatments/frmZoomRighiTrattamento.h"
 
 #include <QColor>
 #include <QHBoxLayout>
@@ -64,8 +65,6 @@ RigheTrattamento::RigheTrattamento(QWidget* parent)
         bottoni->addWidget(cbRighi_[i]);
     }
     bottoni->addStretch(1);
-    // The zoom window is not there yet.
-    cbRighi_[ZOOM]->setEnabled(false);
 
     auto* colonna = new QVBoxLayout(this);
     colonna->setContentsMargins(4, 4, 4, 4);
@@ -82,30 +81,7 @@ RigheTrattamento::RigheTrattamento(QWidget* parent)
 }
 
 void RigheTrattamento::costruisciColonne() {
-    struct Descrizione {
-        QString didascalia;
-        int larghezza;
-        bool ridimensionabile;
-    };
-    const QList<Descrizione> colonne{
-        {QString(), 20, false},
-        {QStringLiteral("Dente"), 46, false},
-        {QStringLiteral("Servizio"), 90, false},
-        {QStringLiteral("Descrizione"), 244, true},
-        {QStringLiteral("Inzio"), 64, false}, // misspelt on purpose: the column is known by this name
-        {QStringLiteral("Fine"), 64, false},
-        {QStringLiteral("Ragr.to"), 100, false},
-        {QStringLiteral("Operatore"), 100, false},
-        {QStringLiteral("Assistente"), 100, false},
-        {QStringLiteral("Fattura"), 100, false},
-        {QStringLiteral("Note"), 84, true},
-    };
-    for (const Descrizione& descrizione : colonne) {
-        platform::ReportColumn colonna;
-        colonna.caption = descrizione.didascalia;
-        colonna.width = descrizione.larghezza;
-        colonna.resizable = descrizione.ridimensionabile;
-        colonna.sortable = false; // the order of the rows is the user's own
+    for (platform::ReportColumn colonna : colonne()) {
         colonna.editable = rcRighi_->columnCount() != NUMERO;
         rcRighi_->addColumn(colonna);
     }
@@ -208,6 +184,11 @@ void RigheTrattamento::evidenzia(const QString& dente) {
     rcRighi_->populate();
 }
 
+void RigheTrattamento::copia(frmZoomRighiTrattamento& zoom) const {
+    for (int i = 0; i < rcRighi_->recordCount(); ++i)
+        zoom.aggiungi(*rcRighi_->record(i));
+}
+
 QString RigheTrattamento::dentiDelServizio(const QString& servizio) const {
     QStringList scelti;
     for (const RigoGrafico& rigo : perIlDisegno()) {
@@ -235,6 +216,7 @@ void RigheTrattamento::esegui(int comando) {
     if (comando == NUOVO && !solaLettura_) nuovoRigo();
     if (comando == MODIFICA) modificaRigo(rcRighi_->focusedRecord());
     if (comando == ELIMINA && !solaLettura_) eliminaRigo();
+    if (comando == ZOOM) emit zoomChiesto();
 }
 
 void RigheTrattamento::nuovoRigo() {
@@ -311,7 +293,6 @@ void RigheTrattamento::mostraMenu() {
     if (scelto) voci[MODIFICA].caption = solaLettura_ ? QStringLiteral("Dettagli") : QStringLiteral("Modifica rigo");
     if (scelto && !solaLettura_) voci[ELIMINA].caption = QStringLiteral("Elimina rigo");
     voci[ZOOM].caption = QStringLiteral("Zoom");
-    voci[ZOOM].enabled = cbRighi_[ZOOM]->isEnabled();
     const int scelta = platform::dialogs().popup(voci);
     if (scelta >= 0) arma(static_cast<Comando>(scelta));
 }

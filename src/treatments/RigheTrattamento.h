@@ -11,6 +11,7 @@
 class QKeyEvent;
 class QPushButton;
 class QTimer;
+class frmZoomRighiTrattamento;
 
 namespace platform {
 class ReportGrid;
@@ -44,9 +45,11 @@ public:
     void evidenzia(const QString& dente);
     /// The teeth of all rows with a service, as a selection.
     QString dentiDelServizio(const QString& servizio) const;
+    void copia(frmZoomRighiTrattamento& zoom) const; ///< The rows as they stand, to be read only.
     bool apriRigo(const QString& numero); ///< The row editor on the row of that number; true when it was accepted.
 
 signals:
+    void zoomChiesto();
     void cambiati();                       ///< Chart, marks and totals must follow.
     void rigoScelto(const QString& denti); ///< Teeth of the row now selected.
 

@@ -4,6 +4,7 @@
 #include "catalogues/modServizi.h"
 #include "chart/modDenti.h"
 #include "platform/Regional.h"
+#include "platform/ReportColumn.h"
 #include "platform/ReportRecord.h"
 #include "store/modConversioni.h"
 #include "store/modUtenti.h"
@@ -34,6 +35,37 @@ QColor coloreStato(const platform::ReportRecord& record) {
 }
 
 } // namespace
+
+QList<platform::ReportColumn> colonne() {
+    struct Descrizione {
+        QString didascalia;
+        int larghezza;
+        bool ridimensionabile;
+    };
+    const QList<Descrizione> descrizioni{
+        {QString(), 20, false},
+        {QStringLiteral("Dente"), 46, false},
+        {QStringLiteral("Servizio"), 90, false},
+        {QStringLiteral("Descrizione"), 244, true},
+        {QStringLiteral("Inzio"), 64, false}, // misspelt on purpose: the column is known by this name
+        {QStringLiteral("Fine"), 64, false},
+        {QStringLiteral("Ragr.to"), 100, false},
+        {QStringLiteral("Operatore"), 100, false},
+        {QStringLiteral("Assistente"), 100, false},
+        {QStringLiteral("Fattura"), 100, false},
+        {QStringLiteral("Note"), 84, true},
+    };
+    QList<platform::ReportColumn> colonne;
+    for (const Descrizione& descrizione : descrizioni) {
+        platform::ReportColumn colonna;
+        colonna.caption = descrizione.didascalia;
+        colonna.width = descrizione.larghezza;
+        colonna.resizable = descrizione.ridimensionabile;
+        colonna.sortable = false; // the order of the rows is the user's own
+        colonne << colonna;
+    }
+    return colonne;
+}
 
 QString numeroRigo(int posizione) {
     return platform::regional().format(posizione, QStringLiteral("00"));

@@ -7,7 +7,8 @@
 
 namespace platform {
 class ReportRecord;
-}
+struct ReportColumn;
+} // namespace platform
 
 /// How one row of a plan stands in the grid rcRighi: which cell shows what, what its hidden tag keeps, how it is
 /// painted. The grid is the working copy of the rows; the record's rows are built from it anew at each save.
@@ -28,6 +29,9 @@ enum Cella {
     FUORI_PREVENTIVO = 11, ///< A check box beyond the columns.
     NUMERO_CELLE = 12
 };
+
+/// The columns of the rows, wherever they are shown.
+QList<platform::ReportColumn> colonne();
 
 /// The row number as shown and stored.
 QString numeroRigo(int posizione);

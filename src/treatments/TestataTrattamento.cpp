@@ -160,6 +160,10 @@ QString TestataTrattamento::progressivo() const {
     return campo(PROGRESSIVO)->text().trimmed();
 }
 
+QString TestataTrattamento::data() const {
+    return platform::regional().shortDate(dtpData_->date());
+}
+
 void TestataTrattamento::setProgressivo(const QString& progressivo) {
     campo(PROGRESSIVO)->setText(progressivo);
 }
@@ -181,7 +185,7 @@ QString TestataTrattamento::fatturaAnticipoScritta() const {
 void TestataTrattamento::scrivi(clsItemTrattamento& item) const {
     item.anno = anno();
     item.progressivo = progressivo();
-    item.Data = platform::regional().shortDate(dtpData_->date());
+    item.Data = data();
     item.descrizione = campo(DESCRIZIONE)->text();
     item.Annotazioni = annotazioni_->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
     item.medico = campo(MEDICO)->text();

@@ -34,6 +34,7 @@ public:
     std::optional<Mancanza> verifica();
     QString anno() const;
     QString progressivo() const;
+    QString data() const; ///< In the regional short form.
     void setProgressivo(const QString& progressivo);
     /// Reference of the advance invoice; empty unless both parts are there.
     QString fatturaAnticipo() const;

@@ -55,6 +55,14 @@ void clsTrattamenti::DeserializzaMEMO(clsItemTrattamento& item, const QString& m
     leggiMemoTrattamento(item, memo);
 }
 
+void clsTrattamenti::DeserializzaPerLista(clsItemTrattamento& item, const QString& memo) const {
+    try {
+        leggiMemoTrattamento(item, memo);
+    } catch (const platform::DuplicateKey&) {
+        // The editor tells it when the plan is opened; the patient's other plans must be seen all the same.
+    }
+}
+
 QString clsTrattamenti::SerializzaMEMO(const clsItemTrattamento& item) const {
     return scriviMemoTrattamento(item);
 }

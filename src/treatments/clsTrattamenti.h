@@ -7,8 +7,8 @@
 #include <optional>
 
 /// The treatment plans of the patient open in the desk: loads, lists, saves and deletes them. One long-lived instance,
-/// `oTrattamenti`, owned by the module's assembly. Errors of the host and a plan with two rows of one number pass
-/// through; the callers report them.
+/// `oTrattamenti`, owned by the module's assembly. Errors of the host pass through, and so does,
+/// from `Carica`, a plan with two rows of one number; the callers report them.
 class clsTrattamenti : public WorkspaceManager<clsItemTrattamento> {
 public:
     clsTrattamenti();
@@ -23,4 +23,6 @@ public:
 
 protected:
     QString SerializzaMEMO(const clsItemTrattamento& item) const override;
+    /// A plan with two rows of one number stands in the list with what could be read of it.
+    void DeserializzaPerLista(clsItemTrattamento& item, const QString& memo) const override;
 };

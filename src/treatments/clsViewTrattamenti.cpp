@@ -3,8 +3,6 @@
 #include "config/clsConfig.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
-#include "platform/Collection.h"
-#include "platform/Dialogs.h"
 #include "platform/ReportGrid.h"
 #include "treatments/ApriTrattamento.h"
 #include "treatments/ColonneTrattamenti.h"
@@ -21,18 +19,10 @@ void clsViewTrattamenti::costruisciColonne(platform::ReportGrid& grid) {
 }
 
 void clsViewTrattamenti::riempi(platform::ReportGrid& grid) {
-    try {
-        for (const clsItemTrattamento& item : oTrattamenti->Lista()) {
-            platform::ReportRecord* record = grid.addRecord();
-            record->tag = item.ID;
-            colonnetrattamenti::mostra(item, *record);
-        }
-    } catch (const platform::DuplicateKey& errore) {
-        // The host must not see it; the user must know why the list is empty.
-        platform::dialogs().message(
-            QStringLiteral("Attenzione! Riscontrati errori in lettura dei trattamenti!\r\nErrore: ") +
-                QString::fromUtf8(errore.what()),
-            platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
+    for (const clsItemTrattamento& item : oTrattamenti->Lista()) {
+        platform::ReportRecord* record = grid.addRecord();
+        record->tag = item.ID;
+        colonnetrattamenti::mostra(item, *record);
     }
 }
 

@@ -16,6 +16,8 @@
 #include "treatments/TotaliTrattamento.h"
 #include "treatments/clsTrattamenti.h"
 #include "treatments/clsViewTrattamenti.h"
+#include "treatments/frmZoomRighiTrattamento.h"
+#include "treatments/modSituazioneDente.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -101,6 +103,8 @@ void frmEditTrattamento::collega() {
     connect(denti_, &PannelloDenti::denteScelto, righe_, &RigheTrattamento::evidenzia);
     connect(denti_, &PannelloDenti::servizioScelto, this,
             [this](const QString& servizio) { denti_->plbSelezionaTooh(righe_->dentiDelServizio(servizio)); });
+    connect(denti_, &PannelloDenti::informazioniChieste, this, &frmEditTrattamento::apriDente);
+    connect(righe_, &RigheTrattamento::zoomChiesto, this, &frmEditTrattamento::apriZoom);
     connect(testata_, &TestataTrattamento::fatturaAnticipoCambiata, this, [this] {
         righe_->setFatturaAnticipo(testata_->fatturaAnticipoScritta());
         totali_->aggiornaFatturazione();
@@ -174,6 +178,19 @@ void frmEditTrattamento::showEvent(QShowEvent* event) {
 
 void frmEditTrattamento::primaAttivazione() {
     if (id_.isEmpty() && oConfig && oConfig->AutomaticoRigoVuoto()) righe_->arma(RigheTrattamento::NUOVO);
+}
+
+void frmEditTrattamento::apriDente(int indice) {
+    const PianoDelDente piano{testata_->anno(), testata_->progressivo(), testata_->data(), solaLettura_};
+    QString voce = denti_->voce(indice);
+    if (ScegliSituazioneDente(piano, indice, denti_->dente(indice), voce, this)) denti_->applica(indice, voce);
+}
+
+void frmEditTrattamento::apriZoom() {
+    frmZoomRighiTrattamento zoom(testata_->anno() + QLatin1Char('-') + testata_->progressivo(), this);
+    righe_->copia(zoom);
+    connect(&zoom, &frmZoomRighiTrattamento::rigoScelto, denti_, &PannelloDenti::plbSelezionaTooh);
+    zoom.exec();
 }
 
 void frmEditTrattamento::aggiornaDisegno() {

@@ -41,6 +41,8 @@ private:
     void setSolaLettura();
     void primaAttivazione();
     void aggiornaDisegno();
+    void apriDente(int indice);
+    void apriZoom();
     void premiTasto(int indice);
 
     void conferma();
