@@ -5,6 +5,7 @@
 #include <QStringList>
 
 class QObject;
+class QPrinter;
 
 namespace platform {
 
@@ -53,6 +54,9 @@ public:
     virtual int popup(const QList<MenuEntry>& entries) = 0;
     virtual QString openFile(const QString& title, const QString& filter, const QString& folder) = 0; ///< Empty on cancel.
     virtual QString saveFile(const QString& title, const QString& filter, const QString& proposedName) = 0;
+    /// Lets the user choose printer, pages out of 1 to `pages`, and copies; false when nothing is to be printed, which
+    /// is also the answer of a service that knows no printers.
+    virtual bool choosePrinter(QPrinter& printer, int pages, const QString& title);
 };
 
 /// The service in force. Before one is installed every question is answered with its safe default (No, Cancel, nothing

@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <vector>
@@ -163,6 +165,16 @@ QString QtDialogs::saveFile(const QString& title, const QString& filter, const Q
         if (message(question, MB_QUESTION_DEFAULT_NO, title) == Answer::Yes) return path;
     }
     return {};
+}
+
+bool QtDialogs::choosePrinter(QPrinter& printer, int pages, const QString& title) {
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("printDialog"));
+    dialog.setWindowTitle(title);
+    dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, pages > 1);
+    dialog.setMinMax(1, pages);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 } // namespace platform

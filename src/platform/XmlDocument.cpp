@@ -156,6 +156,13 @@ bool XmlNode::hasAttribute(const char* name) const {
     return findAttribute(node_, name) != nullptr;
 }
 
+std::vector<std::pair<QString, QString>> XmlNode::attributes() const {
+    std::vector<std::pair<QString, QString>> all;
+    for (const xmlAttr* one = node_ ? node_->properties : nullptr; one; one = one->next)
+        all.emplace_back(toText(one->name), contentOf(one->doc, one->children));
+    return all;
+}
+
 void XmlNode::setAttribute(const char* name, const QString& value) const {
     if (node_) xmlSetProp(node_, xmlChars(name), xmlChars(storable(value).constData()));
 }

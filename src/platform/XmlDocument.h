@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 struct _xmlDoc;
@@ -33,6 +34,7 @@ public:
     std::optional<QString> attribute(const char* name) const;   ///< Nothing when absent. ASCII names.
     QString attribute(const char* name, const QString& otherwise) const;
     bool hasAttribute(const char* name) const;
+    std::vector<std::pair<QString, QString>> attributes() const; ///< Names and values, in document order.
     void setAttribute(const char* name, const QString& value) const; ///< Adds or replaces; keeps the place of an existing one.
 
     XmlNode parent() const;

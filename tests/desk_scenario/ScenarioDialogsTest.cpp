@@ -1,5 +1,8 @@
 #include "desk/scenario/ScenarioDialogs.h"
 
+#include <QPainter>
+#include <QPrinter>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using platform::Answer;
@@ -100,6 +103,19 @@ TEST_F(ScenarioDialogsTest, PicksMenuEntriesByCaptionAndRefusesDisabledOnes) {
     const QStringList expected{QStringLiteral("la voce «Elimina» del menu è disattivata"),
                                QStringLiteral("il menu non ha la voce «Stampa»: Nuovo, Elimina")};
     EXPECT_EQ(faults, expected);
+}
+
+TEST_F(ScenarioDialogsTest, PrintsIntoNumberedFilesOfItsFolder) {
+    QTemporaryDir folder;
+    desk::ScenarioDialogs printing([](const QString&) {}, folder.filePath(QStringLiteral("esito")));
+    QPrinter printer;
+    for (const char* name : {"stampa-1.pdf", "stampa-2.pdf"}) {
+        ASSERT_TRUE(printing.choosePrinter(printer, 1, QString()));
+        EXPECT_EQ(printer.outputFileName(), folder.filePath(QStringLiteral("esito/") + QLatin1String(name)));
+        EXPECT_TRUE(QPainter(&printer).isActive()) << "the folder is not there";
+    }
+    printing.fallSilent();
+    EXPECT_FALSE(printing.choosePrinter(printer, 1, QString()));
 }
 
 TEST_F(ScenarioDialogsTest, AsksNothingOnceTheScriptIsOver) {

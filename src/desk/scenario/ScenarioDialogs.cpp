@@ -2,6 +2,8 @@
 
 #include "desk/scenario/ControlText.h"
 
+#include <QDir>
+#include <QPrinter>
 #include <algorithm>
 
 using platform::Answer;
@@ -73,8 +75,9 @@ const QString* buttonFor(const QString& answer, const QStringList& buttons) {
 
 } // namespace
 
-ScenarioDialogs::ScenarioDialogs(std::function<void(const QString&)> unanswered)
-    : unanswered_(std::move(unanswered)) {}
+ScenarioDialogs::ScenarioDialogs(std::function<void(const QString&)> unanswered, QString printFolder)
+    : unanswered_(std::move(unanswered))
+    , printFolder_(std::move(printFolder)) {}
 
 void ScenarioDialogs::queueAnswer(const QString& answer, std::optional<bool> check) {
     answers_.append({answer, check});
@@ -171,6 +174,15 @@ QString ScenarioDialogs::openFile(const QString& title, const QString&, const QS
 
 QString ScenarioDialogs::saveFile(const QString& title, const QString&, const QString&) {
     return nextFile(title);
+}
+
+bool ScenarioDialogs::choosePrinter(QPrinter& printer, int, const QString&) {
+    if (silent_) return false;
+    // Paper has no place in a script, and what would be on it can be looked at.
+    QDir().mkpath(printFolder_);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QDir(printFolder_).filePath(QStringLiteral("stampa-%1.pdf").arg(++printed_)));
+    return true;
 }
 
 QString ScenarioDialogs::nextFile(const QString& title) {

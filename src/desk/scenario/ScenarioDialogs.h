@@ -14,7 +14,8 @@ namespace desk {
 /// it is expected. A question without a fitting answer goes to `unanswered` and gets the answer that changes least.
 class ScenarioDialogs : public platform::Dialogs {
 public:
-    explicit ScenarioDialogs(std::function<void(const QString&)> unanswered);
+    /// What is printed goes into files "stampa-1.pdf" and so on of the folder.
+    explicit ScenarioDialogs(std::function<void(const QString&)> unanswered, QString printFolder = {});
 
     void queueAnswer(const QString& answer, std::optional<bool> check);
     void queuePopup(const QString& caption); ///< Empty to dismiss the menu.
@@ -32,6 +33,7 @@ public:
     int popup(const QList<platform::MenuEntry>& entries) override;
     QString openFile(const QString& title, const QString& filter, const QString& folder) override;
     QString saveFile(const QString& title, const QString& filter, const QString& proposedName) override;
+    bool choosePrinter(QPrinter& printer, int pages, const QString& title) override;
 
 private:
     struct QueuedAnswer {
@@ -45,6 +47,8 @@ private:
     QStringList popups_;
     QStringList files_;
     QStringList messages_;
+    QString printFolder_;
+    int printed_ = 0;
     bool silent_ = false;
 };
 

@@ -52,7 +52,8 @@ void closeEveryWindow() {
 
 ScenarioRunner::ScenarioRunner(ScenarioDesk desk, ScenarioOptions options)
     : options_(std::move(options))
-    , dialogs_([this](const QString& what) { fail(frames_.empty() ? lastStarted_ : frames_.back().line, what); })
+    , dialogs_([this](const QString& what) { fail(frames_.empty() ? lastStarted_ : frames_.back().line, what); },
+               options_.outDir)
     , stage_(std::move(desk), options_.outDir, dialogs_) {}
 
 ScenarioRunner::~ScenarioRunner() = default;

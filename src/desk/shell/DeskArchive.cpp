@@ -9,6 +9,7 @@ DeskArchive::DeskArchive(Practice& practice, Hooks hooks)
     , hooks_(std::move(hooks)) {}
 
 host::Dati& DeskArchive::Dati() {
+    hooks_.beforeFreeData();
     return practice_.freeData();
 }
 

@@ -16,6 +16,7 @@ public:
         std::function<bool(const QString& name)> isPanelLoaded;
         /// Shows the search window; the id of the chosen patient, or nothing.
         std::function<QString(const QString& value, const QString& column)> choosePatient;
+        std::function<void()> beforeFreeData; ///< Before the module sees the free data.
     };
 
     DeskArchive(Practice& practice, Hooks hooks);

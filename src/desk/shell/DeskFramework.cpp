@@ -86,13 +86,12 @@ QString DeskFramework::SalvaFile(const QString& title, const QString& filter, co
     return platform::dialogs().saveFile(title, filter, proposedName);
 }
 
-void DeskFramework::ReportView(const QString& reportID, bool) {
+void DeskFramework::ReportView(const QString& reportID, bool preview) {
     lastVariables_ = variables_.values();
     lastReportID_ = reportID;
-    platform::dialogs().message(
-        QStringLiteral("L'anteprima di stampa del documento \u201c%1\u201d non \u00e8 ancora disponibile.")
-            .arg(reportID),
-        platform::MB_INFORMATION, QStringLiteral("Tessara 5000"));
+    // A copy: while a preview is up, another report may be asked for.
+    const QMap<QString, QVariant> variables = lastVariables_;
+    hooks_.viewReport(reportID, variables, preview);
 }
 
 bool DeskFramework::RichiamaPaziente(const QString& id, const QString& idschema) {

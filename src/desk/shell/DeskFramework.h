@@ -19,6 +19,8 @@ public:
         std::function<std::unique_ptr<host::Paziente>()> newPatient;
         std::function<bool(const QString& id)> openPatient;
         std::function<QString()> schema;
+        /// Shows or prints a report with these variables; returns when a preview has been closed.
+        std::function<void(const QString& id, const QMap<QString, QVariant>& variables, bool preview)> viewReport;
     };
 
     DeskFramework(MainWindow& window, CommandList& commands, Hooks hooks);

@@ -29,13 +29,17 @@ constexpr int DOCTOR = 0; ///< Kind of user.
 Desk::Parts::Parts(std::unique_ptr<Practice> openPractice)
     : practice(std::move(openPractice))
     , window(commands)
+    , reports(practice->freeData())
     , framework(window, commands,
                 {.newPatient = [this] { return practice->newPatient(); },
                  .openPatient = [this](const QString& id) { return openPatient(id); },
-                 .schema = [this] { return practice->database().schema(); }})
+                 .schema = [this] { return practice->database().schema(); },
+                 .viewReport = [this](const QString& id, const QMap<QString, QVariant>& variables,
+                                      bool preview) { reports.view(id, variables, preview, &window); }})
     , archive(*practice, {.isPanelLoaded = [this](const QString& name) { return isPanelLoaded(name); },
                           .choosePatient = [this](const QString& value,
-                                                  const QString& column) { return choosePatient(value, column); }})
+                                                  const QString& column) { return choosePatient(value, column); },
+                          .beforeFreeData = [this] { reports.provideLayouts(); }})
     , host(*practice, framework, archive)
     , watch(practice->database(), window, [this] { refreshPanelsSoon(); })
     , backup(practice->database(), practice->user().ID(),

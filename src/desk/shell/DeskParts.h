@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/report/ReportViewer.h"
 #include "desk/shell/BackupCommands.h"
 #include "desk/shell/CommandList.h"
 #include "desk/shell/DatabaseWatch.h"
@@ -47,6 +48,7 @@ struct Desk::Parts : public QObject {
     std::unique_ptr<Practice> practice;
     CommandList commands;
     MainWindow window;
+    ReportViewer reports;
     DeskFramework framework;
     DeskArchive archive;
     DeskHost host;
