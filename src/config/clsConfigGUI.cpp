@@ -57,6 +57,13 @@ void nascondiVoci(qint32 id) {
     }
 }
 
+StileBottone stile(const QString& testo) {
+    bool numero = false;
+    const int valore = testo.toInt(&numero);
+    const bool noto = numero && valore >= 0 && valore <= static_cast<int>(StileBottone::IconaSopraDidascalia);
+    return noto ? static_cast<StileBottone>(valore) : StileBottone::IconaEDidascalia;
+}
+
 void caricaImmagine(const QString& nome, qint32 id) {
     oHost->Framework().AddFileBitmap(sAppPath + QStringLiteral("/Styles/") + nome + QStringLiteral(".png"), id);
 }
@@ -162,7 +169,7 @@ void clsConfig::inserisciBottone(host::RibbonGroup& gruppo, const XmlNode& nodo)
     if (bottone.id == 0 || (scheda && bottone.key == QLatin1String(NUOVO_PIANO))) return;
     bottone.caption = nodo.attribute("caption", QString());
     bottone.tooltip = nodo.attribute("tooltiptext", QString());
-    bottone.style = static_cast<StileBottone>(nodo.attribute("style", QStringLiteral("3")).toInt());
+    bottone.style = stile(nodo.attribute("style", QStringLiteral("3")));
     bottone.begingroup = nodo.attribute("begingroup", QStringLiteral("0")) == QLatin1String("1");
     bottone.enabled = UsableService(bottone.id) && !PatientService(bottone.id);
     if (scheda && bottone.key == QLatin1String(PIANO_PAZIENTE)) {

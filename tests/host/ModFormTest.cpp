@@ -71,6 +71,8 @@ TEST_F(Geometria, PassesOverNonsenseAndStaysOnTheScreen) {
         {"Width=999999999999\r\nHeight=250\r\n", {40, 50, 300, 250}},
         {"WindowState=2\r\nWidth=400\r\n", {40, 50, 400, 200}}, // the key of the file is another
         {"Colore=3\r\nWidth=1=2\r\nTop=90", {40, 90, 300, 200}},
+        {"\xff\xfe\x01=\r\r\n==\nWindowsState=\xc3\x28\r\nLeft=1e9\r\nTop=nan", {40, 50, 300, 200}},
+        {"WindowsState=77\r\nWidth=1.000\r\nWidth=500", {40, 50, 500, 200}},
     };
     for (const auto& caso : casi) {
         SCOPED_TRACE(caso.testo);
@@ -89,6 +91,32 @@ TEST_F(Geometria, PassesOverNonsenseAndStaysOnTheScreen) {
         EXPECT_TRUE(schermo.contains(form->geometry().topLeft()));
         EXPECT_LE(form->width(), schermo.width());
         EXPECT_LE(form->height(), schermo.height());
+    }
+}
+
+TEST_F(Geometria, AWindowThatKeepsItIsFoundAsItWasLeft) {
+    auto form = finestra();
+    ConservaGeometria(form.get());
+    form->show();
+    form->move(70, 80);
+    form->resize(360, 240);
+    form->close();
+    form = finestra();
+    ConservaGeometria(form.get());
+    EXPECT_EQ(form->size(), QSize(360, 240));
+    EXPECT_EQ(form->pos(), QPoint(70, 80));
+    form.reset(); // a window that was never shown keeps nothing
+
+    // A window that needs more than the screen has is not cut on its second opening.
+    ASSERT_TRUE(platform::files::remove(file()));
+    const QSize grande = QGuiApplication::primaryScreen()->availableSize() + QSize(300, 200);
+    for (int volta = 0; volta < 2; ++volta) {
+        form = finestra();
+        form->resize(grande);
+        ConservaGeometria(form.get());
+        form->show();
+        EXPECT_EQ(form->size(), grande);
+        form->close();
     }
 }
 

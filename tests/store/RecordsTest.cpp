@@ -7,7 +7,9 @@
 #include "store/modWorkspace.h"
 
 #include <QDir>
+#include <QFile>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -70,6 +72,31 @@ public:
 
 private:
     platform::Dialogs* before_;
+};
+
+/// For its life the folder can be read but not written, by the administrator neither, whom no permission stops.
+class ReadOnlyFolder {
+public:
+    explicit ReadOnlyFolder(const QString& folder)
+        : folder_(folder)
+        , administrator_(::geteuid() == 0) {
+        QFile::setPermissions(folder_, QFile::Permissions(0x5555));
+        if (administrator_) {
+            EXPECT_EQ(::seteuid(65534), 0);
+        }
+    }
+    ~ReadOnlyFolder() {
+        if (administrator_) {
+            EXPECT_EQ(::seteuid(0), 0);
+        }
+        QFile::setPermissions(folder_, QFile::Permissions(0x7700));
+    }
+    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+
+private:
+    QString folder_;
+    bool administrator_;
 };
 
 } // namespace
@@ -216,6 +243,34 @@ TEST_F(RecordsTest, TheToolRemovesAllLocksButHiddenOnes) {
     EXPECT_EQ(QDir(path("DB")).entryList(QDir::Files | QDir::Hidden, QDir::Name),
               QStringList({u8(".3-Fattura.lck"), u8("listino.xml")}));
     EXPECT_TRUE(dialogs.heard.isEmpty());
+}
+
+TEST_F(RecordsTest, AReadOnlyFolderTellsWhatCannotBeRemovedAndStopsNoWork) {
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
+    CreaLock(u8("Fattura"), u8("1"));
+    CreaLock(u8("Fattura"), u8("2"));
+    HeardDialogs dialogs;
+    {
+        const ReadOnlyFolder shared(path("DB"));
+        CreaLock(u8("Trattamento"), u8("3"));
+        EXPECT_FALSE(EsisteLock(u8("Trattamento"), u8("3")));
+        EXPECT_TRUE(EsisteLock(u8("Fattura"), u8("1")));
+        EXPECT_TRUE(dialogs.heard.isEmpty()) << "the work goes on without a lock and without a word";
+        EXPECT_FALSE(RimuoviLock(u8("Fattura"), u8("1")));
+        EXPECT_EQ(dialogs.heard, QStringList{u8("Tessara 5000|16|Attenzione! Errore critico in eliminazione LOCK "
+                                                "Fattura!")});
+        dialogs.heard.clear();
+        EXPECT_FALSE(RimuoviTuttiLock());
+        ASSERT_EQ(dialogs.heard.size(), 1) << "the first that fails ends it";
+        const QString told = dialogs.heard.first();
+        EXPECT_TRUE(told.startsWith(u8("Tessara 5000. CORVALA|16|Attenzione! Errore critico in eliminazione LOCK!\r\n"
+                                       "File: 1-Fattura.lck\r\nErrore: ")));
+        EXPECT_FALSE(told.endsWith(u8("Errore: ")));
+    }
+    EXPECT_TRUE(EsisteLock(u8("Fattura"), u8("1")));
+    EXPECT_TRUE(RimuoviTuttiLock());
+    EXPECT_FALSE(EsisteLock(u8("Fattura"), u8("1")));
+    EXPECT_FALSE(EsisteLock(u8("Fattura"), u8("2")));
 }
 
 TEST_F(RecordsTest, SaltedTextsDifferAndComeBack) {
