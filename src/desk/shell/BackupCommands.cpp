@@ -127,8 +127,9 @@ bool BackupCommands::explainedServer() const {
         QStringLiteral(
             "L'archivio si trova su un server PostgreSQL: la copia si fa con il programma pg_dump, anche mentre "
             "si lavora.\n\n    pg_dump --format=custom --schema=%1 --file=studio.dump %2 %3\n\n"
-            "Per ripristinarla, con Tessara chiuso su tutte le postazioni:\n\n"
-            "    pg_restore --clean --if-exists --single-transaction %2 --dbname=%3 studio.dump")
+            "Per ripristinarla, con Tessara chiuso su tutte le postazioni, si dà un altro nome all'archivio "
+            "attuale, se ne crea uno vuoto con il nome di prima e vi si porta la copia:\n\n"
+            "    pg_restore --single-transaction %2 --dbname=%3 studio.dump")
             .arg(database_.schema(), access, url.database),
         platform::MB_INFORMATION, makeTitle());
     return true;
