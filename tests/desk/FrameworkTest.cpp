@@ -109,6 +109,28 @@ TEST_F(DeskFramework, AReportKeepsTheVariablesItWasAskedWith) {
     EXPECT_TRUE(dialogs_.messages.first().contains(QLatin1String("FATTURA")));
 }
 
+TEST_F(DeskFramework, ShowsReportsInThePreviewWithTheLayoutsOfThePractice) {
+    bool shown = false;
+    whenModal("frmAnteprima", [&](QWidget& preview) {
+        shown = true;
+        EXPECT_EQ(preview.windowTitle(), QStringLiteral("Anteprima di stampa: Fattura 2025-0042"));
+        QTest::keyClick(&preview, Qt::Key_Escape);
+    });
+    framework().Variables().Add(QStringLiteral("2025-0042"), QStringLiteral("Fattura.Numero"));
+    framework().ReportView(QStringLiteral("{54D96C47-35BA-45AE-AE9B-245B0B7D02E3}"), true);
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(desk_->lastReportVariables().size(), 1);
+    EXPECT_EQ(desk_->host().Archivio().Dati().Lista(QStringLiteral("Certificati"), true).size(), 3);
+
+    bool managed = false;
+    whenModal("frmModelli", [&](QWidget& window) {
+        managed = true;
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    EXPECT_TRUE(desk_->pressCommand(QStringLiteral("Modelli di stampa")));
+    EXPECT_TRUE(managed);
+}
+
 TEST_F(DeskFramework, ReadsTheBooleansOfADatabase) {
     const struct {
         QVariant value;

@@ -1,10 +1,10 @@
+#include "ReportDialogs.h"
 #include "ReportSample.h"
 
 #include "desk/data/Database.h"
 #include "desk/data/FreeData.h"
 #include "desk/report/ReportPageView.h"
 #include "desk/report/ReportViewer.h"
-#include "platform/Dialogs.h"
 #include "platform/Files.h"
 
 #include <QApplication>
@@ -12,54 +12,14 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrinter>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
 #include <QWheelEvent>
-#include <functional>
 
 using sample::u8;
 
 namespace {
-
-/// A person in front of the questions; prints into a file.
-class ReportDialogs : public platform::Dialogs {
-public:
-    ReportDialogs()
-        : before_(platform::installDialogs(this)) {}
-    ~ReportDialogs() override { platform::installDialogs(before_); }
-    platform::Answer message(const QString& text, int, const QString&) override {
-        messages.append(text);
-        return answer;
-    }
-    platform::TaskAnswer task(const platform::TaskRequest&) override { return {}; }
-    int popup(const QList<platform::MenuEntry>&) override { return -1; }
-    QString openFile(const QString&, const QString&, const QString&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QString& name) override {
-        proposed = name;
-        return file;
-    }
-    bool choosePrinter(QPrinter& printer, int pages, const QString&) override {
-        offeredPages = pages;
-        if (paper.isEmpty()) return false;
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(paper);
-        choose(printer);
-        return true;
-    }
-
-    QStringList messages;
-    platform::Answer answer = platform::Answer::No;
-    QString file;
-    QString paper;
-    QString proposed;
-    int offeredPages = 0;
-    std::function<void(QPrinter&)> choose = [](QPrinter&) {};
-
-private:
-    platform::Dialogs* before_;
-};
 
 class ReportViewer : public testing::Test {
 protected:

@@ -4,6 +4,7 @@
 #include "desk/report/ReportLayoutError.h"
 #include "desk/report/ReportPrinting.h"
 #include "desk/report/frmAnteprima.h"
+#include "desk/report/frmModelli.h"
 #include "platform/Dialogs.h"
 
 namespace desk {
@@ -22,6 +23,12 @@ void ReportViewer::view(const QString& id, const QMap<QString, QVariant>& variab
         return;
     }
     frmAnteprima window(std::move(*document), parent);
+    window.exec();
+}
+
+void ReportViewer::manage(QWidget* parent) {
+    layouts_.provide();
+    frmModelli window(archive_, parent);
     window.exec();
 }
 

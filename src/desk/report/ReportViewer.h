@@ -15,17 +15,22 @@ namespace desk {
 class ReportViewer {
 public:
     explicit ReportViewer(host::Dati& archive)
-        : layouts_(archive) {}
+        : archive_(archive)
+        , layouts_(archive) {}
 
     void provideLayouts() { layouts_.provide(); }
     /// Returns when a preview has been closed.
     void view(const QString& id, const QMap<QString, QVariant>& variables, bool preview, QWidget* parent);
+
+    /// Lets the user change the layouts; returns when the window has been closed.
+    void manage(QWidget* parent);
 
 private:
     std::optional<ReportDocument> compose(const QString& id, const QMap<QString, QVariant>& variables);
     std::optional<ReportDocument> composeShipped(const QString& id, const QString& why,
                                                  const QMap<QString, QVariant>& variables) const;
 
+    host::Dati& archive_;
     ReportLayouts layouts_;
 };
 

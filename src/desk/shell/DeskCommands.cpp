@@ -59,6 +59,8 @@ constexpr Row ROWS[] = {
      "archivi", LARGE, true},
     {STRUMENTI, u"Programma", RIPRISTINA_COPIA, u"Ripristina copia\u2026", u"Ripristina una copia di sicurezza",
      "archivi", LARGE, true},
+    {STRUMENTI, u"Programma", MODELLI_STAMPA, u"Modelli di stampa", u"Modelli di fatture, preventivi e riepiloghi",
+     "certificati", LARGE, true},
     {STRUMENTI, u"Programma", INFORMAZIONI, u"Informazioni", u"Informazioni sul programma", "informazioni", LARGE,
      true},
     {STRUMENTI, u"Programma", ESCI, u"Esci", u"Chiude il programma (Ctrl+Q)", "esci", LARGE, true},

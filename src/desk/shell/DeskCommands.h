@@ -17,6 +17,7 @@ enum DeskCommand : qint32 {
     DATI_ANAGRAFICI = 7,
     COPIA_SICUREZZA = 9,
     RIPRISTINA_COPIA = 13,
+    MODELLI_STAMPA = 14,
 };
 
 /// Fills the ribbon with the desk's own tabs. The numbers of the commands are part of the contract: modules look them

@@ -208,6 +208,9 @@ void Desk::Parts::run(const Command& command) {
         case RIPRISTINA_COPIA:
             backup.restoreCopy();
             break;
+        case MODELLI_STAMPA:
+            reports.manage(&window);
+            break;
         case INFORMAZIONI:
             showInformation();
             break;
