@@ -1,9 +1,11 @@
 #include "DeskFixture.h"
 
 #include "desk/data/SqliteCopy.h"
+#include "support/PracticeDatabase.h"
 
 #include <QFile>
 #include <QStatusBar>
+#include <QUrl>
 
 /// The two commands, as a person uses them.
 class DeskBackup : public DeskFixture {
@@ -81,6 +83,28 @@ TEST_F(DeskBackup, ARestoredPracticeWithoutTheUserEndsTheProgram) {
     press("Ripristina copia…");
     EXPECT_TRUE(lastMessage().contains(QStringLiteral("il programma si chiude"))) << lastMessage().toStdString();
     EXPECT_FALSE(desk_->window()->isVisible());
+}
+
+/// A server has tools of its own for copies: the commands name them, ready to be typed.
+TEST(DeskOnServerTest, TheCommandsTellHowAServerIsCopied) {
+    if (!PracticeDatabase::serverChosen()) GTEST_SKIP() << "only on a server";
+    const PracticeDatabase place;
+    const QTemporaryDir folder;
+    DeskDialogs dialogs;
+    desk::Options options;
+    options.databaseUrl = place.url();
+    options.configDir = folder.path();
+    const auto desk = desk::Desk::open(options);
+    for (const char* command : {"Copia di sicurezza…", "Ripristina copia…"})
+        EXPECT_TRUE(desk->pressCommand(QString::fromUtf8(command)));
+    ASSERT_EQ(dialogs.messages.size(), 2);
+    const QUrl url(place.url());
+    for (const QString& text : dialogs.messages) {
+        EXPECT_TRUE(text.contains(QStringLiteral("pg_dump --format=custom --schema=tessara"))) << text.toStdString();
+        EXPECT_TRUE(text.contains(QStringLiteral("--port=%1").arg(url.port())));
+        EXPECT_TRUE(text.contains(url.path().mid(1)));
+        EXPECT_FALSE(text.contains(url.password()));
+    }
 }
 
 /// A list that cannot be read is told.

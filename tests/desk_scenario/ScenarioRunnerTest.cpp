@@ -45,6 +45,16 @@ protected:
 
 } // namespace
 
+TEST_F(ScenarioRunnerTest, WaitsForTheFileOfAnotherDeskLongerThanForAWindow) {
+    const QString sign = folder.filePath(QStringLiteral("out/fatto"));
+    QTimer::singleShot(600, [&sign] { EXPECT_TRUE(QFile(sign).open(QIODevice::WriteOnly)); });
+    const Outcome outcome = play(QStringLiteral("wait-file fatto\ntouch altro\nwait-file altro"));
+    EXPECT_EQ(outcome.failure, QString()) << "three times the patience for a window have passed";
+    EXPECT_EQ(outcome.steps, 3);
+    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("out/altro"))));
+    EXPECT_TRUE(play(QStringLiteral("touch manca/altro")).failure.contains(QStringLiteral("non si può scrivere")));
+}
+
 TEST_F(ScenarioRunnerTest, GoesOnInsideAModalWindow) {
     addEditor(QStringLiteral("Apri"), QStringLiteral("frmEdit"));
     const Outcome outcome = play(QStringLiteral("press Apri\nwindow frmEdit\ntype tbDati(0) abc\nclick cbConferma\n"
