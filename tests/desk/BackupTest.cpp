@@ -100,8 +100,8 @@ TEST(DeskOnServerTest, TheCommandsTellHowAServerIsCopied) {
     ASSERT_EQ(dialogs.messages.size(), 2);
     const QUrl url(place.url());
     for (const QString& text : dialogs.messages) {
-        EXPECT_TRUE(text.contains(QStringLiteral("pg_dump --format=custom --schema=tessara"))) << text.toStdString();
-        EXPECT_TRUE(text.contains(QStringLiteral("--port=%1").arg(url.port())));
+        EXPECT_TRUE(text.contains(QStringLiteral("pg_dump -F c -n tessara"))) << text.toStdString();
+        EXPECT_TRUE(text.contains(QStringLiteral("-p %1").arg(url.port())));
         EXPECT_TRUE(text.contains(url.path().mid(1)));
         EXPECT_FALSE(text.contains(url.password()));
     }

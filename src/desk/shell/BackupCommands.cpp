@@ -121,15 +121,15 @@ void BackupCommands::goOnAfter(const QString& formerFile) {
 bool BackupCommands::explainedServer() const {
     const DatabaseUrl& url = database_.url();
     if (url.kind == DatabaseUrl::Kind::Sqlite) return false;
-    const QString access =
-        QStringLiteral("--host=%1 --port=%2 --username=%3").arg(url.server).arg(url.port).arg(url.user);
+    // Short lines: a message box breaks long ones in the middle of an option.
+    const QString access = QStringLiteral("    -h %1 -p %2\n    -U %3").arg(url.server).arg(url.port).arg(url.user);
     platform::dialogs().message(
         QStringLiteral(
             "L'archivio si trova su un server PostgreSQL: la copia si fa con il programma pg_dump, anche mentre "
-            "si lavora.\n\n    pg_dump --format=custom --schema=%1 --file=studio.dump %2 %3\n\n"
+            "si lavora.\n\npg_dump -F c -n %1 -f studio.dump\n%2 %3\n\n"
             "Per ripristinarla, con Tessara chiuso su tutte le postazioni, si dà un altro nome all'archivio "
             "attuale, se ne crea uno vuoto con il nome di prima e vi si porta la copia:\n\n"
-            "    pg_restore --single-transaction %2 --dbname=%3 studio.dump")
+            "pg_restore --single-transaction\n%2 -d %3\n    studio.dump")
             .arg(database_.schema(), access, url.database),
         platform::MB_INFORMATION, makeTitle());
     return true;
