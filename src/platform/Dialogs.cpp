@@ -37,8 +37,8 @@ Dialogs*& installed() {
 
 } // namespace
 
-bool Dialogs::choosePrinter(QPrinter&, int, const QString&) {
-    return false;
+PrintAnswer Dialogs::choosePrinter(QPrinter&, const PrintRequest&) {
+    return PrintAnswer::Cancel;
 }
 
 Dialogs& dialogs() {

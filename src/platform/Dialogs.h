@@ -43,6 +43,13 @@ struct MenuEntry {
     bool enabled = true;
 };
 
+struct PrintRequest {
+    QString title;
+    int pages = 1;
+    bool offerPreview = false; ///< Whether the user may look at the pages instead.
+};
+enum class PrintAnswer { Cancel, Print, Preview };
+
 /// Everything that asks the user outside a window of one's own. Replaceable, so that tests and scenarios answer and see what
 /// was said.
 class Dialogs {
@@ -54,9 +61,8 @@ public:
     virtual int popup(const QList<MenuEntry>& entries) = 0;
     virtual QString openFile(const QString& title, const QString& filter, const QString& folder) = 0; ///< Empty on cancel.
     virtual QString saveFile(const QString& title, const QString& filter, const QString& proposedName) = 0;
-    /// Lets the user choose printer, pages out of 1 to `pages`, and copies; false when nothing is to be printed, which
-    /// is also the answer of a service that knows no printers.
-    virtual bool choosePrinter(QPrinter& printer, int pages, const QString& title);
+    /// Lets the user choose printer, pages and copies. A service that knows no printers cancels.
+    virtual PrintAnswer choosePrinter(QPrinter& printer, const PrintRequest& request);
 };
 
 /// The service in force. Before one is installed every question is answered with its safe default (No, Cancel, nothing

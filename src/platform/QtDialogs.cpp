@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
@@ -167,14 +168,26 @@ QString QtDialogs::saveFile(const QString& title, const QString& filter, const Q
     return {};
 }
 
-bool QtDialogs::choosePrinter(QPrinter& printer, int pages, const QString& title) {
+PrintAnswer QtDialogs::choosePrinter(QPrinter& printer, const PrintRequest& request) {
     QPrintDialog dialog(&printer, QApplication::activeWindow());
     dialog.setObjectName(QStringLiteral("printDialog"));
-    dialog.setWindowTitle(title);
+    dialog.setWindowTitle(request.title);
     dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange, pages > 1);
-    dialog.setMinMax(1, pages);
-    return dialog.exec() == QDialog::Accepted;
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, request.pages > 1);
+    dialog.setMinMax(1, request.pages);
+    bool preview = false;
+    if (auto* buttons = dialog.findChild<QDialogButtonBox*>(); buttons && request.offerPreview) {
+        QPushButton* button = buttons->addButton(QStringLiteral("&Anteprima\u2026"), QDialogButtonBox::ActionRole);
+        button->setObjectName(QStringLiteral("cbAnteprima"));
+        button->setAutoDefault(false);
+        QObject::connect(button, &QPushButton::clicked, &dialog, [&] {
+            preview = true;
+            dialog.reject();
+        });
+    }
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    if (preview) return PrintAnswer::Preview;
+    return accepted ? PrintAnswer::Print : PrintAnswer::Cancel;
 }
 
 } // namespace platform

@@ -12,7 +12,7 @@ public:
     int popup(const QList<MenuEntry>& entries) override;
     QString openFile(const QString& title, const QString& filter, const QString& folder) override;
     QString saveFile(const QString& title, const QString& filter, const QString& proposedName) override;
-    bool choosePrinter(QPrinter& printer, int pages, const QString& title) override;
+    PrintAnswer choosePrinter(QPrinter& printer, const PrintRequest& request) override;
 };
 
 } // namespace platform

@@ -23,13 +23,14 @@ public:
         proposed = name;
         return file;
     }
-    bool choosePrinter(QPrinter& printer, int pages, const QString&) override {
-        offeredPages = pages;
-        if (paper.isEmpty()) return false;
+    platform::PrintAnswer choosePrinter(QPrinter& printer, const platform::PrintRequest& request) override {
+        offeredPages = request.pages;
+        if (wantsPreview && request.offerPreview) return platform::PrintAnswer::Preview;
+        if (paper.isEmpty()) return platform::PrintAnswer::Cancel;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(paper);
         choose(printer);
-        return true;
+        return platform::PrintAnswer::Print;
     }
 
     QStringList messages;
@@ -38,6 +39,7 @@ public:
     QString paper; ///< File that is printed into; empty for a user who gives it up.
     QString proposed;
     int offeredPages = 0;
+    bool wantsPreview = false;
     std::function<void(QPrinter&)> choose = [](QPrinter&) {};
 
 private:

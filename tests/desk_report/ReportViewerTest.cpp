@@ -40,7 +40,7 @@ protected:
     }
 
     /// Opens the preview and works in it until it is closed.
-    bool preview(const sample::Variables& variables, const std::function<void(QDialog&)>& work) {
+    bool preview(const sample::Variables& variables, const std::function<void(QDialog&)>& work, bool atOnce = true) {
         bool wasOpen = false;
         QTimer::singleShot(0, qApp, [&] {
             auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -52,7 +52,7 @@ protected:
             EXPECT_FALSE(window->isVisible()) << "Escape does not close the preview";
             if (window->isVisible()) window->reject();
         });
-        viewer_.view(invoiceId(), variables, true, nullptr);
+        viewer_.view(invoiceId(), variables, atOnce, nullptr);
         return wasOpen;
     }
 
@@ -192,6 +192,16 @@ TEST_F(ReportViewer, PrintsAtOnceWithoutAPreview) {
     viewer_.view(invoiceId(), sample::document(u8("Fattura."), 5), false, nullptr);
     ASSERT_EQ(dialogs_.messages.size(), 1);
     EXPECT_TRUE(dialogs_.messages[0].contains(u8("non è riuscita")));
+}
+
+TEST_F(ReportViewer, LooksAtThePagesInsteadOfPrintingThem) {
+    dialogs_.wantsPreview = true;
+    const auto look = [this](QDialog& window) {
+        dialogs_.paper = path("carta.pdf");
+        press(window, "cbStampa");
+        EXPECT_EQ(pagesIn(dialogs_.paper).size(), 1) << "the preview offers itself";
+    };
+    EXPECT_TRUE(preview(sample::document(u8("Fattura."), 5), look, false));
 }
 
 TEST_F(ReportViewer, NamesInThePreviewWhatIsMissing) {

@@ -110,12 +110,12 @@ TEST_F(ScenarioDialogsTest, PrintsIntoNumberedFilesOfItsFolder) {
     desk::ScenarioDialogs printing([](const QString&) {}, folder.filePath(QStringLiteral("esito")));
     QPrinter printer;
     for (const char* name : {"stampa-1.pdf", "stampa-2.pdf"}) {
-        ASSERT_TRUE(printing.choosePrinter(printer, 1, QString()));
+        ASSERT_EQ(printing.choosePrinter(printer, {}), platform::PrintAnswer::Print);
         EXPECT_EQ(printer.outputFileName(), folder.filePath(QStringLiteral("esito/") + QLatin1String(name)));
         EXPECT_TRUE(QPainter(&printer).isActive()) << "the folder is not there";
     }
     printing.fallSilent();
-    EXPECT_FALSE(printing.choosePrinter(printer, 1, QString()));
+    EXPECT_EQ(printing.choosePrinter(printer, {}), platform::PrintAnswer::Cancel);
 }
 
 TEST_F(ScenarioDialogsTest, AsksNothingOnceTheScriptIsOver) {

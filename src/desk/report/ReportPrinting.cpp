@@ -52,27 +52,27 @@ QList<int> chosenPages(const QPrinter& printer, int count) {
 
 } // namespace
 
-bool printReport(const ReportDocument& document) {
+bool printReport(const ReportDocument& document, bool offerPreview) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(document.title);
     printer.setCreator(TITLE);
     printer.setPageLayout(document.page);
-    if (!platform::dialogs().choosePrinter(printer, document.pageCount(), QStringLiteral("Stampa: ") + document.title))
-        return false;
-    if (document.print(printer, chosenPages(printer, document.pageCount()))) return true;
+    const platform::PrintAnswer answer = platform::dialogs().choosePrinter(
+        printer, {QStringLiteral("Stampa: ") + document.title, document.pageCount(), offerPreview});
+    if (answer != platform::PrintAnswer::Print) return answer == platform::PrintAnswer::Preview;
+    if (document.print(printer, chosenPages(printer, document.pageCount()))) return false;
     tell(QStringLiteral("La stampa di \u201c%1\u201d non \u00e8 riuscita.\nControllare la stampante e riprovare.")
              .arg(document.title));
     return false;
 }
 
-bool saveReport(const ReportDocument& document) {
+void saveReport(const ReportDocument& document) {
     const QString path = platform::dialogs().saveFile(
         QStringLiteral("Salva come PDF"), QStringLiteral("Documenti PDF|*.pdf|Tutti i file|*.*"), fileNameOf(document));
-    if (path.isEmpty()) return false;
+    if (path.isEmpty()) return;
     const QByteArray content = document.toPdf();
-    if (!content.isEmpty() && platform::files::writeAtomically(path, content)) return true;
+    if (!content.isEmpty() && platform::files::writeAtomically(path, content)) return;
     tell(QStringLiteral("Il file %1 non si pu\u00f2 scrivere.").arg(QDir::toNativeSeparators(path)));
-    return false;
 }
 
 } // namespace desk

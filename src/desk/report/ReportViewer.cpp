@@ -18,10 +18,7 @@ const QString TITLE = QStringLiteral("Tessara 5000");
 void ReportViewer::view(const QString& id, const QMap<QString, QVariant>& variables, bool preview, QWidget* parent) {
     std::optional<ReportDocument> document = compose(id, variables);
     if (!document) return;
-    if (!preview) {
-        printReport(*document);
-        return;
-    }
+    if (!preview && !printReport(*document, true)) return;
     frmAnteprima window(std::move(*document), parent);
     window.exec();
 }

@@ -220,7 +220,7 @@ void frmAnteprima::takeZoom() {
 }
 
 void frmAnteprima::print() {
-    printReport(document_);
+    printReport(document_, false);
 }
 
 void frmAnteprima::save() {

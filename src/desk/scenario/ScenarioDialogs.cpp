@@ -176,13 +176,13 @@ QString ScenarioDialogs::saveFile(const QString& title, const QString&, const QS
     return nextFile(title);
 }
 
-bool ScenarioDialogs::choosePrinter(QPrinter& printer, int, const QString&) {
-    if (silent_) return false;
+platform::PrintAnswer ScenarioDialogs::choosePrinter(QPrinter& printer, const platform::PrintRequest&) {
+    if (silent_) return platform::PrintAnswer::Cancel;
     // Paper has no place in a script, and what would be on it can be looked at.
     QDir().mkpath(printFolder_);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(QDir(printFolder_).filePath(QStringLiteral("stampa-%1.pdf").arg(++printed_)));
-    return true;
+    return platform::PrintAnswer::Print;
 }
 
 QString ScenarioDialogs::nextFile(const QString& title) {

@@ -33,7 +33,7 @@ public:
     int popup(const QList<platform::MenuEntry>& entries) override;
     QString openFile(const QString& title, const QString& filter, const QString& folder) override;
     QString saveFile(const QString& title, const QString& filter, const QString& proposedName) override;
-    bool choosePrinter(QPrinter& printer, int pages, const QString& title) override;
+    platform::PrintAnswer choosePrinter(QPrinter& printer, const platform::PrintRequest& request) override;
 
 private:
     struct QueuedAnswer {
