@@ -22,10 +22,16 @@ CorvalaRecords::CorvalaRecords(const PatientScope& scope)
 
 QList<host::RigaCorvala> CorvalaRecords::Lista() {
     try {
-        QList<host::RigaCorvala> list;
-        for (Query query = table_.rows(QStringLiteral("Data, idrif1, ID")); query.next();)
-            list << rowOf(query);
-        return list;
+        // A patient who opens is asked for the same rows by list after list.
+        database_.noticeOthers();
+        if (listed_ != database_.generation()) {
+            listed_ = 0;
+            list_.clear();
+            for (Query query = table_.rows(QStringLiteral("Data, idrif1, ID")); query.next();)
+                list_ << rowOf(query);
+            listed_ = database_.generation();
+        }
+        return list_;
     } catch (const DatabaseError&) {
         return {};
     }

@@ -5,7 +5,8 @@
 
 namespace desk {
 
-/// The module's rows of `tblWorkspace` under one patient. Every failure of the database answers false or nothing.
+/// The module's rows of `tblWorkspace` under one patient. Every failure of the database answers false or nothing. The
+/// list is kept until something is written, here or by another workstation.
 class CorvalaRecords : public host::Corvala {
 public:
     static constexpr int tiporecord = 906; ///< Marks the rows of this module among all others in the table.
@@ -16,11 +17,13 @@ public:
     std::optional<host::RigaCorvala> Carica(const QString& id) override;
     bool Salva(QString& id, const host::DatiCorvala& dati) override;
     bool Elimina(const QString& id) override;
-    void Refresh() override; ///< Rows are always read afresh; only notices what others wrote.
+    void Refresh() override; ///< Notices what others wrote.
 
 private:
     Database& database_;
     PatientTable table_;
+    QList<host::RigaCorvala> list_;
+    quint64 listed_ = 0; ///< Generation of the database that `list_` shows; 0 for none.
 };
 
 } // namespace desk
