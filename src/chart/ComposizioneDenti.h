@@ -28,6 +28,8 @@ struct StratoDente {
     QString immagine;
     qint16 left = 0;
     qint16 top = 0;
+
+    bool operator==(const StratoDente& other) const = default;
 };
 
 /// State of the worst or most urgent row of a tooth; the letter is what its tag begins with.
@@ -44,6 +46,7 @@ struct DenteComposto {
     QString servizioStato;
     QString immagineStato; ///< Empty for the module's own mark in the colour of the state.
 
+    bool operator==(const DenteComposto& other) const = default;
     QString statusTag() const; ///< The letter of the state and its service; empty without a state.
 };
 
@@ -54,6 +57,8 @@ struct ServizioEvidenziato {
     QString immagine;
     QString breve; ///< Short text of the catalogue, in the short list only.
     StatoDente stato = StatoDente::Nessuno;
+
+    bool operator==(const ServizioEvidenziato& other) const = default;
 };
 
 /// What the tooth chart shows for the rows of one plan: up to three service pictures and one status mark per tooth, the

@@ -1,15 +1,14 @@
 #include "chart/EvidencePanel.h"
 
 #include "chart/ComposizioneDenti.h"
+#include "chart/PictureFiles.h"
+#include "chart/ServiceBadge.h"
 #include "chart/StatusMark.h"
-#include "chart/ToothPicture.h"
 #include "platform/FormLayout.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QMouseEvent>
 #include <QVBoxLayout>
 
 using platform::form::arrayName;
@@ -26,24 +25,19 @@ QColor colourOf(StatoDente stato) {
     return stato == StatoDente::Aperto ? QColor(192, 0, 0) : QColor(192, 192, 0);
 }
 
-/// Shows the service's picture or, where the file is missing, its code.
-void fill(QLabel* label, const ServizioEvidenziato& entry, const QSize& size) {
-    label->setProperty("tag", entry.servizio);
-    label->setToolTip(entry.descrizione);
-    label->setAccessibleName(entry.descrizione);
-    const QPixmap picture = loadPicture(entry.immagine, size - QSize(6, 6), label->devicePixelRatioF());
-    if (picture.isNull())
-        label->setText(label->fontMetrics().elidedText(entry.servizio, Qt::ElideRight, size.width() - 6));
-    else
-        label->setPixmap(picture);
-    label->show();
+QString textOf(StatoDente stato) {
+    if (stato == StatoDente::Finito) return QStringLiteral("terminato");
+    return stato == StatoDente::Aperto ? QStringLiteral("in corso") : QStringLiteral("da iniziare");
 }
 
-void clear(QLabel* label) {
-    label->setProperty("tag", QString());
-    label->setToolTip(QString());
-    label->clear();
-    label->hide();
+/// Shows the service's picture or, where the file is missing, its code.
+void fill(ServiceBadge* badge, const ServizioEvidenziato& entry, const QSize& size) {
+    badge->setService(entry.servizio, entry.descrizione, textOf(entry.stato));
+    const QPixmap picture = loadPicture(entry.immagine, size - QSize(6, 6), badge->devicePixelRatioF());
+    if (picture.isNull())
+        badge->setText(badge->fontMetrics().elidedText(entry.servizio, Qt::ElideRight, size.width() - 6));
+    else
+        badge->setPixmap(picture);
 }
 
 } // namespace
@@ -62,14 +56,16 @@ EvidencePanel::EvidencePanel(QWidget* parent)
     layOut();
 }
 
-QLabel* EvidencePanel::box(const QString& name, const QSize& size) {
-    auto* label = named(new QLabel(this), name);
-    label->setAlignment(size.isEmpty() ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
-    if (!size.isEmpty()) label->setFixedSize(size);
-    label->setCursor(Qt::PointingHandCursor);
-    label->installEventFilter(this);
-    label->hide();
-    return label;
+ServiceBadge* EvidencePanel::box(const QString& name, const QSize& size) {
+    auto* badge = named(new ServiceBadge(this), name);
+    badge->setAlignment(size.isEmpty() ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
+    // A text of the short list belongs to the mark beside it, where the keyboard stops.
+    if (!size.isEmpty()) {
+        badge->setFixedSize(size);
+        badge->setFocusPolicy(Qt::TabFocus);
+    }
+    connect(badge, &ServiceBadge::clicked, this, &EvidencePanel::serviceClicked);
+    return badge;
 }
 
 void EvidencePanel::layOut() {
@@ -78,9 +74,9 @@ void EvidencePanel::layOut() {
     auto* strip = new QGridLayout;
     for (int place = 0; place < strip_.size(); ++place)
         strip->addWidget(strip_[place], place / 5, place % 5);
-    for (QLabel* label : strip_) {
-        label->setFrameStyle(QFrame::Box | QFrame::Plain);
-        label->setLineWidth(2);
+    for (ServiceBadge* badge : strip_) {
+        badge->setFrameStyle(QFrame::Box | QFrame::Plain);
+        badge->setLineWidth(2);
     }
     strip->setColumnStretch(5, 1);
     layout->addLayout(strip);
@@ -106,21 +102,17 @@ void EvidencePanel::layOut() {
 }
 
 void EvidencePanel::setComposition(const ComposizioneDenti& composition) {
-    for (QLabel* label : strip_)
-        clear(label);
-    for (int place = 0; place < std::min(strip_.size(), composition.strip().size()); ++place) {
-        const ServizioEvidenziato& entry = composition.strip()[place];
-        fill(strip_[place], entry, STRIP_BOX);
-        // The colours of the frame are its own, not those of the marks: red is work going on, not work to begin.
-        QPalette palette = strip_[place]->palette();
-        palette.setColor(QPalette::WindowText, colourOf(entry.stato));
-        strip_[place]->setPalette(palette);
+    for (int place = 0; place < strip_.size(); ++place) {
+        if (place < composition.strip().size())
+            showInStrip(strip_[place], composition.strip()[place]);
+        else
+            strip_[place]->free();
     }
     showShortList(composition);
     for (int place = 0; place < marks_.size(); ++place) {
         const ServizioEvidenziato& entry = composition.atAGlance()[static_cast<std::size_t>(place)];
         if (entry.servizio.isEmpty())
-            clear(marks_[place]);
+            marks_[place]->free();
         else
             fill(marks_[place], entry, MARK_BOX);
     }
@@ -128,25 +120,25 @@ void EvidencePanel::setComposition(const ComposizioneDenti& composition) {
     marksArea_->setVisible(composition.options().saltaAllOcchio);
 }
 
-void EvidencePanel::showShortList(const ComposizioneDenti& composition) {
-    for (int place = 0; place < shortList_.size(); ++place) {
-        clear(shortList_[place]);
-        clear(shortTexts_[place]);
-        if (place >= composition.shortList().size()) continue;
-        const ServizioEvidenziato& entry = composition.shortList()[place];
-        fill(shortList_[place], entry, SHORT_BOX);
-        shortList_[place]->setPixmap(statusMark(entry.stato, SHORT_BOX - QSize(4, 4), devicePixelRatioF()));
-        shortTexts_[place]->setProperty("tag", entry.servizio);
-        shortTexts_[place]->setToolTip(entry.descrizione);
-        shortTexts_[place]->setText(entry.breve);
-        shortTexts_[place]->show();
-    }
+void EvidencePanel::showInStrip(ServiceBadge* badge, const ServizioEvidenziato& entry) {
+    fill(badge, entry, STRIP_BOX);
+    // The colours of the frame are its own, not those of the marks: red is work going on, not work to begin.
+    QPalette palette = badge->palette();
+    palette.setColor(QPalette::WindowText, colourOf(entry.stato));
+    if (palette != badge->palette()) badge->setPalette(palette);
 }
 
-bool EvidencePanel::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonRelease && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-        const QString servizio = watched->property("tag").toString();
-        if (!servizio.isEmpty()) emit serviceClicked(servizio);
+void EvidencePanel::showShortList(const ComposizioneDenti& composition) {
+    for (int place = 0; place < shortList_.size(); ++place) {
+        if (place >= composition.shortList().size()) {
+            shortList_[place]->free();
+            shortTexts_[place]->free();
+            continue;
+        }
+        const ServizioEvidenziato& entry = composition.shortList()[place];
+        shortList_[place]->setService(entry.servizio, entry.descrizione, textOf(entry.stato));
+        shortList_[place]->setPixmap(statusMark(entry.stato, SHORT_BOX - QSize(4, 4), devicePixelRatioF()));
+        shortTexts_[place]->setService(entry.servizio, entry.descrizione, QString());
+        shortTexts_[place]->setText(entry.breve);
     }
-    return QWidget::eventFilter(watched, event);
 }

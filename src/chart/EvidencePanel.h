@@ -4,11 +4,13 @@
 #include <QWidget>
 
 class ComposizioneDenti;
-class QLabel;
+class ServiceBadge;
+struct ServizioEvidenziato;
 
 /// What stands beside the tooth chart: the strip pbLavoriSeri(i) of services in evidence, framed in the colour of their
 /// state, the short list pbInEvidenzaBreve(i) with laInEvidenzaBreve(i) under "In Evidenza", and the marks
-/// imSaltaAllOcchio(i). Each holds its service in the property "tag".
+/// imSaltaAllOcchio(i). Each holds its service in the property "tag", and can be reached with Tab and pressed
+/// with Space.
 class EvidencePanel : public QWidget {
     Q_OBJECT
 
@@ -20,18 +22,16 @@ public:
 signals:
     void serviceClicked(const QString& servizio); ///< On any of the three.
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
-    QLabel* box(const QString& name, const QSize& size);
+    ServiceBadge* box(const QString& name, const QSize& size);
     void layOut();
+    static void showInStrip(ServiceBadge* badge, const ServizioEvidenziato& entry);
     void showShortList(const ComposizioneDenti& composition);
 
-    QList<QLabel*> strip_;
-    QList<QLabel*> shortList_;
-    QList<QLabel*> shortTexts_;
-    QList<QLabel*> marks_;
+    QList<ServiceBadge*> strip_;
+    QList<ServiceBadge*> shortList_;
+    QList<ServiceBadge*> shortTexts_;
+    QList<ServiceBadge*> marks_;
     QWidget* shortListArea_ = nullptr;
     QWidget* marksArea_ = nullptr;
 };

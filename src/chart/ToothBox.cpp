@@ -1,5 +1,6 @@
 #include "chart/ToothBox.h"
 
+#include "chart/PictureFiles.h"
 #include "chart/StatusMark.h"
 #include "chart/ToothPicture.h"
 #include "platform/FormLayout.h"
@@ -62,6 +63,8 @@ QSize ToothBox::naturalSize(int indice) {
 }
 
 void ToothBox::setTooth(const DenteComposto& tooth) {
+    if (shown_ && tooth_ == tooth) return; // most teeth stay as they are when a row changes
+    shown_ = true;
     tooth_ = tooth;
     imTooth_->setPicture(tooth.immagine);
     imTooth_->setProperty("tag", tooth.situazione);
@@ -95,7 +98,7 @@ void ToothBox::placeLayers() {
             label->setPixmap(QPixmap());
             continue;
         }
-        const QSize size = pictureSize(shown.immagine) * scale;
+        const QSize size = pictureSize(shown.immagine).boundedTo(2 * PICTURE) * scale;
         const QPoint offset(qRound(shown.left * scale / TWIPS_PER_PIXEL), qRound(shown.top * scale / TWIPS_PER_PIXEL));
         label->setPixmap(loadPicture(shown.immagine, size, devicePixelRatioF()));
         label->setGeometry(QRect(imTooth_->pos() + offset, size));

@@ -40,6 +40,7 @@ private:
     int indice_;
     bool marked_ = false;
     bool current_ = false;
+    bool shown_ = false;
     DenteComposto tooth_;
     ToothPicture* imTooth_ = nullptr;
     std::array<QLabel*, DenteComposto::STRATI> imTrt_{};

@@ -1,27 +1,11 @@
 #include "chart/ToothPicture.h"
 
+#include "chart/PictureFiles.h"
 #include "chart/ToothShape.h"
 #include "chart/modDenti.h"
-#include "platform/Files.h"
 
-#include <QImageReader>
 #include <QMouseEvent>
 #include <QPainter>
-
-QSize pictureSize(const QString& path) {
-    return QImageReader(platform::files::resolve(path)).size();
-}
-
-QPixmap loadPicture(const QString& path, const QSize& size, qreal ratio) {
-    if (path.isEmpty() || size.isEmpty()) return {};
-    QImageReader reader(platform::files::resolve(path));
-    const QSize asked = reader.size();
-    if (asked.isEmpty()) return {};
-    reader.setScaledSize(asked.scaled(size * ratio, Qt::KeepAspectRatio));
-    QPixmap pixmap = QPixmap::fromImage(reader.read());
-    pixmap.setDevicePixelRatio(ratio);
-    return pixmap;
-}
 
 ToothPicture::ToothPicture(int indice, QWidget* parent)
     : QWidget(parent)

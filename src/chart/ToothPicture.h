@@ -4,12 +4,6 @@
 #include <QString>
 #include <QWidget>
 
-/// A picture file fitted into a size in logical pixels, sharp on any screen; null when there is none or it cannot be
-/// read.
-QPixmap loadPicture(const QString& path, const QSize& size, qreal ratio);
-/// The size that a picture file asks for, in logical pixels.
-QSize pictureSize(const QString& path);
-
 /// One tooth to look at and to click: the picture of a file or, without one, the shape of its kind.
 class ToothPicture : public QWidget {
     Q_OBJECT

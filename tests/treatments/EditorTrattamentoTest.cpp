@@ -1,6 +1,6 @@
 #include "treatments/frmEditTrattamento.h"
 
-#include "StudioDiProva.h"
+#include "EditorDiProva.h"
 #include "platform/Files.h"
 #include "platform/FormLayout.h"
 #include "platform/ReportGrid.h"
@@ -23,48 +23,7 @@ using namespace rigogriglia;
 
 namespace {
 
-/// The editor as a person works it, by the names of its controls.
-class Editor : public StudioDiProva {
-protected:
-    void apri(const QString& id) {
-        finestra_.reset();
-        sIDTrattamento = id;
-        finestra_ = std::make_unique<frmEditTrattamento>();
-        finestra_->show();
-        QTest::qWait(1);
-    }
-    template <class T>
-    T* trova(const QString& nome) {
-        T* trovato = finestra_->findChild<T*>(nome);
-        EXPECT_NE(trovato, nullptr) << nome.toStdString();
-        return trovato;
-    }
-    QLineEdit* dato(int indice) { return trova<QLineEdit>(arrayName("tbDati", indice)); }
-    ReportGrid* righi() { return trova<ReportGrid>(QStringLiteral("rcRighi")); }
-    QString cella(int riga, int colonna) { return righi()->rowRecord(riga)->cell(colonna).value; }
-    void premi(const QString& nome) {
-        QTest::mouseClick(trova<QPushButton>(nome), Qt::LeftButton);
-        QTest::qWait(1);
-    }
-    void conferma() { premi(QStringLiteral("cbConferma")); }
-    void scrivi(int riga, int colonna, const QString& testo) {
-        EXPECT_TRUE(righi()->enterText(riga, colonna, testo)) << riga << ' ' << colonna;
-        QTest::qWait(1);
-    }
-    void nuovoRigo(const QString& servizio, const QString& denti = {}) {
-        premi(arrayName("cbRighi", 0));
-        const int riga = righi()->rowCount() - 1;
-        scrivi(riga, SERVIZIO, servizio);
-        if (!denti.isEmpty()) scrivi(riga, DENTE, denti);
-    }
-    void scegliRiga(int riga) { righi()->setFocusedRecord(righi()->rowRecord(riga)); }
-    void tasto(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(righi()->view(), key, modifiers);
-        QTest::qWait(1);
-    }
-
-    std::unique_ptr<frmEditTrattamento> finestra_;
-};
+class Editor : public EditorDiProva {};
 
 } // namespace
 

@@ -1,0 +1,46 @@
+#include "chart/ServiceBadge.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+ServiceBadge::ServiceBadge(QWidget* parent)
+    : QLabel(parent) {
+    setCursor(Qt::PointingHandCursor);
+    hide();
+}
+
+void ServiceBadge::setService(const QString& servizio, const QString& descrizione, const QString& stato) {
+    setProperty("tag", servizio);
+    setToolTip(descrizione);
+    const QString name = descrizione.isEmpty() ? servizio : descrizione;
+    setAccessibleName(stato.isEmpty() ? name : name + QStringLiteral(", ") + stato);
+    show();
+}
+
+void ServiceBadge::free() {
+    setProperty("tag", QString());
+    setToolTip(QString());
+    setAccessibleName(QString());
+    clear();
+    hide();
+}
+
+void ServiceBadge::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && !service().isEmpty()) emit clicked(service());
+}
+
+void ServiceBadge::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter) return QLabel::keyPressEvent(event);
+    if (!service().isEmpty()) emit clicked(service());
+}
+
+void ServiceBadge::paintEvent(QPaintEvent* event) {
+    QLabel::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
+}
