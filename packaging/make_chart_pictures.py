@@ -207,7 +207,7 @@ def crown_part(form, fill="url(#e)", stroke="#8f897c"):
     warm = (f"M{points((neck_far, line))}C{points((neck_far - .4, line + 3), (far + 1.4, form.belly - 8), (far + 1, form.belly - 5))}"
             f"Q{points((MIDDLE, line + 5), (near - 1, form.belly - 5))}C{points((near - 1.4, form.belly - 8), (neck_near + .4, line + 3), (neck_near, line))}"
             f"C{points((neck_near - 3, line - 2.6), (neck_far + 3, line - 2.6), (neck_far, line))}Z")
-    tint = f'<path d="{warm}" fill="url(#n)" fill-opacity=".5"/>' if fill == "url(#e)" else ""
+    tint = f'<path d="{warm}" fill="url(#n)" fill-opacity=".36"/>' if fill == "url(#e)" else ""
     return (f'<path d="{crown(form)}" fill="{fill}"/>{tint}'
             f'<path d="{grooves(form)}" fill="none" stroke="#8f897c" stroke-opacity=".38" stroke-width=".9" stroke-linecap="round"/>'
             f'{shine(form)}<path d="{crown(form)}" fill="none" stroke="{stroke}" stroke-width=".9" stroke-linejoin="round"/>')

@@ -15,6 +15,8 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <map>
+#include <utility>
 
 using platform::form::arrayName;
 using platform::form::named;
@@ -91,6 +93,25 @@ void frmSceltaDente::buildTeeth(QWidget* panel) {
     }
     for (int quadrant = 1; quadrant <= 8; ++quadrant)
         addArrow(grid, quadrant, rowOf(quadrant), onRightOfPatient(quadrant) ? 0 : LAST_COLUMN);
+    orderByEye();
+}
+
+/// Tab goes along the rows of the mouth from left to right, not in the order of the numbers.
+void frmSceltaDente::orderByEye() {
+    std::map<std::pair<int, int>, QWidget*> places;
+    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
+        const int quadrant = QuadranteDente(indice);
+        places[{rowOf(quadrant), columnOf(quadrant, PosizioneDente(indice))}] =
+            cbTooth_[static_cast<std::size_t>(indice)];
+    }
+    for (int quadrant = 1; quadrant <= 8; ++quadrant)
+        places[{rowOf(quadrant), onRightOfPatient(quadrant) ? 0 : LAST_COLUMN}] =
+            arrow_[static_cast<std::size_t>(quadrant - 1)];
+    QWidget* previous = nullptr;
+    for (const auto& [place, widget] : places) {
+        if (previous) setTabOrder(previous, widget);
+        previous = widget;
+    }
 }
 
 void frmSceltaDente::addTooth(QGridLayout* grid, int indice, int row, int column) {

@@ -34,6 +34,7 @@ private:
     void buildTeeth(QWidget* panel);
     void addTooth(QGridLayout* grid, int indice, int row, int column);
     void addArrow(QGridLayout* grid, int quadrant, int row, int column);
+    void orderByEye();
     void buildButtons();
     void colourLabel(int indice);
     void chooseQuadrant(int quadrant);

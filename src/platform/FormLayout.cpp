@@ -62,7 +62,9 @@ QLabel* heading(const QString& name, const QString& text, QWidget* parent) {
 QLabel* labelledRow(QGridLayout* grid, int row, int column, const QString& caption, QWidget* control, int span) {
     auto* label = new QLabel(caption, grid->parentWidget());
     label->setBuddy(control);
-    if (control->accessibleName().isEmpty()) control->setAccessibleName(spokenName(caption));
+    // A box of several controls hands the keyboard on to one of them, which is then the one that is spoken of.
+    for (QWidget* spoken : {control, control->focusProxy()})
+        if (spoken && spoken->accessibleName().isEmpty()) spoken->setAccessibleName(spokenName(caption));
     const Qt::Alignment height = growsDown(control) ? Qt::AlignTop : Qt::AlignVCenter;
     // As much room above as the frame of the control takes, so that caption and first line stand level.
     if (height == Qt::AlignTop) label->setContentsMargins(0, 5, 0, 0);

@@ -26,10 +26,14 @@ void frmEditRigoTrattamento::costruisciCampi() {
     tbDati_[ASSISTENTE]->setReadOnly(true);
     const std::array<QString, 4> nomi{QStringLiteral("cbFndArt"), QStringLiteral("cbFndOperatore"),
                                       QStringLiteral("cbFndAssistente"), QStringLiteral("cbFndDente")};
+    const std::array<QString, 4> scopi{QStringLiteral("Cerca il servizio"), QStringLiteral("Scegli l'operatore"),
+                                       QStringLiteral("Scegli l'assistente"), QStringLiteral("Scegli i denti")};
     for (std::size_t i = 0; i < cerca_.size(); ++i) {
         cerca_[i] = button(nomi[i], QStringLiteral("..."), this);
         cerca_[i]->setAutoDefault(false);
         cerca_[i]->setFixedWidth(34);
+        cerca_[i]->setToolTip(scopi[i]);
+        cerca_[i]->setAccessibleName(scopi[i]);
     }
     for (std::size_t i = 0; i < tbTotali_.size(); ++i) {
         tbTotali_[i] = textBox(arrayName("tbTotali", static_cast<int>(i)), this);

@@ -60,9 +60,9 @@ void frmEditTrattamento::costruisci() {
     collegamenti_ = new CollegamentiTrattamento(this);
     testata_ = new TestataTrattamento(collegamenti_->annotazioni(), this);
     denti_ = new PannelloDenti(this);
+    schede_ = form::named(new QTabWidget(this), QStringLiteral("tcDettaglio")); // before its pages, for Tab to come by
     righe_ = new RigheTrattamento(this);
     totali_ = new TotaliTrattamento(this);
-    schede_ = form::named(new QTabWidget(this), QStringLiteral("tcDettaglio"));
     schede_->addTab(righe_, QStringLiteral("Dettaglio Lavori e Servizi"));
     collegamenti_->aggiungiPagine(*schede_);
 

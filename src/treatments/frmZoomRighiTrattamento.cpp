@@ -83,7 +83,7 @@ void frmZoomRighiTrattamento::showEvent(QShowEvent* event) {
     // Over the lower part of the editor, so that the chart above it stays in view.
     if (const QWidget* sotto = parentWidget() ? parentWidget()->window() : nullptr) {
         const QRect schermo = screen()->availableGeometry();
-        resize(size().boundedTo(schermo.size()));
+        resize(size().boundedTo(schermo.size().expandedTo(sotto->size())));
         const int x = sotto->frameGeometry().center().x() - width() / 2;
         const int y = std::min(sotto->frameGeometry().bottom(), schermo.bottom()) - height();
         move(std::max(x, schermo.left()), std::max(y, schermo.top()));

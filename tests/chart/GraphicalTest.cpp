@@ -1,7 +1,9 @@
 #include "chart/GraphicFile.h"
+#include "chart/PictureFiles.h"
 #include "chart/modDenti.h"
 #include "platform/XmlDocument.h"
 
+#include <QSet>
 #include <gtest/gtest.h>
 
 namespace {
@@ -120,13 +122,14 @@ TEST(GraphicalTemplate, NamesPicturesThatAreThere) {
     }
     platform::XmlDocument document;
     ASSERT_TRUE(document.loadFile(u8(CORVALA_DATA_DIR "/Graphical.xml")));
-    for (const auto& node : document.select("//trattamento")) {
-        for (const char* attribute : {"image", "eyeImage", "redImage", "yellowImage", "greenImage"}) {
-            QString image = node.attribute(attribute, QString());
-            if (image.isEmpty()) continue;
-            image.replace(u8("[app.path]"), sAppPath);
-            EXPECT_TRUE(platform::files::exists(image)) << image.toStdString();
-        }
+    QSet<QString> named;
+    for (const auto& node : document.select("//*[@image or @redImage]")) {
+        for (const char* attribute : {"image", "eyeImage", "redImage", "yellowImage", "greenImage"})
+            named.insert(node.attribute(attribute, QString()).replace(u8("[app.path]"), sAppPath));
     }
+    named.remove(QString());
+    EXPECT_GT(named.size(), 500);
+    for (const QString& image : named) // each is a picture, not only a file
+        EXPECT_FALSE(loadPicture(image, QSize(40, 84), 1).isNull()) << image.toStdString();
     sAppPath = previous;
 }
