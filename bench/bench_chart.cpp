@@ -1,0 +1,187 @@
+#include "Measures.h"
+#include "PlanSample.h"
+
+#include "chart/ComposizioneDenti.h"
+#include "chart/EvidencePanel.h"
+#include "chart/ToothChart.h"
+#include "chart/clsGraphical.h"
+#include "desk/shell/Desk.h"
+#include "desk/shell/DeskApplication.h"
+#include "desk/shell/MessageFilter.h"
+#include "desk/shell/Options.h"
+#include "host/context.h"
+#include "host/contract/Host.h"
+#include "module/Plugin.h"
+#include "platform/ReportGrid.h"
+#include "treatments/clsTrattamenti.h"
+#include "treatments/frmEditTrattamento.h"
+
+#include <QHBoxLayout>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <utility>
+
+// What the dentist waits for at the chart: the picture after a change of one row, against drawing all of it anew;
+// composition by number of rows; a stored plan from its record to a painted window; a frame of a long list.
+
+namespace {
+
+constexpr int ROWS = 60;
+constexpr int ENDLESS_PLAN = 2000;
+constexpr int LONG_LIST = 10'000;
+constexpr double MILLISECOND = 1e6;
+constexpr QSize SCREEN(1920, 1080);
+
+QList<RigoGrafico> rows(int count) {
+    static const QStringList services{QStringLiteral("CORONA"), QStringLiteral("OTTURAZ"), QStringLiteral("DEVITAL"),
+                                      QStringLiteral("IMPIANTO"), QStringLiteral("IGIENE")};
+    QList<RigoGrafico> rows;
+    for (int row = 0; row < count; ++row) {
+        const bool started = row % 3 > 0;
+        rows.append({DenteDaIndice(row % 32), QString(), services[row % services.size()], QStringLiteral("Lavoro"),
+                     started ? QStringLiteral("01/03/2025") : QString(),
+                     row % 3 > 1 ? QStringLiteral("09/03/2025") : QString()});
+    }
+    return rows;
+}
+
+/// The chart with what stands beside it, as large as the editor has it on a full screen.
+struct Chart {
+    QWidget window;
+    ToothChart* teeth = new ToothChart;
+    EvidencePanel* evidence = new EvidencePanel;
+
+    Chart() {
+        auto* row = new QHBoxLayout(&window);
+        row->addWidget(teeth, 1);
+        row->addWidget(evidence);
+        window.resize(SCREEN);
+        window.show();
+        QCoreApplication::processEvents();
+    }
+};
+
+void changeOfARow(benchmark::State& state) {
+    Chart chart;
+    ComposizioneDenti composition(*oGraphical);
+    composition.composeTeeth(QStringLiteral("3:2:dolente;20:9:"));
+    QList<RigoGrafico> plan = rows(ROWS);
+    bool open = false;
+    for (auto _ : state) {
+        open = !open;
+        plan[30].fine = open ? QString() : QStringLiteral("09/03/2025");
+        plan[30].servizio = open ? QStringLiteral("CORONA") : QStringLiteral("OTTURAZ");
+        composition.composeServices(plan);
+        composition.composeMarks(plan);
+        chart.teeth->setComposition(composition);
+        chart.evidence->setComposition(composition);
+        QCoreApplication::processEvents();
+    }
+}
+
+/// All of the chart anew, as when the window comes up from behind another.
+void wholeChart(benchmark::State& state) {
+    Chart chart;
+    ComposizioneDenti composition(*oGraphical);
+    composition.composeTeeth(QString());
+    composition.composeServices(rows(ROWS));
+    composition.composeMarks(rows(ROWS));
+    chart.teeth->setComposition(composition);
+    for (auto _ : state)
+        chart.window.repaint();
+}
+
+void composition(benchmark::State& state) {
+    ComposizioneDenti composition(*oGraphical);
+    const QList<RigoGrafico> plan = rows(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        composition.composeServices(plan);
+        composition.composeMarks(plan);
+    }
+}
+
+void openPlan(benchmark::State& state, const QString& id) {
+    for (auto _ : state) {
+        sIDTrattamento = id;
+        frmEditTrattamento editor;
+        editor.resize(SCREEN);
+        editor.show();
+        QCoreApplication::processEvents();
+        editor.close();
+    }
+}
+
+void scrollList(benchmark::State& state) {
+    platform::ReportGrid grid;
+    for (int column = 0; column < 6; ++column)
+        grid.addColumn({QStringLiteral("Colonna %1").arg(column), 200});
+    grid.beginUpdate();
+    for (int row = 0; row < LONG_LIST; ++row) {
+        platform::ReportRecord* record = grid.addRecord();
+        for (int column = 0; column < 6; ++column)
+            record->cell(column).value = QStringLiteral("2025-%1 Rossi Maria").arg(row, 4, 10, QLatin1Char('0'));
+    }
+    grid.endUpdate();
+    grid.resize(SCREEN);
+    grid.show();
+    QCoreApplication::processEvents();
+    QAbstractItemView* view = grid.view();
+    int row = 0;
+    for (auto _ : state) {
+        row = (row + 37) % LONG_LIST;
+        view->scrollTo(view->model()->index(row, 0), QAbstractItemView::PositionAtTop);
+        QCoreApplication::processEvents();
+        view->viewport()->repaint();
+    }
+}
+
+QString storedPlan(int rows) {
+    clsItemTrattamento plan = planSample(rows, rows);
+    oTrattamenti->Salva(plan);
+    return plan.ID;
+}
+
+void printLimit(const Measures& measures, const char* what, const char* name, double limit) {
+    std::printf("%-44s %7.2f ms, limit %.0f\n", what, measures.best(name) / MILLISECOND, limit);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    desk::installMessageFilter();
+    desk::DeskApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    const QTemporaryDir folder;
+    desk::Options options;
+    options.databaseUrl = QStringLiteral("sqlite:") + folder.filePath(QStringLiteral("studio.db"));
+    options.configDir = folder.filePath(QStringLiteral("profilo"));
+    options.demo = true;
+    sAppPath = QStringLiteral(CORVALA_APP_DIR);
+    const auto desk = desk::Desk::open(options);
+    if (!desk->attachModule(std::make_unique<Plugin>())) return 1;
+    if (!desk->openPatientByTaxCode(QStringLiteral("RSSMRA80A01H501U"))) return 1;
+    const QString usual = storedPlan(ROWS);
+    const QString endless = storedPlan(ENDLESS_PLAN);
+
+    BENCHMARK(wholeChart)->Unit(benchmark::kMillisecond);
+    BENCHMARK(changeOfARow)->Unit(benchmark::kMillisecond);
+    BENCHMARK(composition)->Arg(10)->Arg(60)->Arg(600)->Unit(benchmark::kMillisecond);
+    const std::pair<const char*, QString> plans[] = {{"openPlan", usual}, {"openEndless", endless}};
+    for (const auto& [name, id] : plans) {
+        const auto open = [id = id](benchmark::State& state) { openPlan(state, id); };
+        benchmark::RegisterBenchmark(name, open)->Unit(benchmark::kMillisecond);
+    }
+    BENCHMARK(scrollList)->Unit(benchmark::kMillisecond);
+    Measures measures;
+    benchmark::RunSpecifiedBenchmarks(&measures);
+    std::printf("\n");
+    measures.printRatio("change of one row, against the whole chart", "changeOfARow", "wholeChart", 0.5);
+    measures.printRatio("composition of 600 rows against 60", "composition/600", "composition/60", 12);
+    printLimit(measures, "chart after a change of one row", "changeOfARow", 8);
+    printLimit(measures, "stored plan of 60 rows to a painted window", "openPlan", 120);
+    printLimit(measures, "the same with 2,000 rows", "openEndless", 1000);
+    printLimit(measures, "frame of a list of 10,000 rows", "scrollList", 16);
+    return 0;
+}
