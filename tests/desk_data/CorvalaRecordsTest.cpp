@@ -202,3 +202,33 @@ TEST_F(CorvalaRecordsTest, AnInnerFailureUndoesTheOuterTransaction) {
     addPatient(QStringLiteral("Verdi"), QStringLiteral("Anna"));
     EXPECT_FALSE(database_->isEmpty());
 }
+
+TEST_F(CorvalaRecordsTest, TheListShowsWhatAnyWorkstationWroteOrTookBack) {
+    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
+    const auto numbers = [&] {
+        QStringList found;
+        for (const host::RigaCorvala& row : patient->corvala().Lista())
+            found << row.idrif1;
+        return found;
+    };
+    QString id;
+    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    EXPECT_EQ(numbers(), QStringList{QStringLiteral("2025-0001")});
+    {
+        const auto workstation = reopened();
+        desk::PatientRecord same(*workstation, sign_);
+        ASSERT_TRUE(same.Init(patient->ID()));
+        QString theirs;
+        ASSERT_TRUE(same.corvala().Salva(theirs, plan(QStringLiteral("2025-0002"))));
+        EXPECT_EQ(numbers(), (QStringList{QStringLiteral("2025-0001"), QStringLiteral("2025-0002")}));
+        ASSERT_TRUE(same.corvala().Elimina(theirs));
+    }
+    EXPECT_EQ(numbers().size(), 1);
+    {
+        const desk::Transaction takenBack(*database_);
+        QString never;
+        ASSERT_TRUE(patient->corvala().Salva(never, plan(QStringLiteral("2025-0003"))));
+        EXPECT_EQ(numbers().size(), 2);
+    }
+    EXPECT_EQ(numbers(), QStringList{QStringLiteral("2025-0001")});
+}
