@@ -1,4 +1,5 @@
 #include "desk/data/DatabaseError.h"
+#include "desk/people/SignInWindow.h"
 #include "desk/scenario/DeskScenario.h"
 #include "desk/shell/Desk.h"
 #include "desk/shell/DeskApplication.h"
@@ -51,11 +52,18 @@ void tellUser(const QString& text, const desk::Options& options) {
     platform::dialogs().message(text, platform::MB_CRITICAL, QStringLiteral("Tessara 5000"));
 }
 
-int runDesk(const desk::Options& options) {
-    const std::unique_ptr<desk::Desk> desk = desk::Desk::open(options);
+std::unique_ptr<desk::Desk> openDesk(const desk::Options& options) {
+    std::unique_ptr<desk::Desk> desk = desk::Desk::open(options);
     desk->loadModule(QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(MODULE_FILE));
     desk->window()->show();
-    if (!options.scenarioFile.isEmpty()) return desk::runScenario(*desk, options.scenarioFile, options.outDir);
+    return desk;
+}
+
+int runDesk(desk::Options options) {
+    if (!options.scenarioFile.isEmpty())
+        return desk::runScenario([&options] { return openDesk(options); }, options.scenarioFile, options.outDir);
+    options.asksWhoSignsIn = QGuiApplication::platformName() != QLatin1String("offscreen");
+    const std::unique_ptr<desk::Desk> desk = openDesk(options);
     return QCoreApplication::exec();
 }
 
@@ -92,6 +100,8 @@ int main(int argc, char** argv) {
     platform::installDialogs(&dialogs);
     try {
         return runDesk(options);
+    } catch (const desk::SignInCancelled&) {
+        return options.scenarioFile.isEmpty() ? 0 : EXIT_FAILED;
     } catch (const desk::DatabaseError& error) {
         tellUser(error.text(), options);
     } catch (const desk::OptionError& error) {

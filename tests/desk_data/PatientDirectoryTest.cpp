@@ -58,6 +58,43 @@ TEST_F(PatientDirectoryTest, AwkwardNamesRoundTripAndAreFound) {
     EXPECT_EQ(surnames(QStringLiteral("neri ugo")), QStringList{QStringLiteral("Neri")}) << "put in by another program";
 }
 
+TEST_F(PatientDirectoryTest, CountsWhatTheLimitLeavesOut) {
+    for (int i = 0; i < desk::PatientDirectory::searchLimit + 3; ++i)
+        addPatient(QStringLiteral("D'Amico %1").arg(i, 3, 10, QLatin1Char('0')), QStringLiteral("Zoe"),
+                   QStringLiteral("TST%1").arg(i, 3, 10, QLatin1Char('0')));
+    const auto found = directory_.search(QStringLiteral("amico"));
+    ASSERT_EQ(found.size(), desk::PatientDirectory::searchLimit);
+    EXPECT_EQ(found.first().Cognome, QStringLiteral("D'Amico 000")) << "the first by name";
+    EXPECT_EQ(directory_.countMatches(QStringLiteral("amico")), desk::PatientDirectory::searchLimit + 3);
+    EXPECT_EQ(directory_.countMatches(QStringLiteral("00"), desk::PatientDirectory::Column::TaxCode), 12);
+    EXPECT_EQ(directory_.countMatches(QStringLiteral("' or 1=1 --")), 0);
+}
+
+TEST_F(PatientDirectoryTest, ComparesNoFewerWordsThanWereTyped) {
+    const QString ten = QStringLiteral("uno due tre quattro cinque sei sette otto nove dieci");
+    addPatient(ten, QStringLiteral("Zoe"));
+    EXPECT_EQ(surnames(ten).size(), 1);
+    EXPECT_EQ(surnames(ten + QStringLiteral(" undici")).size(), 0);
+}
+
+TEST_F(PatientDirectoryTest, FindsNamesakesBornOnTheSameDay) {
+    desk::PatientData patient;
+    patient.Cognome = QStringLiteral("D’Angelo");
+    patient.Nome = QStringLiteral("Nicolò");
+    patient.dataNascita = QDate(1980, 5, 1);
+    ASSERT_TRUE(directory_.insert(patient));
+    EXPECT_EQ(directory_.idByNameAndBirth(patient), QString()) << "not of itself";
+    desk::PatientData other = patient;
+    other.ID.clear();
+    other.Cognome = QStringLiteral("d'angelo");
+    other.Nome = QStringLiteral("NICOLO");
+    EXPECT_EQ(directory_.idByNameAndBirth(other), patient.ID);
+    other.dataNascita = QDate(1980, 5, 2);
+    EXPECT_EQ(directory_.idByNameAndBirth(other), QString());
+    other.dataNascita = QDate();
+    EXPECT_EQ(directory_.idByNameAndBirth(other), QString());
+}
+
 TEST_F(PatientDirectoryTest, KeepsEveryFieldThroughInsertAndUpdate) {
     desk::UserData doctor{
         {}, QStringLiteral("BN"), QStringLiteral("Bianchi"), QStringLiteral("Laura"), QStringLiteral("X"),
@@ -66,8 +103,10 @@ TEST_F(PatientDirectoryTest, KeepsEveryFieldThroughInsertAndUpdate) {
     desk::PatientData patient;
     int n = 0;
     const auto fields = [](desk::PatientData& p) {
-        return QList<QString*>{&p.Cognome, &p.Nome,  &p.codicefiscale, &p.luogoNascita, &p.sesso, &p.indirizzo,
-                               &p.cap,     &p.citta, &p.provincia,     &p.telefono,     &p.email, &p.note};
+        return QList<QString*>{
+            &p.Cognome,   &p.Nome,         &p.codicefiscale,  &p.luogoNascita,       &p.sesso,    &p.indirizzo,
+            &p.cap,       &p.citta,        &p.provincia,      &p.telefono,           &p.email,    &p.note,
+            &p.domicilio, &p.capDomicilio, &p.cittaDomicilio, &p.provinciaDomicilio, &p.cellulare};
     };
     for (QString* field : fields(patient))
         *field = QStringLiteral("F%1").arg(++n);

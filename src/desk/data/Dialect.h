@@ -28,9 +28,8 @@ public:
     /// A statement that begins with "{sqlite}" is for that system alone; for another one nothing is left of it.
     virtual QString expand(const QString& sql, const QString& schema) const = 0;
     virtual QString beginWriting() const = 0; ///< Statement that starts a transaction which is going to write.
-    virtual QString tables(const QString& schema) const = 0; ///< A query for the names of all tables.
-    /// Condition that `column` fits the bound pattern, case ignored; "\" takes the meaning off "%" and "_".
-    virtual QString matches(const QString& column) const = 0;
+    virtual QString tables(const QString& schema) const = 0;   ///< A query for the names of all tables.
+    virtual QString contains(const QString& column) const = 0; ///< That the bound text occurs in it, letter by letter.
     /// A number that changes when another connection has written; nothing when the system cannot
     /// tell.
     virtual std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const = 0;

@@ -18,7 +18,12 @@ struct PatientData {
     QString cap;
     QString citta;
     QString provincia;
+    QString domicilio; ///< Where the patient lives, if elsewhere: street and number.
+    QString capDomicilio;
+    QString cittaDomicilio;
+    QString provinciaDomicilio;
     QString telefono;
+    QString cellulare;
     QString email;
     QString idMedico;
     QString note;

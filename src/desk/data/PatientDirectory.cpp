@@ -5,7 +5,6 @@
 #include "desk/data/Transaction.h"
 #include "platform/Clock.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 
 namespace desk {
@@ -14,15 +13,10 @@ namespace {
 
 constexpr int wordLimit = 8;
 
-// Patients that another program put in have no key of ours yet.
-QString searchKey() {
-    return QStringLiteral("coalesce(p.ricerca, lower(p.Cognome || ' ' || p.Nome))");
-}
-
 QString columns() {
     return QStringLiteral(
         "Cognome, Nome, codicefiscale, datanascita, luogonascita, sesso, indirizzo, cap, citta, provincia, "
-        "telefono, email, idmedico, note");
+        "domicilio, capdomicilio, cittadomicilio, provinciadomicilio, telefono, cellulare, email, idmedico, note");
 }
 
 // Text as it is compared: no case, no accents, one kind of apostrophe.
@@ -34,11 +28,37 @@ QString folded(const QString& text) {
     return plain.simplified();
 }
 
-QString containing(const QString& word) {
-    static const QRegularExpression special(QStringLiteral("([\\\\%_])"));
-    QString escaped = word;
-    escaped.replace(special, QStringLiteral("\\\\1"));
-    return QLatin1Char('%') + escaped + QLatin1Char('%');
+QString keyOf(const QString& surname, const QString& name) {
+    return folded(surname + QLatin1Char(' ') + name);
+}
+
+/// The pieces that must occur, each by itself; beyond the limit the rest is one piece.
+QStringList piecesOf(const QString& text, PatientDirectory::Column column) {
+    const QString plain = folded(text);
+    QStringList words = (column == PatientDirectory::Column::TaxCode ? plain.toUpper() : plain)
+                            .split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (words.size() <= wordLimit) return words;
+    const QString rest = words.mid(wordLimit - 1).join(QLatin1Char(' '));
+    words = words.mid(0, wordLimit - 1);
+    return words << rest;
+}
+
+/// The search as a condition that the index alone can judge: its text, and the values to bind.
+struct Condition {
+    QString sql;
+    QVariantList values;
+};
+
+Condition conditionFor(const Dialect& dialect, const QString& text, PatientDirectory::Column column) {
+    const QString searched = column == PatientDirectory::Column::TaxCode ? QStringLiteral("upper(codicefiscale)")
+                                                                         : QStringLiteral("ricerca");
+    Condition condition;
+    for (const QString& piece : piecesOf(text, column)) {
+        condition.sql += condition.values.isEmpty() ? QStringLiteral(" where ") : QStringLiteral(" and ");
+        condition.sql += dialect.contains(searched);
+        condition.values << piece;
+    }
+    return condition;
 }
 
 QVariant orNull(const QString& text) {
@@ -61,11 +81,16 @@ QVariantList valuesOf(const PatientData& p, const QString& sign) {
             p.cap,
             p.citta,
             p.provincia,
+            p.domicilio,
+            p.capDomicilio,
+            p.cittaDomicilio,
+            p.provinciaDomicilio,
             p.telefono,
+            p.cellulare,
             p.email,
             orNull(p.idMedico),
             p.note,
-            folded(p.Cognome + QLatin1Char(' ') + p.Nome),
+            keyOf(p.Cognome, p.Nome),
             sign,
             now,
             now,
@@ -81,19 +106,17 @@ PatientDirectory::Column PatientDirectory::columnFromName(const QString& name) {
 
 QList<PatientSummary> PatientDirectory::search(const QString& text, Column column) {
     database_.noticeOthers();
-    const QString searched = column == Column::TaxCode ? QStringLiteral("p.codicefiscale") : searchKey();
-    QString condition;
-    QVariantList values;
-    for (const QString& word : folded(text).split(QLatin1Char(' '), Qt::SkipEmptyParts).mid(0, wordLimit)) {
-        condition += (values.isEmpty() ? QStringLiteral(" where ") : QStringLiteral(" and ")) +
-                     database_.dialect().matches(searched);
-        values << containing(word);
-    }
+    giveKeys();
+    const Condition condition = conditionFor(database_.dialect(), text, column);
+    // The index tells who is found; only those are then looked at.
     Query query = database_.run(
         QStringLiteral("select p.ID, p.Cognome, p.Nome, p.codicefiscale, p.datanascita, u.Cognome, u.Nome "
-                       "from {schema}.tblPazienti p left join {schema}.tblUtenti u on u.ID = p.idmedico") +
-            condition + QStringLiteral(" order by ") + searchKey() + QStringLiteral(", p.ID limit %1").arg(searchLimit),
-        values);
+                       "from (select ID from {schema}.tblPazienti%1 order by ricerca, ID limit %2) f "
+                       "join {schema}.tblPazienti p on p.ID = f.ID "
+                       "left join {schema}.tblUtenti u on u.ID = p.idmedico order by p.ricerca, p.ID")
+            .arg(condition.sql)
+            .arg(searchLimit),
+        condition.values);
     QList<PatientSummary> found;
     while (query.next()) {
         found << PatientSummary{query.text(0), query.text(1),
@@ -103,11 +126,45 @@ QList<PatientSummary> PatientDirectory::search(const QString& text, Column colum
     return found;
 }
 
+int PatientDirectory::countMatches(const QString& text, Column column) {
+    const Condition condition = conditionFor(database_.dialect(), text, column);
+    Query query =
+        database_.run(QStringLiteral("select count(*) from {schema}.tblPazienti") + condition.sql, condition.values);
+    return query.next() ? query.number(0) : 0;
+}
+
+// Patients that another program put in have no key of ours yet.
+void PatientDirectory::giveKeys() {
+    QList<QVariantList> keys;
+    {
+        Query query =
+            database_.run(QStringLiteral("select Cognome, Nome, ID from {schema}.tblPazienti where ricerca is null"));
+        while (query.next())
+            keys << QVariantList{keyOf(query.text(0), query.text(1)), query.text(2)};
+    }
+    if (keys.isEmpty()) return;
+    Transaction transaction(database_);
+    for (const QVariantList& key : std::as_const(keys))
+        database_.run(QStringLiteral("update {schema}.tblPazienti set ricerca = ? where ID = ?"), key);
+    transaction.commit();
+}
+
 QString PatientDirectory::idByTaxCode(const QString& taxCode) {
     Query query = database_.run(
         QStringLiteral("select ID from {schema}.tblPazienti where codicefiscale = ? order by Cognome, Nome, ID"),
         {taxCodeForm(taxCode)});
     return query.next() ? query.text(0) : QString();
+}
+
+QString PatientDirectory::idByNameAndBirth(const PatientData& patient) {
+    if (!patient.dataNascita.isValid()) return {};
+    Query query =
+        database_.run(QStringLiteral("select ID from {schema}.tblPazienti where ricerca = ? and datanascita = ?"),
+                      {keyOf(patient.Cognome, patient.Nome), storedDate(patient.dataNascita)});
+    while (query.next()) {
+        if (query.text(0) != patient.ID) return query.text(0);
+    }
+    return {};
 }
 
 std::optional<PatientData> PatientDirectory::load(const QString& id) {
@@ -126,10 +183,15 @@ std::optional<PatientData> PatientDirectory::load(const QString& id) {
     p.cap = query.text(8);
     p.citta = query.text(9);
     p.provincia = query.text(10);
-    p.telefono = query.text(11);
-    p.email = query.text(12);
-    p.idMedico = query.text(13);
-    p.note = query.text(14);
+    p.domicilio = query.text(11);
+    p.capDomicilio = query.text(12);
+    p.cittaDomicilio = query.text(13);
+    p.provinciaDomicilio = query.text(14);
+    p.telefono = query.text(15);
+    p.cellulare = query.text(16);
+    p.email = query.text(17);
+    p.idMedico = query.text(18);
+    p.note = query.text(19);
     return p;
 }
 
@@ -140,7 +202,8 @@ bool PatientDirectory::insert(PatientData& patient) {
         Transaction transaction(database_);
         database_.run(QStringLiteral("insert into {schema}.tblPazienti (") + columns() +
                           QStringLiteral(", ricerca, ModificatoDa, DataModifica, LastUpdate, ID) "
-                                         "values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                                         "values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
+                                         "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
                       valuesOf(added, sign_));
         transaction.commit();
     } catch (const DatabaseError&) {

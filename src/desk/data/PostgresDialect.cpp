@@ -89,8 +89,8 @@ QString PostgresDialect::tables(const QString& schema) const {
     return QStringLiteral("select table_name from information_schema.tables where table_schema='%1'").arg(schema);
 }
 
-QString PostgresDialect::matches(const QString& column) const {
-    return QStringLiteral("%1 ilike ? escape '\\'").arg(column);
+QString PostgresDialect::contains(const QString& column) const {
+    return QStringLiteral("strpos(%1, ?) > 0").arg(column);
 }
 
 // No cheap sign of other workstations' writes: whoever asks must assume them.

@@ -23,7 +23,7 @@ QString SignedInUser::TempDir() const {
 }
 
 QString SignedInUser::sign() const {
-    return (user_.Cognome + QLatin1Char(' ') + user_.Nome).trimmed();
+    return user_.nomeCompleto();
 }
 
 } // namespace desk

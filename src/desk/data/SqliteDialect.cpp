@@ -137,8 +137,8 @@ QString SqliteDialect::tables(const QString& schema) const {
         .arg(schema);
 }
 
-QString SqliteDialect::matches(const QString& column) const {
-    return QStringLiteral("%1 like ? escape '\\'").arg(column);
+QString SqliteDialect::contains(const QString& column) const {
+    return QStringLiteral("instr(%1, ?) > 0").arg(column);
 }
 
 std::optional<qint64> SqliteDialect::foreignWrites(QSqlDatabase& connection, const QString& schema) const {

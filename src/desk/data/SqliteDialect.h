@@ -14,7 +14,7 @@ public:
     QString expand(const QString& sql, const QString& schema) const override;
     QString beginWriting() const override { return QStringLiteral("begin immediate"); }
     QString tables(const QString& schema) const override;
-    QString matches(const QString& column) const override;
+    QString contains(const QString& column) const override;
     std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const override;
     QString explain(const QSqlError& error) const override;
     bool endsConnection(const QSqlError&) const override { return false; }

@@ -11,8 +11,12 @@ struct UserData {
     QString Cognome;
     QString Nome;
     QString codicefiscale;
-    int tipo = 0;           ///< 0 a doctor, 3 an assistant.
-    QString codiceAttivita; ///< Two letters; "OD" dentistry.
+    int tipo = 0;             ///< 0 a doctor, 3 an assistant.
+    QString codiceAttivita;   ///< Two letters; "OD" dentistry.
+    bool attivo = true;       ///< One who left stays for the sake of the records, but signs in no more.
+    bool conPassword = false; ///< Read only: whether a password is asked at sign-in.
+
+    QString nomeCompleto() const { return (Cognome + QLatin1Char(' ') + Nome).trimmed(); }
 };
 
 } // namespace desk

@@ -16,26 +16,37 @@ namespace desk {
 
 class PatientDirectory;
 
-/// The personal data of a patient, "frmPaziente", new or known. Accepted only when the data could be saved; what is
-/// wrong with them is told in a message box. Borrows the directory.
+/// The personal data of a patient, "frmPaziente", new or known. Accepted only when the data could be saved. What cannot
+/// be is refused in a message box, what is merely doubtful is asked about; either way the window keeps what was typed.
+/// Borrows the directory.
 class PatientEditor : public QDialog {
     Q_OBJECT
 
 public:
-    PatientEditor(PatientDirectory& patients, const QList<UserData>& doctors, QWidget* parent = nullptr);
+    PatientEditor(PatientDirectory& patients, const QList<UserData>& users, QWidget* parent = nullptr);
 
     void fill(const PatientData& patient); ///< Without `ID` it is a new patient.
     const PatientData& patient() const { return patient_; }
 
 private:
-    static constexpr std::size_t TEXTS = 10;
+    static constexpr std::size_t TEXTS = 15;
 
+    void buildPerson(QGridLayout& grid);
+    void buildAddresses(QGridLayout& grid);
+    void buildContacts(QGridLayout& grid);
     void addText(QGridLayout& grid, int row, int column, std::size_t text, int span = 1);
+    void setTabs(const QList<QWidget*>& last);
+    void fillDoctors(const QString& idDoctor);
+    void readTaxCode();
     PatientData fromFields() const;
     QString whatIsWrong(const PatientData& patient); ///< Empty when nothing is; the field at fault gets the focus.
+    QString whatIsWrongWithTaxCode(const PatientData& patient);
+    QString doubtAbout(const PatientData& patient); ///< A question; empty without doubts.
+    QString refuse(QWidget* field, const QString& why);
     void save();
 
     PatientDirectory& patients_;
+    QList<UserData> users_;
     PatientData patient_;
     std::array<QLineEdit*, TEXTS> texts_{};
     QLineEdit* birth_ = nullptr;

@@ -1,7 +1,7 @@
 #include "desk/people/PatientSearch.h"
 
-#include "desk/data/PatientDirectory.h"
 #include "desk/data/Guarded.h"
+#include "desk/data/PatientDirectory.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
 #include "platform/Regional.h"
@@ -100,9 +100,14 @@ void PatientSearch::start(const QString& value, const QString& column) {
 }
 
 void PatientSearch::search() {
+    const PatientDirectory::Column column = PatientDirectory::columnFromName(column_->currentText());
     QList<PatientSummary> found;
-    const QString why = guarded(
-        [&] { found = patients_.search(text_->text(), PatientDirectory::columnFromName(column_->currentText())); });
+    qsizetype more = 0;
+    const QString why = guarded([&] {
+        found = patients_.search(text_->text(), column);
+        if (found.size() >= PatientDirectory::searchLimit)
+            more = patients_.countMatches(text_->text(), column) - found.size();
+    });
     grid_->beginUpdate();
     grid_->clear();
     for (const PatientSummary& patient : std::as_const(found)) {
@@ -118,8 +123,8 @@ void PatientSearch::search() {
     open_->setEnabled(!found.isEmpty());
     QString summary = found.size() == 1 ? QStringLiteral("1 paziente trovato")
                                         : QStringLiteral("%1 pazienti trovati").arg(found.size());
-    if (found.size() >= PatientDirectory::searchLimit)
-        summary = QStringLiteral("Primi %1 pazienti: precisare la ricerca").arg(found.size());
+    if (more > 0)
+        summary = QStringLiteral("Primi %1 pazienti, altri %L2: precisare la ricerca").arg(found.size()).arg(more);
     count_->setText(why.isEmpty() ? summary : why);
 }
 

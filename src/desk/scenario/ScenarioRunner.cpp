@@ -174,6 +174,12 @@ void ScenarioRunner::fail(int line, const QString& what) {
     sinceProgress_.start();
 }
 
+void ScenarioRunner::giveUp(const QString& what) {
+    if (failure_.isEmpty()) failure_ = what;
+    over_ = true;
+    sinceProgress_.start();
+}
+
 void ScenarioRunner::unwind() {
     dialogs_.fallSilent();
     if (hasElapsed(sinceProgress_, LONGEST_UNWINDING)) {

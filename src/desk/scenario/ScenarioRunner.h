@@ -37,6 +37,7 @@ public:
     ~ScenarioRunner() override;
 
     int run(); ///< 0 when every line succeeded, else 1.
+    void giveUp(const QString& what); ///< Ends the run as failed; the caller tells why.
     int stepsDone() const { return stepsDone_; }
     const QString& failure() const { return failure_; } ///< "FILE:LINE: what failed"; empty on success.
 

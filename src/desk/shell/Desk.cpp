@@ -1,7 +1,7 @@
 #include "desk/shell/Desk.h"
 
-#include "desk/shell/DeskParts.h"
 #include "desk/data/Guarded.h"
+#include "desk/shell/DeskParts.h"
 #include "desk/shell/Options.h"
 #include "host/contract/PluginInterface.h"
 #include "platform/SpecialFolders.h"
@@ -36,7 +36,10 @@ Desk::~Desk() = default;
 std::unique_ptr<Desk> Desk::open(const Options& options) {
     embedPictures();
     useConfigFolder(options.configDir);
-    return std::unique_ptr<Desk>(new Desk(std::make_unique<Parts>(Practice::open(options))));
+    auto parts = std::make_unique<Parts>(Practice::open(options));
+    // A script finds its windows in the same size on every run.
+    if (options.scenarioFile.isEmpty()) parts->restorePlace();
+    return std::unique_ptr<Desk>(new Desk(std::move(parts)));
 }
 
 host::Host& Desk::host() {

@@ -21,7 +21,7 @@ struct Options;
 class Desk {
 public:
     /// Opens the database, signs the user in and builds the main window, not yet shown. Throws DatabaseError or
-    /// OptionError with text for the user.
+    /// OptionError with text for the user, and SignInCancelled when nobody signed in.
     static std::unique_ptr<Desk> open(const Options& options);
     ~Desk();
     Desk(const Desk&) = delete;

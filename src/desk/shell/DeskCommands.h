@@ -15,9 +15,11 @@ enum DeskCommand : qint32 {
     INFORMAZIONI = 5,
     NUOVO_PAZIENTE = 6,
     DATI_ANAGRAFICI = 7,
+    IMPOSTAZIONI = 8,
     COPIA_SICUREZZA = 9,
     RIPRISTINA_COPIA = 13,
     MODELLI_STAMPA = 14,
+    UTENTI = 15,
 };
 
 /// Fills the ribbon with the desk's own tabs. The numbers of the commands are part of the contract: modules look them

@@ -28,6 +28,7 @@ constexpr int DOCTOR = 0; ///< Kind of user.
 
 Desk::Parts::Parts(std::unique_ptr<Practice> openPractice)
     : practice(std::move(openPractice))
+    , settings(settingsWithFont())
     , window(commands)
     , reports(practice->freeData())
     , framework(window, commands,
@@ -45,7 +46,7 @@ Desk::Parts::Parts(std::unique_ptr<Practice> openPractice)
     , backup(practice->database(), practice->user().ID(),
              {.closeEverything = [this] { return closeEverything(); }, .leave = [this] { window.close(); }}) {
     const UserData& user = practice->user().data();
-    window.showUser(QStringLiteral("%1 %2").arg(user.Cognome, user.Nome).trimmed());
+    window.showUser(user.nomeCompleto());
     window.showDatabase(practice->database().url().toDisplay());
     window.setCloseGuard([this] { return closeEverything(); });
     practice->hooks().generaEvento = [this](host::Paziente&, host::Raccolta&) { refreshPanelsSoon(); };
@@ -54,6 +55,7 @@ Desk::Parts::Parts(std::unique_ptr<Practice> openPractice)
     connect(&window.ribbon(), &RibbonBar::tabActivated, this, [this](const QString& caption) {
         if (module && module->asksForTabs()) module->raise(QStringLiteral("mainribbonbar.activetab"), {caption});
     });
+    applySettings();
 }
 
 Desk::Parts::~Parts() {
@@ -78,6 +80,7 @@ bool Desk::Parts::attach(std::unique_ptr<host::PluginInterface> newModule) {
     window.showWarning(QString());
     module->formLoad(window);
     panels = module->askPanels();
+    applySettings(); // the tab may be the module's, and the pane was its to close
     if (const host::Paziente* patient = host.paziente()) {
         const QString id = patient->ID();
         closePatient();
@@ -158,6 +161,7 @@ void Desk::Parts::closePatient() {
 
 bool Desk::Parts::closeEverything() {
     if (!window.children().closeAll(patientDesk)) return false;
+    keepPlace();
     closePatient();
     return true;
 }
@@ -198,6 +202,12 @@ void Desk::Parts::run(const Command& command) {
             break;
         case DATI_ANAGRAFICI:
             editPatient();
+            break;
+        case UTENTI:
+            showUsers();
+            break;
+        case IMPOSTAZIONI:
+            changeSettings();
             break;
         case ESCI:
             window.close();
@@ -245,9 +255,7 @@ void Desk::Parts::editPatient() {
 }
 
 QString Desk::Parts::runEditor(const PatientData& data) {
-    QList<UserData> doctors = practice->users().all();
-    doctors.removeIf([](const UserData& user) { return user.tipo != DOCTOR; });
-    PatientEditor editor(practice->patients(), doctors, &window);
+    PatientEditor editor(practice->patients(), practice->users().all(), &window);
     editor.fill(data);
     return editor.exec() == QDialog::Accepted ? editor.patient().ID : QString();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/people/DeskSettings.h"
 #include "desk/report/ReportViewer.h"
 #include "desk/shell/BackupCommands.h"
 #include "desk/shell/CommandList.h"
@@ -42,10 +43,17 @@ struct Desk::Parts : public QObject {
     void addPatient();
     void editPatient();
     QString runEditor(const PatientData& data); ///< Id of the saved patient; empty after a cancel.
+    void showUsers();
+    void changeSettings();
+    DeskSettings settingsWithFont();
+    void applySettings();
+    void restorePlace(); ///< Of the main window, which from now on is kept.
+    void keepPlace();
     void showInformation();
     void tell(const QString& why);
 
     std::unique_ptr<Practice> practice;
+    DeskSettings settings;
     CommandList commands;
     MainWindow window;
     ReportViewer reports;
@@ -60,6 +68,7 @@ struct Desk::Parts : public QObject {
     QStringList lastPanels; ///< Those in front, kept from one patient to the next.
     QString moduleError;
     bool refreshPending = false;
+    bool placeIsKept = false;
 };
 
 } // namespace desk

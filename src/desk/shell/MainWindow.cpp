@@ -69,6 +69,10 @@ void MainWindow::buildMenu() {
     menu_->addMenu(archive, QStringLiteral("A&rchivio"));
     menu_->addCommand(archive, *commands_.find(COPIA_SICUREZZA));
     menu_->addCommand(archive, *commands_.find(RIPRISTINA_COPIA));
+    const QString tools = QStringLiteral("Mstrumenti");
+    menu_->addMenu(tools, QStringLiteral("&Strumenti"));
+    menu_->addCommand(tools, *commands_.find(UTENTI));
+    menu_->addCommand(tools, *commands_.find(IMPOSTAZIONI));
     const QString help = QStringLiteral("Maiuto");
     menu_->addMenu(help, QStringLiteral("&Aiuto"));
     menu_->addCommand(help, *commands_.find(INFORMAZIONI));
@@ -166,6 +170,14 @@ void MainWindow::showPatient(const QString& text) {
 
 void MainWindow::showDatabase(const QString& text) {
     database_->setText(QStringLiteral("Archivio: ") + text);
+}
+
+void MainWindow::showMenuPane(bool shown) {
+    menuPane_->setVisible(shown);
+}
+
+bool MainWindow::menuPaneShown() const {
+    return !menuPane_->isHidden();
 }
 
 void MainWindow::showWarning(const QString& text) {

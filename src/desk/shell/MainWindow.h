@@ -36,6 +36,8 @@ public:
     void showUser(const QString& text);
     void showPatient(const QString& text); ///< Empty for none.
     void showDatabase(const QString& text);
+    void showMenuPane(bool shown);
+    bool menuPaneShown() const;
     /// A line under the ribbon that stays until it is closed; an empty text takes it away.
     void showWarning(const QString& text);
     /// Asked before the window closes; false keeps it open.

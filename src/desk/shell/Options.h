@@ -22,6 +22,8 @@ struct Options {
     QString userCode;
     QString scenarioFile;
     QString outDir;
+    /// Whether somebody sits at the screen who can say who they are; a script takes the first user.
+    bool asksWhoSignsIn = false;
     bool demo = false;
     bool help = false;
 

@@ -1,13 +1,35 @@
 #include "desk/shell/Practice.h"
 
 #include "desk/data/DemoPractice.h"
+#include "desk/people/SignInWindow.h"
 #include "desk/shell/Options.h"
 
 namespace desk {
 
+namespace {
+
+UserData whoSignsIn(Database& database, const Options& options) {
+    UserDirectory users(database);
+    const std::optional<UserData> proposed = users.forSignIn(options.userCode);
+    if (!proposed && !options.userCode.isEmpty())
+        throw OptionError(QStringLiteral("Nessun utente attivo ha il codice \u201c%1\u201d.").arg(options.userCode));
+    if (!proposed) throw OptionError(QStringLiteral("Nessun utente dello studio pu\u00f2 accedere."));
+    QList<UserData> candidates = users.active();
+    const bool asked = options.asksWhoSignsIn || proposed->conPassword;
+    if (!options.userCode.isEmpty() || !asked || candidates.size() < 2) candidates = {*proposed};
+    if (candidates.size() == 1 && !proposed->conPassword) return *proposed;
+    SignIn signIn(database);
+    SignInWindow window(signIn, candidates);
+    if (window.exec() != QDialog::Accepted) throw SignInCancelled();
+    return window.user();
+}
+
+} // namespace
+
 Practice::Practice(std::unique_ptr<Database> database, const UserData& user)
     : database_(std::move(database))
     , users_(*database_)
+    , signIn_(*database_)
     , user_(*database_, user)
     , sql_(*database_, user_.sign())
     , freeData_(*database_, user_.sign())
@@ -16,9 +38,8 @@ Practice::Practice(std::unique_ptr<Database> database, const UserData& user)
 std::unique_ptr<Practice> Practice::open(const Options& options) {
     auto database = Database::open(DatabaseUrl::parse(options.databaseUrl));
     if (options.demo) DemoPractice::fill(*database);
-    const std::optional<UserData> user = UserDirectory(*database).forSignIn(options.userCode);
-    if (!user) throw OptionError(QStringLiteral("Nessun utente ha il codice \u201c%1\u201d.").arg(options.userCode));
-    return std::unique_ptr<Practice>(new Practice(std::move(database), *user));
+    const UserData user = whoSignsIn(*database, options);
+    return std::unique_ptr<Practice>(new Practice(std::move(database), user));
 }
 
 std::unique_ptr<PatientRecord> Practice::newPatient() {

@@ -8,6 +8,7 @@
 #include "desk/data/PatientRecord.h"
 #include "desk/data/SignedInUser.h"
 #include "desk/data/UserDirectory.h"
+#include "desk/people/SignIn.h"
 
 #include <memory>
 
@@ -18,11 +19,13 @@ struct Options;
 /// The data side of the desk: the open database, the user who signed in and what they give access to.
 class Practice {
 public:
-    /// Throws DatabaseError, or OptionError when nobody has the user code.
+    /// Asks who signs in where that is not clear, or where there is a password. Throws DatabaseError, OptionError when
+    /// nobody may sign in under the user code, and SignInCancelled.
     static std::unique_ptr<Practice> open(const Options& options);
 
     Database& database() { return *database_; }
     UserDirectory& users() { return users_; }
+    SignIn& signIn() { return signIn_; }
     SignedInUser& user() { return user_; }
     DatabaseService& sql() { return sql_; }
     FreeData& freeData() { return freeData_; }
@@ -35,6 +38,7 @@ private:
 
     std::unique_ptr<Database> database_;
     UserDirectory users_;
+    SignIn signIn_;
     SignedInUser user_;
     DatabaseService sql_;
     FreeData freeData_;

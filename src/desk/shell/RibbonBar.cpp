@@ -45,6 +45,13 @@ RibbonPage* RibbonBar::page(const QString& caption) const {
     return nullptr;
 }
 
+QStringList RibbonBar::tabs() const {
+    QStringList captions;
+    for (int i = 0; i < tabs_->count(); ++i)
+        captions << tabs_->tabText(i);
+    return captions;
+}
+
 QString RibbonBar::activeTab() const {
     return tabs_->tabText(tabs_->currentIndex());
 }

@@ -19,6 +19,7 @@ public:
 
     RibbonPage* insertTab(const QString& caption);
     RibbonPage* page(const QString& caption) const; ///< Null when there is none.
+    QStringList tabs() const;
     QString activeTab() const;
     void activateTab(const QString& caption);
 

@@ -13,4 +13,4 @@ alter table {schema}.tblPazienti add column provinciadomicilio text;
 -- The search walks through one narrow index that holds all it compares, in the order of the results. A server reads its
 -- rows fast enough, and would refuse very long names in an index.
 drop index {schema}.ixPazientiNome;
-{sqlite} create index ixPazientiRicerca on {schema}.tblPazienti (ricerca, codicefiscale, ID);
+{sqlite} create index ixPazientiRicerca on {schema}.tblPazienti (ricerca, ID, codicefiscale);

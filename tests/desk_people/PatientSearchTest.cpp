@@ -1,7 +1,8 @@
-#include "DeskFixture.h"
+#include "desk/DeskFixture.h"
 
 #include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeView>
@@ -89,4 +90,26 @@ TEST_F(DeskPatientSearch, TheRibbonCommandOpensTheChosenPatient) {
     EXPECT_TRUE(desk_->pressCommand(QStringLiteral("Chiudi paziente")));
     EXPECT_EQ(desk_->host().paziente(), nullptr);
     EXPECT_FALSE(desk_->pressCommand(QStringLiteral("Chiudi paziente")));
+}
+
+TEST_F(DeskPatientSearch, TellsHowManyMoreThereAre) {
+    {
+        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        desk::PatientDirectory patients(*database, QStringLiteral("prova"));
+        for (int i = 0; i < desk::PatientDirectory::searchLimit + 7; ++i) {
+            desk::PatientData patient;
+            patient.Cognome = QStringLiteral("D'Esposito %1").arg(i, 4, 10, QLatin1Char('0'));
+            patient.Nome = QStringLiteral("Ciro");
+            ASSERT_TRUE(patients.insert(patient));
+        }
+    }
+    search([](QLineEdit& text, platform::ReportGrid& grid, QWidget& window) {
+        const auto* told = window.findChild<QLabel*>(QStringLiteral("laTrovati"));
+        QTest::keyClicks(&text, QStringLiteral("d'esp"));
+        EXPECT_EQ(grid.rowCount(), desk::PatientDirectory::searchLimit);
+        EXPECT_EQ(told->text(), QStringLiteral("Primi 200 pazienti, altri 7: precisare la ricerca"));
+        QTest::keyClicks(&text, QStringLiteral(" 0003"));
+        EXPECT_EQ(told->text(), QStringLiteral("1 paziente trovato"));
+        window.close();
+    });
 }

@@ -1,0 +1,221 @@
+#include "desk/DeskFixture.h"
+
+#include "desk_data/PracticeFixture.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+
+class DeskPatientEditor : public DeskFixture {
+protected:
+    static void type(QWidget& window, const char* name, const char* text) {
+        auto* field = window.findChild<QLineEdit*>(QLatin1String(name));
+        ASSERT_NE(field, nullptr) << name;
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_Delete);
+        QTest::keyClicks(field, QString::fromUtf8(text));
+    }
+    static void press(QWidget& window, const char* name) {
+        QTest::mouseClick(window.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
+    }
+    /// As another program at the same file.
+    void execute(const char* sql) {
+        QSqlDatabase outsider = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("outsider"));
+        outsider.setDatabaseName(folder_.filePath(QStringLiteral("studio.db")));
+        ASSERT_TRUE(outsider.open());
+        QSqlQuery query(outsider);
+        EXPECT_TRUE(query.exec(QLatin1String(sql))) << query.lastError().text().toStdString();
+        query.clear();
+        outsider = QSqlDatabase();
+        QSqlDatabase::removeDatabase(QStringLiteral("outsider"));
+    }
+    void removePatient(const QString& id) {
+        desk_->closePatient();
+        execute(qPrintable(QStringLiteral("delete from tblPazienti where ID = '%1'").arg(id)));
+    }
+};
+
+TEST_F(DeskPatientEditor, ANewPatientIsStoredAndOpened) {
+    whenModal("frmPaziente", [](QWidget& window) {
+        type(window, "tbCognome", "D'Angelo");
+        type(window, "tbNome", "Zoe");
+        type(window, "tbDataNascita", "3/6/2015");
+        type(window, "tbCodiceFiscale", "dngzoe15h43h501y");
+        press(window, "cbConferma");
+    });
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Nuovo paziente")));
+    ASSERT_NE(desk_->host().paziente(), nullptr);
+    EXPECT_EQ(desk_->host().paziente()->Cognome(), QStringLiteral("D'Angelo"));
+    EXPECT_EQ(desk_->host().paziente()->codicefiscale(), QStringLiteral("DNGZOE15H43H501Y"));
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+    desk_->closePatient();
+    EXPECT_TRUE(desk_->openPatientByTaxCode(QStringLiteral("DNGZOE15H43H501Y")));
+}
+
+TEST_F(DeskPatientEditor, RefusesDataThatCannotBeAndKeepsTheWindow) {
+    const struct {
+        const char* field;
+        const char* value;
+        const char* complaint;
+    } cases[] = {
+        {"tbCognome", "  ", "cognome"},
+        {"tbNome", "", "nome"},
+        {"tbDataNascita", "31/02/1980", "data di nascita"},
+        {"tbDataNascita", "01/01/2999", "data di nascita"},
+        {"tbCodiceFiscale", "ABC", "16 caratteri"},
+        {"tbCodiceFiscale", "VRDNCL75C10F205X", "già questo codice fiscale"},
+    };
+    ASSERT_TRUE(desk_->openPatient(rossi_));
+    for (const auto& each : cases) {
+        SCOPED_TRACE(std::string(each.field) + "=" + each.value);
+        dialogs_.messages.clear();
+        whenModal("frmPaziente", [&each](QWidget& window) {
+            type(window, each.field, each.value);
+            press(window, "cbConferma");
+            EXPECT_TRUE(window.isVisible());
+            window.close();
+        });
+        ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
+        ASSERT_EQ(dialogs_.messages.size(), 1);
+        EXPECT_TRUE(dialogs_.messages.first().contains(QString::fromUtf8(each.complaint)));
+    }
+    EXPECT_EQ(desk_->host().paziente()->Cognome(), QStringLiteral("Rossi"));
+}
+
+TEST_F(DeskPatientEditor, ChangedDataReachTheDeskAndTheModule) {
+    attach();
+    ASSERT_TRUE(desk_->openPatient(rossi_));
+    run_.events.clear();
+    whenModal("frmPaziente", [](QWidget& window) {
+        EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("tbDataNascita"))->text(), QStringLiteral("01/01/1980"));
+        type(window, "tbCognome", "Rossi Bianchi");
+        press(window, "cbConferma");
+    });
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
+    EXPECT_EQ(control<QLabel>("laNome")->text(), QStringLiteral("Rossi Bianchi Mario"));
+    EXPECT_EQ(desk_->host().paziente()->ID(), rossi_);
+    EXPECT_TRUE(run_.events.contains(QLatin1String("form.load frmAmbulatorio")));
+    desk_->closePatient();
+    EXPECT_FALSE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
+}
+
+TEST_F(DeskPatientEditor, TheTaxCodeFillsInBirthAndSex) {
+    whenModal("frmPaziente", [](QWidget& window) {
+        type(window, "tbCognome", "Rossi");
+        type(window, "tbNome", "Maria");
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        window.findChild<QLineEdit*>(QStringLiteral("tbCodiceFiscale"))->setFocus();
+        type(window, "tbCodiceFiscale", "rssmra80a41h501y");
+        QTest::keyClick(window.findChild<QLineEdit*>(QStringLiteral("tbCodiceFiscale")), Qt::Key_Tab);
+        EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("tbDataNascita"))->text(), QStringLiteral("01/01/1980"));
+        EXPECT_EQ(window.findChild<QComboBox*>(QStringLiteral("cbSesso"))->currentText(), QStringLiteral("F"));
+        press(window, "cbConferma");
+    });
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Nuovo paziente")));
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+    EXPECT_EQ(desk_->host().paziente()->Nome(), QStringLiteral("Maria"));
+}
+
+TEST_F(DeskPatientEditor, AsksAboutWhatIsDoubtfulAndSavesOnlyOnYes) {
+    const struct {
+        const char* surname;
+        const char* birth;
+        const char* sex;
+        const char* taxCode;
+        const char* doubt;
+    } cases[] = {
+        {"Neri", "2/1/1980", "M", "RSSMRA80A41H501Y", "data di nascita non corrisponde"},
+        {"Neri", "1/1/1980", "M", "RSSMRA80A41H501Y", "sesso non corrisponde"},
+        {"rossi", "1/1/1980", "", "", "stesso nome"},
+        {"Rossi ", "1/1/1980", "", "", "stesso nome"},
+    };
+    for (const auto& each : cases) {
+        for (const bool yes : {false, true}) {
+            SCOPED_TRACE(std::string(each.doubt) + (yes ? " yes" : " no"));
+            desk_->closePatient();
+            dialogs_.messages.clear();
+            dialogs_.answer = yes ? platform::Answer::Yes : platform::Answer::No;
+            whenModal("frmPaziente", [&](QWidget& window) {
+                type(window, "tbCognome", each.surname);
+                type(window, "tbNome", "Mario");
+                type(window, "tbDataNascita", each.birth);
+                window.findChild<QComboBox*>(QStringLiteral("cbSesso"))->setCurrentText(QLatin1String(each.sex));
+                type(window, "tbCodiceFiscale", each.taxCode);
+                press(window, "cbConferma");
+                EXPECT_EQ(window.isVisible(), !yes);
+                if (window.isVisible()) window.close();
+            });
+            ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Nuovo paziente")));
+            ASSERT_EQ(dialogs_.messages.size(), 1);
+            EXPECT_TRUE(dialogs_.messages.first().contains(QLatin1String(each.doubt)));
+            ASSERT_EQ(desk_->host().paziente() != nullptr, yes);
+            if (!yes) continue;
+            removePatient(desk_->host().paziente()->ID());
+        }
+    }
+}
+
+TEST_F(DeskPatientEditor, KeepsEveryFieldUncut) {
+    constexpr const char* FIELDS[] = {"tbCognome",  "tbNome",         "tbLuogoNascita",   "tbIndirizzo",
+                                      "tbCap",      "tbCitta",        "tbProvincia",      "tbDomicilio",
+                                      "tbTelefono", "tbCapDomicilio", "tbCittaDomicilio", "tbProvinciaDomicilio",
+                                      "tbCellulare"};
+    for (const QString& text : awkwardTexts()) {
+        SCOPED_TRACE(text.left(20).toStdString());
+        desk_->closePatient();
+        whenModal("frmPaziente", [&](QWidget& window) {
+            for (const char* name : FIELDS)
+                window.findChild<QLineEdit*>(QLatin1String(name))->setText(text);
+            window.findChild<QPlainTextEdit*>(QStringLiteral("tbNote"))->setPlainText(text + QLatin1Char('\n') + text);
+            press(window, "cbConferma");
+            EXPECT_FALSE(window.isVisible());
+        });
+        ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Nuovo paziente")));
+        ASSERT_NE(desk_->host().paziente(), nullptr);
+        EXPECT_EQ(desk_->host().paziente()->Cognome(), text);
+        whenModal("frmPaziente", [&](QWidget& window) {
+            for (const char* name : FIELDS)
+                EXPECT_EQ(window.findChild<QLineEdit*>(QLatin1String(name))->text(), text) << name;
+            EXPECT_EQ(window.findChild<QPlainTextEdit*>(QStringLiteral("tbNote"))->toPlainText(),
+                      text + QLatin1Char('\n') + text);
+            window.close();
+        });
+        ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
+    }
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+}
+
+TEST_F(DeskPatientEditor, ACodeThatCameWrongLetsTheRestBeChanged) {
+    ASSERT_TRUE(desk_->openPatient(verdi_)); // VRDNCL75C10F205X has another check character
+    whenModal("frmPaziente", [](QWidget& window) {
+        type(window, "tbTelefono", "06 1234");
+        press(window, "cbConferma");
+        EXPECT_FALSE(window.isVisible());
+    });
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+}
+
+TEST_F(DeskPatientEditor, AFailingDatabaseLosesNoInput) {
+    execute("create trigger guasto before insert on tblPazienti begin select raise(abort, 'full'); end");
+    whenModal("frmPaziente", [this](QWidget& window) {
+        type(window, "tbCognome", "Neri");
+        type(window, "tbNome", "Ugo");
+        press(window, "cbConferma");
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("tbCognome"))->text(), QStringLiteral("Neri"));
+        ASSERT_EQ(dialogs_.messages.size(), 1);
+        EXPECT_TRUE(dialogs_.messages.first().contains(QLatin1String("non sono stati salvati")));
+        execute("drop trigger guasto");
+        press(window, "cbConferma");
+        EXPECT_FALSE(window.isVisible());
+    });
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Nuovo paziente")));
+    EXPECT_EQ(desk_->host().paziente()->Cognome(), QStringLiteral("Neri"));
+}

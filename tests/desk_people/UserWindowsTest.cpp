@@ -1,0 +1,234 @@
+#include "desk/DeskFixture.h"
+#include "desk/data/UserDirectory.h"
+#include "desk/people/SignIn.h"
+#include "desk_data/PracticeFixture.h"
+#include "platform/Clock.h"
+#include "platform/ReportGrid.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+/// Opens the list of users from the ribbon and works it; the first user is the one who runs the desk.
+class DeskUsers : public DeskFixture {
+protected:
+    using Act = std::function<void(QWidget& list, platform::ReportGrid& grid)>;
+
+    ~DeskUsers() override { platform::releaseClock(); }
+
+    void workList(const Act& act) {
+        whenModal("frmUtenti", [&act](QWidget& window) {
+            act(window, *window.findChild<platform::ReportGrid*>(QStringLiteral("rcUtenti")));
+            window.close();
+        });
+        ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Utenti")));
+    }
+    static void press(QWidget& window, const char* name) {
+        QTest::mouseClick(window.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
+    }
+    static void type(QWidget& window, const char* name, const QString& text) {
+        auto* field = window.findChild<QLineEdit*>(QLatin1String(name));
+        ASSERT_NE(field, nullptr) << name;
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_Delete);
+        QTest::keyClicks(field, text);
+    }
+    static void focusOn(platform::ReportGrid& grid, const QString& code) {
+        for (int row = 0; row < grid.rowCount(); ++row) {
+            if (grid.rowRecord(row)->cell(0).value == code) grid.setFocusedRecord(grid.rowRecord(row));
+        }
+    }
+    /// Runs in the editor that a button of the list opens.
+    void inEditor(QWidget& list, const char* button, const std::function<void(QWidget&)>& act) {
+        whenModal("frmUtente", [&act](QWidget& window) {
+            act(window);
+            if (window.isVisible()) window.close();
+        });
+        press(list, button);
+    }
+    std::optional<desk::UserData> stored(const QString& code) {
+        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        return desk::UserDirectory(*database).byCode(code);
+    }
+    desk::SignIn::Outcome attempt(const QString& code, const QString& password) {
+        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        return desk::SignIn(*database).attempt(code, password);
+    }
+};
+
+TEST_F(DeskUsers, AddsUsersWithAwkwardNamesUncut) {
+    for (const QString& name : awkwardTexts()) {
+        SCOPED_TRACE(name.left(20).toStdString());
+        workList([&](QWidget& list, platform::ReportGrid& grid) {
+            inEditor(list, "cbNuovo", [&](QWidget& window) {
+                window.findChild<QLineEdit*>(QStringLiteral("tbCodice"))->setText(name);
+                window.findChild<QLineEdit*>(QStringLiteral("tbCognome"))->setText(name);
+                type(window, "tbNome", QStringLiteral("Ada"));
+                window.findChild<QComboBox*>(QStringLiteral("cbTipo"))->setCurrentText(QStringLiteral("Assistente"));
+                window.findChild<QComboBox*>(QStringLiteral("cbAttivita"))->setCurrentText(QStringLiteral("as"));
+                QTest::keyClick(window.findChild<QLineEdit*>(QStringLiteral("tbNome")), Qt::Key_Return);
+            });
+            EXPECT_EQ(grid.focusedRecord()->cell(1).value, name + QStringLiteral(" Ada"));
+        });
+        const auto user = stored(name);
+        ASSERT_TRUE(user);
+        EXPECT_EQ(user->Cognome, name);
+        EXPECT_EQ(user->tipo, 3);
+        EXPECT_EQ(user->codiceAttivita, QStringLiteral("AS"));
+        EXPECT_FALSE(user->conPassword);
+    }
+    EXPECT_TRUE(dialogs_.messages.isEmpty());
+}
+
+TEST_F(DeskUsers, RefusesWhatCannotBeAndKeepsTheWindow) {
+    const struct {
+        const char* field;
+        const char* value;
+        const char* complaint;
+    } cases[] = {
+        {"tbCodice", " ", "codice con cui"},
+        {"tbCodice", "medico", "già questo codice"},
+        {"tbCognome", "", "cognome"},
+        {"tbNome", "", "nome dell'utente"},
+        {"tbCodiceFiscale", "RSSMRA80A01H501V", "fiscale non è valido"},
+        {"tbPasswordNuova", "corta", "almeno 8"},
+        {"tbPasswordNuova", "abbastanza lunga", "non sono uguali"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(std::string(each.field) + "=" + each.value);
+        dialogs_.messages.clear();
+        workList([&](QWidget& list, platform::ReportGrid&) {
+            inEditor(list, "cbNuovo", [&](QWidget& window) {
+                type(window, "tbCodice", QStringLiteral("NERI"));
+                type(window, "tbCognome", QStringLiteral("Neri"));
+                type(window, "tbNome", QStringLiteral("Ugo"));
+                type(window, each.field, QString::fromUtf8(each.value));
+                press(window, "cbConferma");
+                EXPECT_TRUE(window.isVisible());
+            });
+        });
+        ASSERT_EQ(dialogs_.messages.size(), 1);
+        EXPECT_TRUE(dialogs_.messages.first().contains(QString::fromUtf8(each.complaint)))
+            << dialogs_.messages.first().toStdString();
+        EXPECT_FALSE(stored(QStringLiteral("NERI")));
+    }
+}
+
+TEST_F(DeskUsers, SetsChangesAndRemovesAPassword) {
+    const QString first = QStringLiteral("prima parola");
+    const QString second = QStringLiteral("seconda parola");
+    const QString code = QStringLiteral("MEDICO");
+    const auto change = [&](const QString& old, const QString& wanted, bool accepted) {
+        dialogs_.messages.clear();
+        workList([&](QWidget& list, platform::ReportGrid&) {
+            inEditor(list, "cbModifica", [&](QWidget& window) {
+                auto* field = window.findChild<QLineEdit*>(QStringLiteral("tbPasswordAttuale"));
+                if (field->isEnabled()) type(window, "tbPasswordAttuale", old);
+                if (wanted.isEmpty())
+                    QTest::mouseClick(window.findChild<QCheckBox*>(QStringLiteral("ckTogliPassword")), Qt::LeftButton,
+                                      {}, QPoint(8, 8));
+                else {
+                    type(window, "tbPasswordNuova", wanted);
+                    type(window, "tbPasswordRipetuta", wanted);
+                }
+                press(window, "cbConferma");
+                EXPECT_EQ(window.isVisible(), !accepted);
+            });
+        });
+        EXPECT_EQ(dialogs_.messages.isEmpty(), accepted);
+    };
+    change({}, first, true);
+    EXPECT_TRUE(stored(code)->conPassword);
+    change(QStringLiteral("altra"), second, false);
+    EXPECT_EQ(attempt(code, first), desk::SignIn::Outcome::Accepted) << "the old one was asked";
+    change(first, second, true);
+    EXPECT_EQ(attempt(code, first), desk::SignIn::Outcome::Wrong);
+    EXPECT_EQ(attempt(code, second), desk::SignIn::Outcome::Accepted);
+    change(QStringLiteral("altra"), {}, false);
+    EXPECT_TRUE(stored(code)->conPassword);
+    change(second, {}, true);
+    EXPECT_FALSE(stored(code)->conPassword);
+}
+
+TEST_F(DeskUsers, GuessingTheOldPasswordIsSlowedDownToo) {
+    platform::setClock(QDateTime(QDate(2026, 3, 2), QTime(9, 0)));
+    {
+        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        desk::UserDirectory users(*database);
+        desk::UserData user = *users.byCode(QStringLiteral("MEDICO"));
+        ASSERT_TRUE(users.save(user, desk::hashPassword(QStringLiteral("segretissima"))));
+    }
+    workList([&](QWidget& list, platform::ReportGrid&) {
+        inEditor(list, "cbModifica", [&](QWidget& window) {
+            type(window, "tbPasswordNuova", QStringLiteral("nuova parola"));
+            type(window, "tbPasswordRipetuta", QStringLiteral("nuova parola"));
+            for (int i = 0; i <= desk::SignIn::freeTries; ++i) {
+                type(window, "tbPasswordAttuale", QStringLiteral("x%1").arg(i));
+                press(window, "cbConferma");
+            }
+        });
+    });
+    ASSERT_EQ(dialogs_.messages.size(), desk::SignIn::freeTries + 1);
+    EXPECT_EQ(dialogs_.messages.last(), QStringLiteral("Troppi tentativi errati: riprovare fra 30 secondi."));
+}
+
+TEST_F(DeskUsers, DeletesOrDeactivatesButNeverTheUserAtWork) {
+    const QString id = desk_->host().Utente().ID();
+    {
+        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        desk::UserDirectory users(*database);
+        desk::UserData free{{}, QStringLiteral("LIBERO"), QStringLiteral("Neri"), QStringLiteral("Ugo"), {},
+                            3,  QStringLiteral("AS")};
+        desk::UserData busy{{}, QStringLiteral("CURANTE"), QStringLiteral("D'Amico"), QStringLiteral("Sara"), {},
+                            0,  QStringLiteral("OD")};
+        ASSERT_TRUE(users.save(free) && users.save(busy));
+        desk::PatientDirectory patients(*database, QStringLiteral("prova"));
+        desk::PatientData rossi = *patients.load(rossi_);
+        rossi.idMedico = busy.ID;
+        ASSERT_TRUE(patients.update(rossi));
+    }
+    const auto remove = [&](const char* code, platform::Answer answer) {
+        dialogs_.messages.clear();
+        dialogs_.answer = answer;
+        workList([&](QWidget& list, platform::ReportGrid& grid) {
+            focusOn(grid, QLatin1String(code));
+            press(list, "cbElimina");
+        });
+        return dialogs_.messages.isEmpty() ? QString() : dialogs_.messages.first();
+    };
+    EXPECT_TRUE(remove("MEDICO", platform::Answer::Yes).contains(QStringLiteral("sta usando")));
+    EXPECT_EQ(stored(QStringLiteral("MEDICO"))->ID, id);
+    EXPECT_EQ(remove("LIBERO", platform::Answer::No), QStringLiteral("Eliminare l'utente Neri Ugo?"));
+    EXPECT_TRUE(stored(QStringLiteral("LIBERO")));
+    remove("LIBERO", platform::Answer::Yes);
+    EXPECT_FALSE(stored(QStringLiteral("LIBERO")));
+    EXPECT_TRUE(remove("CURANTE", platform::Answer::No).contains(QStringLiteral("Disattivarlo?")));
+    EXPECT_TRUE(stored(QStringLiteral("CURANTE"))->attivo);
+    remove("CURANTE", platform::Answer::Yes);
+    EXPECT_FALSE(stored(QStringLiteral("CURANTE"))->attivo);
+    EXPECT_TRUE(remove("CURANTE", platform::Answer::Yes).contains(QStringLiteral("resta nell'archivio")));
+
+    // The card of the patient keeps its doctor, another patient cannot choose who left.
+    for (const QString& patient : {rossi_, verdi_}) {
+        ASSERT_TRUE(desk_->openPatient(patient));
+        whenModal("frmPaziente", [&](QWidget& window) {
+            auto* doctors = window.findChild<QComboBox*>(QStringLiteral("cbMedico"));
+            EXPECT_EQ(doctors->findText(QStringLiteral("D'Amico Sara")) >= 0, patient == rossi_);
+            window.close();
+        });
+        ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
+    }
+}
+
+TEST_F(DeskUsers, TheUserAtWorkStaysActiveAndTheWindowShowsTheNewName) {
+    workList([&](QWidget& list, platform::ReportGrid&) {
+        inEditor(list, "cbModifica", [&](QWidget& window) {
+            EXPECT_FALSE(window.findChild<QCheckBox*>(QStringLiteral("ckAttivo"))->isEnabled());
+            type(window, "tbCognome", QStringLiteral("D'Angelo"));
+            press(window, "cbConferma");
+        });
+    });
+    EXPECT_EQ(control<QLabel>("laUtente")->text(), QStringLiteral("Utente: D'Angelo dello studio"));
+}
