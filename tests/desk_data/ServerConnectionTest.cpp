@@ -3,6 +3,7 @@
 #include "desk/data/DatabaseService.h"
 #include "desk/data/Transaction.h"
 #include "host/contract/HostError.h"
+#include "support/CuttingProxy.h"
 #include "support/OwnServer.h"
 
 #include <QFile>
@@ -112,6 +113,22 @@ TEST_F(ServerConnectionTest, ATransactionThatIsCutLeavesNothingBehind) {
     database_->run(add, {QStringLiteral("3")});
     transaction.commit();
     EXPECT_EQ(count(), 2);
+}
+
+TEST_F(ServerConnectionTest, ACommitWhoseAnswerIsLostIsNotStoredTwice) {
+    QUrl url(place_->url());
+    CuttingProxy network(url.port());
+    url.setPort(network.port());
+    open(url.toString(QUrl::FullyEncoded));
+    network.arm();
+    EXPECT_TRUE(save("2025-0001")) << "it was stored, and the user may know";
+    EXPECT_TRUE(network.hasCut());
+    EXPECT_EQ(numbers(), QStringList{QStringLiteral("2025-0001")});
+    EXPECT_TRUE(save("2025-0002"));
+    EXPECT_EQ(numbers().size(), 2);
+    EXPECT_EQ(failures_, QStringList());
+    patient_.reset();
+    database_.reset();
 }
 
 TEST_F(ServerConnectionTest, RowsThatBreakOffAreNoShorterList) {

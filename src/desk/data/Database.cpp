@@ -5,6 +5,7 @@
 
 #include <QLoggingCategory>
 #include <QSqlError>
+#include <QThread>
 #include <exception>
 #include <utility>
 
@@ -207,6 +208,27 @@ void Database::tell(const DatabaseError& error) {
     if (connecting_ || quiet_) return; // whoever connects tells
     lossTold_ = lossTold_ || isLost();
     if (listener_.failed) listener_.failed(error.text(), isLost());
+}
+
+QString Database::transactionName() {
+    if (dialect_->transactionName().isEmpty()) return {};
+    Query name = run(dialect_->transactionName());
+    return name.next() ? name.text(0) : QString();
+}
+
+bool Database::wasCommitted(const QString& transaction) {
+    if (transaction.isEmpty()) return false;
+    try {
+        for (int look = 0; look < 20; ++look) {
+            Query fate = run(dialect_->transactionFate(), {transaction});
+            const QString answer = fate.next() ? fate.text(0) : QString();
+            if (answer != QLatin1String("in progress")) return answer == QLatin1String("committed");
+            QThread::msleep(100); // the server has not noticed yet that its client is gone
+        }
+    } catch (const DatabaseError&) {
+        // Still away.
+    }
+    return false;
 }
 
 // An empty text marks a statement that nobody will ask for again.

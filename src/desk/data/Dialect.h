@@ -36,6 +36,10 @@ public:
     /// What went wrong in words for the user.
     virtual QString explain(const QSqlError& error) const = 0;
     virtual bool endsConnection(const QSqlError& error) const = 0; ///< After it, no statement can succeed any more.
+    /// Questions for the name of the transaction at work, and whether the one of the bound name is "committed" or still
+    /// "in progress"; empty where the end of a commit cannot get lost.
+    virtual QString transactionName() const { return {}; }
+    virtual QString transactionFate() const { return {}; }
     virtual QString lossText() const = 0; ///< What the user reads while the connection is gone.
 };
 

@@ -109,6 +109,14 @@ bool PostgresDialect::endsConnection(const QSqlError& error) const {
     return code.startsWith(QLatin1String("08")) || code.startsWith(QLatin1String("57P0"));
 }
 
+QString PostgresDialect::transactionName() const {
+    return QStringLiteral("select cast(pg_current_xact_id_if_assigned() as text)");
+}
+
+QString PostgresDialect::transactionFate() const {
+    return QStringLiteral("select pg_xact_status(cast(cast(? as text) as xid8))");
+}
+
 QString PostgresDialect::lossText() const {
     return QStringLiteral("Il collegamento con il server dell'archivio si è interrotto.");
 }

@@ -17,6 +17,8 @@ public:
     std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const override;
     QString explain(const QSqlError& error) const override;
     bool endsConnection(const QSqlError& error) const override;
+    QString transactionName() const override;
+    QString transactionFate() const override;
     QString lossText() const override;
 };
 

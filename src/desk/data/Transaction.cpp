@@ -33,10 +33,30 @@ Transaction::~Transaction() {
 void Transaction::commit() {
     if (database_.transactionDepth_ == 1) {
         if (database_.transactionDoomed_) throw DatabaseError(QStringLiteral("Registrazione annullata."));
-        database_.command(QStringLiteral("commit"));
+        commitOutermost();
     }
+    if (!open_) return;
     --database_.transactionDepth_;
     open_ = false;
+}
+
+// When the connection breaks before the answer, the server is asked what became of it: a record that was stored must
+// not be taken for a failed one and stored again.
+void Transaction::commitOutermost() {
+    const QString name = database_.transactionName();
+    try {
+        const Database::Quiet quiet(database_);
+        database_.command(QStringLiteral("commit"));
+    } catch (const DatabaseError& error) {
+        if (database_.isLost()) {
+            --database_.transactionDepth_;
+            open_ = false;
+            const Database::Quiet quiet(database_);
+            if (database_.wasCommitted(name)) return;
+        }
+        database_.tell(error);
+        throw;
+    }
 }
 
 } // namespace desk

@@ -15,6 +15,8 @@ public:
     void commit();
 
 private:
+    void commitOutermost();
+
     Database& database_;
     bool open_ = true;
 };
