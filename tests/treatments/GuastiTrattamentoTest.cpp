@@ -1,9 +1,12 @@
 // What can go wrong under the editor of a plan: bad records, other workstations, the database.
 #include "EditorDiProva.h"
+#include "catalogues/clsServizi.h"
+#include "treatments/PannelloDenti.h"
 #include "treatments/frmMDITrattamenti.h"
 #include "treatments/modTrattamenti.h"
 
-using platform::form::arrayName;
+#include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -110,4 +113,23 @@ TEST_F(Guasti, SavesAtTheSecondTryOnceTheDatabaseIsBack) {
         EXPECT_EQ(riga(nuovo ? QStringLiteral("2026-0002") : QStringLiteral("2026-0001"))->descrizione,
                   nuovo ? QStringLiteral(" corretto") : QStringLiteral("Piano 0001 corretto"));
     }
+}
+
+TEST_F(Guasti, TellsInWhichPhaseTheChartFailedAndGoesOn) {
+    oConfig->setEvidenziaBreve(true);
+    // The catalogue of services falls away as when the share of its folder goes.
+    clsServizi senzaCartella([]() -> QString { throw std::runtime_error("cartella sparita"); });
+    clsServizi* precedente = std::exchange(oServizi, &senzaCartella);
+    PannelloDenti pannello;
+    pannello.aggiorna({{QStringLiteral("4.6"), QString(), QStringLiteral("IMPIANTO"), QStringLiteral("Impianto"),
+                        QStringLiteral("01/03/2026"), QString()}});
+    oServizi = precedente;
+    EXPECT_EQ(dialoghi_.messaggi,
+              QStringList{QStringLiteral("Errori inattesi (sistemazione icone servizi)!\r\n - fase: step 5.c\r\n"
+                                         " - errore: cartella sparita")});
+    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_WARNING});
+    EXPECT_EQ(dialoghi_.titoli, QStringList{QStringLiteral("Tessara 5000. CORVALA")});
+    // What was done before stands, and so do the marks, which are a pass of their own.
+    EXPECT_EQ(pannello.dente(IndiceDaDente(QStringLiteral("4.6"))).strati[0].servizio, QStringLiteral("IMPIANTO"));
+    EXPECT_EQ(pannello.dente(IndiceDaDente(QStringLiteral("4.6"))).stato, StatoDente::Aperto);
 }
