@@ -18,6 +18,14 @@ qreal unit(const QTreeView& view) {
     const int date = view.fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000"));
     return std::max(1.0, (date + 8) / 64.0);
 }
+
+int sampleWidth(const QTreeView& view, const QString& sample) {
+    if (sample.isEmpty()) return 0;
+    constexpr int margins = 10;
+    QFont bold = view.font();
+    bold.setBold(true);
+    return QFontMetrics(bold).horizontalAdvance(sample) + margins;
+}
 } // namespace
 
 void ReportColumnWidths::apply() {
@@ -35,7 +43,8 @@ void ReportColumnWidths::apply() {
             shared.append(i);
             continue;
         }
-        const int width = dragged_.contains(i) ? dragged_.value(i) : scaled(column.width);
+        const int width = dragged_.contains(i) ? dragged_.value(i)
+                                               : std::max(scaled(column.width), sampleWidth(view_, column.sample));
         view_.setColumnWidth(i, width);
         room -= width;
     }
@@ -45,7 +54,11 @@ void ReportColumnWidths::apply() {
 }
 
 void ReportColumnWidths::share(QList<int> columns, int room, const std::function<int(int)>& least) {
-    const auto weight = [this](int i) { return std::max(model_.column(i).width, 1); };
+    const qreal scale = unit(view_);
+    const auto weight = [this, scale](int i) {
+        const ReportColumn& column = model_.column(i);
+        return std::max({column.width, static_cast<int>(sampleWidth(view_, column.sample) / scale), 1});
+    };
     const auto total = [&] {
         return std::accumulate(columns.cbegin(), columns.cend(), 0, [&](int sum, int i) { return sum + weight(i); });
     };

@@ -23,7 +23,9 @@ void aggiungi(platform::ReportGrid& grid, const platform::ReportColumn& codiceFi
     grid.addColumn(codiceFiscale);
     grid.addColumn(colonna(QStringLiteral("Cliente"), 300));
     grid.addColumn(colonna(QStringLiteral("Descrizione"), 240, true));
-    grid.addColumn(colonna(QStringLiteral("Status"), 240, true));
+    platform::ReportColumn stato = colonna(QStringLiteral("Status"), 240, true);
+    stato.sample = QStringLiteral("1 lavori finiti. Ci sono 2 lavori aperti. Restano da iniziare 2 lavori");
+    grid.addColumn(stato);
 }
 
 } // namespace
@@ -35,7 +37,9 @@ void aggiungiPerPannello(platform::ReportGrid& grid) {
 }
 
 void aggiungiPerElenco(platform::ReportGrid& grid) {
-    aggiungi(grid, colonna(QStringLiteral("Cod.Fiscale"), 120));
+    platform::ReportColumn codiceFiscale = colonna(QStringLiteral("Cod.Fiscale"), 120);
+    codiceFiscale.sample = QStringLiteral("MMMDDD80A41H501W"); // in bold on the rows of the open patient
+    aggiungi(grid, codiceFiscale);
 }
 
 void mostra(const clsItemTrattamento& item, platform::ReportRecord& record) {
