@@ -205,7 +205,9 @@ void Database::failedWhileReading(const QSqlQuery& statement) {
 }
 
 void Database::tell(const DatabaseError& error) {
-    if (connecting_ || quiet_) return; // whoever connects tells
+    if (connecting_) return; // whoever connects tells
+    failure_ = error.text();
+    if (quiet_) return;
     lossTold_ = lossTold_ || isLost();
     if (listener_.failed) listener_.failed(error.text(), isLost());
 }

@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace desk {
@@ -51,6 +52,9 @@ public:
     private:
         QScopedValueRollback<bool> quiet_;
     };
+    /// What failed last since it was last asked; empty for nothing. For windows over collections that answer only
+    /// false or an empty list.
+    QString takeFailure() { return std::exchange(failure_, QString()); }
 
     /// Runs one statement with bound values; "{schema}." stands before table names. Prepared once and used again.
     /// Throws DatabaseError.
@@ -105,6 +109,7 @@ private:
     bool connecting_ = false;
     bool lossTold_ = false;
     bool quiet_ = false;
+    QString failure_;
     QElapsedTimer sinceSilence_; ///< Runs since a server that kept the user waiting gave no answer.
     Listener listener_;
     bool transactionDoomed_ = false; ///< An inner one was not committed, so the outer one must not be.

@@ -83,4 +83,46 @@ bool FreeData::Elimina(const QString& id) {
     }
 }
 
+bool FreeData::isFolderName(const QString& folder) {
+    for (const QString& level : folder.split(QLatin1Char('/')))
+        if (level.trimmed().isEmpty()) return false;
+    return true;
+}
+
+QStringList FreeData::folders() {
+    QStringList folders;
+    for (Query query =
+             database_.run(QStringLiteral("select distinct Cartella from {schema}.tblDati order by Cartella"));
+         query.next();)
+        folders << query.text(0);
+    return folders;
+}
+
+bool FreeData::moveFolder(const QString& from, const QString& to) {
+    const QVariant now = storedMoment(platform::now());
+    return changeFolder(QStringLiteral("update {schema}.tblDati set "
+                                       "Cartella = cast(? as text) || substr(Cartella, length(cast(? as text)) + 1), "
+                                       "ModificatoDa = ?, DataModifica = ?, LastUpdate = ?"),
+                        {to, from, sign_, now, now}, from);
+}
+
+bool FreeData::removeFolder(const QString& folder) {
+    return changeFolder(QStringLiteral("delete from {schema}.tblDati"), {}, folder);
+}
+
+bool FreeData::changeFolder(const QString& statement, const QVariantList& values, const QString& folder) {
+    const QString below = folder + QLatin1Char('/');
+    try {
+        Transaction transaction(database_);
+        const Query query =
+            database_.run(statement + QStringLiteral(" where Cartella = ? or substr(Cartella, 1, length(?)) = ?"),
+                          QVariantList(values) << folder << below << below);
+        if (query.affectedRows() < 1) return false;
+        transaction.commit();
+        return true;
+    } catch (const DatabaseError&) {
+        return false;
+    }
+}
+
 } // namespace desk

@@ -2,6 +2,9 @@
 
 #include "host/contract/Archivio.h"
 
+#include <QStringList>
+#include <QVariantList>
+
 namespace desk {
 
 class Database;
@@ -20,7 +23,16 @@ public:
     bool Salva(host::ItemDati& item, bool sovrascrivi) override;
     bool Elimina(const QString& id) override;
 
+    /// Whether a text can be a folder: levels divided by "/", none of them empty.
+    static bool isFolderName(const QString& folder);
+    QStringList folders(); ///< Those that hold an item, sorted. Throws DatabaseError.
+    /// All that is in a folder and below it, moved or deleted in one step; false when there is nothing.
+    bool moveFolder(const QString& from, const QString& to);
+    bool removeFolder(const QString& folder);
+
 private:
+    bool changeFolder(const QString& statement, const QVariantList& values, const QString& folder);
+
     Database& database_;
     QString sign_;
 };

@@ -1,29 +1,34 @@
 #include "desk/data/PatientFiles.h"
 
 #include "desk/data/Database.h"
+#include "desk/data/FileNames.h"
+#include "desk/data/Transaction.h"
 #include "desk/data/WorkFolders.h"
 #include "host/contract/HostError.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace desk {
 
 namespace {
 
+constexpr qint64 PART = 4 * 1024 * 1024; ///< Bytes that pass through memory at a time.
+
 host::VoceFile fileOf(const Query& query) {
     return {query.text(0), query.text(1), query.moment(2), query.text(3)};
 }
 
-// A folder per file, so that two pictures of the same name do not meet; only the name's last part counts, whatever was
-// stored.
+// A folder per copy: two pictures of one name do not meet, nor does a copy that is being worked on and a new one.
 QString temporaryPath(const host::VoceFile& file) {
-    const QDir folder(workFolders::temporary() + QLatin1Char('/') + QFileInfo(file.ID).fileName());
-    const QString name = QFileInfo(file.file).fileName();
-    if (!folder.mkpath(QStringLiteral("."))) return {};
-    return folder.filePath(name.isEmpty() || name == QLatin1String("..") ? file.ID : name);
+    QTemporaryDir folder(workFolders::temporary() + QStringLiteral("/file-XXXXXX"));
+    if (!folder.isValid()) return {};
+    folder.setAutoRemove(false); // It goes with the folder of the run.
+    return folder.filePath(safeFileName(file.file));
 }
 
 } // namespace
@@ -58,15 +63,60 @@ std::optional<host::VoceFile> PatientFiles::Carica(const QString& id) {
 }
 
 bool PatientFiles::SalvaFile(QString& id, const QString& descrizione, const QString& path) {
-    const std::optional<QByteArray> content = platform::files::read(path);
-    if (!content) return false;
+    QFile source(platform::files::resolve(path));
+    if (!QFileInfo(source).isFile() || source.size() > largest || !source.open(QIODevice::ReadOnly)) return false;
     // A picture that was edited keeps the date on which it was taken in.
     QDateTime date = platform::now();
     if (!id.isEmpty()) {
         if (const auto known = Carica(id)) date = known->Data;
     }
-    const QString name = QFileInfo(platform::files::resolve(path)).fileName();
-    return contents_.save(id, {descrizione, storedMoment(date), name, *content});
+    QString saved = id;
+    try {
+        Transaction transaction(scope_.database);
+        const QByteArray first = source.read(PART);
+        const QString name = QFileInfo(source).fileName();
+        if (!contents_.save(saved, {descrizione, storedMoment(date), name, first})) return false;
+        if (!storeContent(saved, source)) return false;
+        transaction.commit();
+    } catch (const DatabaseError&) {
+        return false;
+    }
+    id = saved;
+    return true;
+}
+
+/// What follows the part that was read already.
+bool PatientFiles::storeContent(const QString& id, QFile& source) {
+    scope_.database.run(QStringLiteral("delete from {schema}.tblFileParti where idfile = ?"), {id});
+    qint64 stored = source.pos();
+    for (int number = 1; !source.atEnd(); ++number) {
+        const QByteArray part = source.read(PART);
+        stored += part.size();
+        if (part.isEmpty() || stored > largest) return false;
+        scope_.database.run(
+            QStringLiteral("insert into {schema}.tblFileParti (idfile, numero, contenuto) values (?, ?, ?)"),
+            {id, number, part});
+    }
+    return source.error() == QFileDevice::NoError;
+}
+
+bool PatientFiles::describe(const QString& id, const QString& descrizione) {
+    const auto known = Carica(id);
+    QString same = id;
+    return known && table_.save(same, {descrizione, storedMoment(known->Data), known->file});
+}
+
+QHash<QString, qint64> PatientFiles::sizes() {
+    // Summed as text lengths are: neither system reads the bytes for it.
+    Query query = scope_.database.run(
+        QStringLiteral("select f.ID, coalesce(length(f.contenuto), 0) + coalesce((select sum(length(p.contenuto)) "
+                       "from {schema}.tblFileParti p where p.idfile = f.ID), 0) "
+                       "from {schema}.tblFiles f where f.idpaziente = ?"),
+        {scope_.patient.ID()});
+    QHash<QString, qint64> sizes;
+    while (query.next())
+        sizes.insert(query.text(0), query.value(1).toLongLong());
+    return sizes;
 }
 
 bool PatientFiles::Elimina(const QString& id) {
@@ -78,15 +128,35 @@ void PatientFiles::Refresh() {
 }
 
 QString PatientFiles::EstraiFile(const QString& id) {
+    const std::optional<host::VoceFile> file = Carica(id);
+    const QString path = file ? temporaryPath(*file) : QString();
+    if (path.isEmpty()) return {};
+    QFile copy(path);
+    bool whole = false;
     try {
-        Query query = contents_.row(id);
-        if (!query.next()) return {};
-        const QString path = temporaryPath(fileOf(query));
-        if (path.isEmpty() || !platform::files::writeAtomically(path, query.value(4).toByteArray())) return {};
-        return path;
+        whole = copy.open(QIODevice::WriteOnly | QIODevice::NewOnly) && writeContent(id, copy) && copy.flush();
     } catch (const DatabaseError&) {
-        return {};
     }
+    if (whole) return path;
+    copy.remove();
+    QDir().rmdir(QFileInfo(path).path());
+    return {};
+}
+
+bool PatientFiles::writeContent(const QString& id, QFile& copy) {
+    {
+        Query query = contents_.row(id);
+        if (!query.next()) return false;
+        const QByteArray first = query.value(4).toByteArray();
+        if (copy.write(first) != first.size()) return false;
+    }
+    Query query = scope_.database.run(
+        QStringLiteral("select contenuto from {schema}.tblFileParti where idfile = ? order by numero"), {id});
+    while (query.next()) {
+        const QByteArray part = query.value(0).toByteArray();
+        if (copy.write(part) != part.size()) return false;
+    }
+    return true;
 }
 
 void PatientFiles::Visualizza(const QString& id) {

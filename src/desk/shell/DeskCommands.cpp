@@ -57,6 +57,8 @@ constexpr Row ROWS[] = {
     {STRUMENTI, u"Programma", IMPOSTAZIONI, u"Impostazioni", u"Impostazioni del programma per l'utente", "impostazioni",
      LARGE, true},
     {STRUMENTI, u"Programma", UTENTI, u"Utenti", u"Chi lavora nello studio, e le password", "utenti", LARGE, true},
+    {STRUMENTI, u"Programma", ARCHIVIO_DATI, u"Archivio dati", u"Dati liberi dello studio e modelli di stampa", "archivi",
+     LARGE, true},
     {STRUMENTI, u"Programma", COPIA_SICUREZZA, u"Copia di sicurezza\u2026", u"Copia di sicurezza dell'archivio",
      "copia", LARGE, true},
     {STRUMENTI, u"Programma", RIPRISTINA_COPIA, u"Ripristina copia\u2026", u"Ripristina una copia di sicurezza",
@@ -75,10 +77,11 @@ struct Entry {
 };
 
 constexpr Entry ENTRIES[] = {
-    {4, 1001, u"Diario clinico"},
-    {4, 1002, u"Appunti"},
-    {4, 1003, u"Scadenze"},
-    {4, 1004, u"File allegati"},
+    {4, DIARIO_CLINICO, u"Diario clinico"},
+    {4, APPUNTI, u"Appunti"},
+    {4, VISITE, u"Visite"},
+    {4, SCADENZE, u"Scadenze"},
+    {4, FILE_ALLEGATI, u"File allegati"},
     {4, 1011, u"Accessi ADI/ADP/ADR"},
     {4, 1012, u"Prestazioni PPIP"},
     {4, 1013, u"Vaccinazioni"},

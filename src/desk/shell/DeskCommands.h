@@ -20,6 +20,12 @@ enum DeskCommand : qint32 {
     RIPRISTINA_COPIA = 13,
     MODELLI_STAMPA = 14,
     UTENTI = 15,
+    ARCHIVIO_DATI = 16,
+    DIARIO_CLINICO = 1001,
+    APPUNTI = 1002,
+    SCADENZE = 1003,
+    FILE_ALLEGATI = 1004,
+    VISITE = 1005,
 };
 
 /// Fills the ribbon with the desk's own tabs. The numbers of the commands are part of the contract: modules look them

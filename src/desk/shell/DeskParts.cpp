@@ -1,5 +1,8 @@
 #include "desk/shell/DeskParts.h"
 
+#include "desk/clinical/ClinicalRooms.h"
+#include "desk/clinical/FreeDataWindow.h"
+#include "desk/clinical/ShowFile.h"
 #include "desk/data/Guarded.h"
 #include "desk/people/PatientEditor.h"
 #include "desk/people/PatientSearch.h"
@@ -11,11 +14,9 @@
 #include "platform/Dialogs.h"
 
 #include <QCoreApplication>
-#include <QDesktopServices>
 #include <QMdiSubWindow>
 #include <QStatusBar>
 #include <QTimer>
-#include <QUrl>
 
 namespace desk {
 
@@ -23,6 +24,24 @@ namespace {
 
 constexpr int STATUS_MILLISECONDS = 15000;
 constexpr int DOCTOR = 0; ///< Kind of user.
+
+/// Commands that need an open patient, and the room they show.
+struct RoomCommand {
+    qint32 id;
+    RoomKind kind;
+};
+constexpr RoomCommand ROOM_COMMANDS[] = {{DIARIO_CLINICO, RoomKind::Events},
+                                         {APPUNTI, RoomKind::Notes},
+                                         {VISITE, RoomKind::Visits},
+                                         {SCADENZE, RoomKind::DueDates},
+                                         {FILE_ALLEGATI, RoomKind::Files}};
+
+void enablePatientCommands(CommandList& commands, bool enabled) {
+    for (const qint32 id : {CHIUDI_PAZIENTE, DATI_ANAGRAFICI})
+        commands.find(id)->setEnabled(enabled);
+    for (const RoomCommand& command : ROOM_COMMANDS)
+        commands.find(command.id)->setEnabled(enabled);
+}
 
 } // namespace
 
@@ -49,8 +68,7 @@ Desk::Parts::Parts(std::unique_ptr<Practice> openPractice)
     window.showUser(user.nomeCompleto());
     window.showDatabase(practice->database().url().toDisplay());
     window.setCloseGuard([this] { return closeEverything(); });
-    practice->hooks().generaEvento = [this](host::Paziente&, host::Raccolta&) { refreshPanelsSoon(); };
-    practice->hooks().showFile = [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
+    connectRooms();
     connect(&commands, &CommandList::pressed, this, [this](Command* command) { run(*command); });
     connect(&window.ribbon(), &RibbonBar::tabActivated, this, [this](const QString& caption) {
         if (module && module->asksForTabs()) module->raise(QStringLiteral("mainribbonbar.activetab"), {caption});
@@ -129,12 +147,13 @@ void Desk::Parts::showPatient(const PatientData& data) {
             [this] { QTimer::singleShot(0, this, [this] { closePatient(); }); });
     connect(desk, &PatientDesk::failed, this, &Parts::tell);
     window.showPatient(data.Cognome + QLatin1Char(' ') + data.Nome);
-    for (const qint32 id : {CHIUDI_PAZIENTE, DATI_ANAGRAFICI})
-        commands.find(id)->setEnabled(true);
+    enablePatientCommands(commands, true);
     // The module forgets the patient before, only then the panels ask it for the records of this one.
     if (module) module->formLoad(*desk);
     if (patientDesk != desk) return;
     desk->addPanels(framework.layout().arrange(panels), framework);
+    std::unique_ptr<PatientRecord> own = practice->newPatient();
+    if (own->Init(data.ID)) desk->addRooms(new ClinicalRooms(std::move(own), roomServices(), desk));
     for (const QString& panel : lastPanels)
         desk->activatePanel(panel);
     window.children().adopt(desk);
@@ -155,8 +174,7 @@ void Desk::Parts::closePatient() {
         window.children().discard(desk);
     }
     window.showPatient(QString());
-    for (const qint32 id : {CHIUDI_PAZIENTE, DATI_ANAGRAFICI})
-        commands.find(id)->setEnabled(false);
+    enablePatientCommands(commands, false);
 }
 
 bool Desk::Parts::closeEverything() {
@@ -187,6 +205,43 @@ void Desk::Parts::refreshPanelsSoon() {
     });
 }
 
+RoomServices Desk::Parts::roomServices() {
+    return {.database = practice->database(),
+            .userId = practice->user().ID(),
+            .setDialogCancel = [this](bool cancel) { framework.setDialogCancel(cancel); },
+            .showFile = [this](const QString& path) { showFile(path, &window); }};
+}
+
+void Desk::Parts::connectRooms() {
+    const auto editorOf = [this](RoomKind kind) {
+        return [this, kind](host::Paziente& patient, const QString& id) {
+            // Every patient of this desk is one of its records.
+            return makeRoomEditor(kind, dynamic_cast<PatientRecord&>(patient), roomServices(), id);
+        };
+    };
+    PatientHooks& hooks = practice->hooks();
+    hooks.generaEvento = [this](host::Paziente&, host::Raccolta&) { refreshPanelsSoon(); };
+    hooks.noteForm = editorOf(RoomKind::Notes);
+    hooks.visitForm = editorOf(RoomKind::Visits);
+    hooks.dueDateForm = editorOf(RoomKind::DueDates);
+    hooks.showFile = roomServices().showFile;
+}
+
+void Desk::Parts::showRoom(qint32 command) {
+    PatientDesk* desk = patientDesk;
+    if (!desk || !desk->rooms()) return;
+    window.children().bringForward(desk);
+    for (const RoomCommand& room : ROOM_COMMANDS)
+        if (room.id == command) desk->rooms()->showRoom(room.kind);
+}
+
+void Desk::Parts::showFreeData() {
+    if (window.children().bringForward(QStringLiteral("Archivio dati"))) return;
+    auto* archiveWindow = new FreeDataWindow(practice->freeData(), roomServices());
+    window.children().adopt(archiveWindow);
+    archiveWindow->show();
+}
+
 void Desk::Parts::run(const Command& command) {
     const qint32 id = command.ID();
     const QString why = guarded([&] {
@@ -208,6 +263,16 @@ void Desk::Parts::run(const Command& command) {
             break;
         case IMPOSTAZIONI:
             changeSettings();
+            break;
+        case DIARIO_CLINICO:
+        case APPUNTI:
+        case VISITE:
+        case SCADENZE:
+        case FILE_ALLEGATI:
+            showRoom(id);
+            break;
+        case ARCHIVIO_DATI:
+            showFreeData();
             break;
         case ESCI:
             window.close();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/clinical/RoomServices.h"
 #include "desk/people/DeskSettings.h"
 #include "desk/report/ReportViewer.h"
 #include "desk/shell/BackupCommands.h"
@@ -37,6 +38,11 @@ struct Desk::Parts : public QObject {
     QString choosePatient(const QString& value, const QString& column);
     bool isPanelLoaded(const QString& name) const;
     void refreshPanelsSoon();
+
+    RoomServices roomServices();
+    void connectRooms(); ///< What the data of a patient asks of the windows.
+    void showRoom(qint32 command);
+    void showFreeData();
 
     void run(const Command& command);
     void searchPatient();

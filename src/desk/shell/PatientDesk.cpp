@@ -1,5 +1,6 @@
 #include "desk/shell/PatientDesk.h"
 
+#include "desk/clinical/ClinicalRooms.h"
 #include "desk/shell/PanelPage.h"
 #include "platform/Clock.h"
 #include "platform/FormRegistry.h"
@@ -53,7 +54,9 @@ PatientDesk::PatientDesk(const PatientData& patient, const QString& doctor, QWid
     column_->setContentsMargins(0, 0, 0, 0);
     column_->setSpacing(0);
     column_->addWidget(buildHeader(patient, doctor));
-    column_->addStretch(0);
+    stack_ = new QSplitter(Qt::Vertical, this);
+    stack_->setChildrenCollapsible(false);
+    column_->addWidget(stack_, 1);
     platform::FormRegistry::add(this);
 }
 
@@ -89,14 +92,8 @@ QWidget* PatientDesk::buildHeader(const PatientData& patient, const QString& doc
 }
 
 void PatientDesk::addPanels(const QList<Panel>& panels, host::Framework& framework) {
-    if (panels.isEmpty()) {
-        auto* nothing = new QLabel(QStringLiteral("Nessun pannello da mostrare per questo paziente"), this);
-        nothing->setAlignment(Qt::AlignCenter);
-        nothing->setEnabled(false);
-        column_->addWidget(nothing, 1);
-        return;
-    }
-    auto* splitter = new QSplitter(this);
+    if (panels.isEmpty()) return;
+    auto* splitter = new QSplitter(stack_);
     splitter->setChildrenCollapsible(false);
     QList<Panel> left;
     QList<Panel> right;
@@ -104,8 +101,16 @@ void PatientDesk::addPanels(const QList<Panel>& panels, host::Framework& framewo
         (panel.onTheRight ? right : left).append(panel);
     addSide(left, framework, *splitter);
     addSide(right, framework, *splitter);
-    column_->addWidget(splitter, 1);
+    stack_->insertWidget(0, splitter);
+    stack_->setStretchFactor(0, 3);
     refreshPanels();
+}
+
+void PatientDesk::addRooms(ClinicalRooms* rooms) {
+    rooms_ = rooms;
+    stack_->addWidget(rooms);
+    stack_->setStretchFactor(stack_->indexOf(rooms), 2);
+    sides_.append(rooms);
 }
 
 void PatientDesk::addSide(const QList<Panel>& panels, host::Framework& framework, QSplitter& splitter) {
@@ -135,6 +140,7 @@ void PatientDesk::refreshPanels() {
         const platform::ReportRecord* focused = page->grid().focusedRecord();
         page->refresh(focused ? focused->tag : QString());
     }
+    if (rooms_) rooms_->refresh();
 }
 
 QStringList PatientDesk::activePanels() const {

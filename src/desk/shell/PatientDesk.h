@@ -17,6 +17,7 @@ class Framework;
 
 namespace desk {
 
+class ClinicalRooms;
 class PanelPage;
 
 /// The desk of the open patient, "frmAmbulatorio": who it is, and the panels of the module below. Made anew for each
@@ -30,8 +31,11 @@ public:
     QString Name() const override { return objectName(); }
 
     void addPanels(const QList<Panel>& panels, host::Framework& framework);
+    /// The rooms of the patient, below the panels or, without any, in their place.
+    void addRooms(ClinicalRooms* rooms);
+    ClinicalRooms* rooms() const { return rooms_; }
     bool hasPanel(const QString& name) const;
-    void refreshPanels();
+    void refreshPanels();             ///< And the rooms.
     QStringList activePanels() const; ///< Captions, one a side.
     void activatePanel(const QString& caption);
 
@@ -47,6 +51,8 @@ private:
     QWidget* buildHeader(const PatientData& patient, const QString& doctor);
 
     QVBoxLayout* column_;
+    QSplitter* stack_; ///< Panels above, rooms below.
+    ClinicalRooms* rooms_ = nullptr;
     QList<QTabWidget*> sides_;
     QList<PanelPage*> pages_;
 };
