@@ -55,6 +55,17 @@ TEST_F(ScenarioRunnerTest, WaitsForTheFileOfAnotherDeskLongerThanForAWindow) {
     EXPECT_TRUE(play(QStringLiteral("touch manca/altro")).failure.contains(QStringLiteral("non si può scrivere")));
 }
 
+TEST_F(ScenarioRunnerTest, FirstLinesAnswerWhatIsSaidWhileTheDeskOpens) {
+    const auto complain = [] { platform::dialogs().message(QStringLiteral("Manca"), platform::MB_CRITICAL, {}); };
+    QTimer::singleShot(0, &main, complain);
+    const Outcome answered = play(QStringLiteral("# the start\nanswer ok\nwindow frmMain\nexpect-message Manca"));
+    EXPECT_EQ(answered.failure, QString());
+    EXPECT_EQ(answered.steps, 3);
+
+    QTimer::singleShot(0, &main, complain);
+    EXPECT_TRUE(play(QStringLiteral("window frmMain\nanswer ok")).failure.contains(QStringLiteral("senza risposta")));
+}
+
 TEST_F(ScenarioRunnerTest, GoesOnInsideAModalWindow) {
     addEditor(QStringLiteral("Apri"), QStringLiteral("frmEdit"));
     const Outcome outcome = play(QStringLiteral("press Apri\nwindow frmEdit\ntype tbDati(0) abc\nclick cbConferma\n"
