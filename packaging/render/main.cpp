@@ -10,12 +10,11 @@
 
 namespace {
 
-constexpr int SIDE = 64; // as large as the largest button of a ribbon at 200%
-
+/// As large as the drawing says: twice as large as it ever stands in a ribbon at 100%, so that it is sharp at 200% too.
 bool render(const QString& drawing, const QString& picture) {
     QSvgRenderer renderer(drawing);
     if (!renderer.isValid()) return false;
-    QImage image(SIDE, SIDE, QImage::Format_ARGB32_Premultiplied);
+    QImage image(renderer.defaultSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     renderer.render(&painter);

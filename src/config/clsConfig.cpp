@@ -143,14 +143,15 @@ void clsConfig::setUserDetails(const QString& testo) {
 
 void clsConfig::scriviUtente(const char* nome, const QString& testo, QString& campo) {
     const QByteArray prima = documento_.toBytes();
-    figlio(figlio(documento_.root(), "user"), nome).setText(QLatin1String(platform::toSingleByte(testo).toBase64()));
+    const QByteArray scritto = platform::toSingleByte(testo);
+    figlio(figlio(documento_.root(), "user"), nome).setText(QLatin1String(scritto.toBase64()));
     try {
         salva();
     } catch (const ErroreConfigurazione&) {
         documento_.loadBytes(prima);
         throw;
     }
-    campo = testo;
+    campo = platform::fromSingleByte(scritto); // as the next run will read it
 }
 
 void clsConfig::setAppuntiPazienteModali(bool valore) {

@@ -80,6 +80,7 @@ extern IdComandi idComandi;
 struct Agganci {
     std::function<bool()> pazienteConPiani;      ///< Whether the open patient has a treatment plan.
     std::function<int()> contaTrattamentiAperti; ///< How many plans of the open patient have open work.
+    std::function<bool()> rimuoviTuttiLock;      ///< Removes the marks of all records in use; tells a failure itself.
 };
 extern Agganci agganci;
 

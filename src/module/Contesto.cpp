@@ -16,6 +16,7 @@
 #include "periodontal/clsParadontale.h"
 #include "periodontal/clsViewSondaggi.h"
 #include "platform/Collection.h"
+#include "store/modLock.h"
 #include "treatments/ApriTrattamento.h"
 #include "treatments/clsTrattamenti.h"
 #include "treatments/clsViewTrattamenti.h"
@@ -81,6 +82,7 @@ void Contesto::creaGestori() {
 void Contesto::collega() {
     agganci.pazienteConPiani = [] { return !oTrattamenti->Lista().empty(); };
     agganci.contaTrattamentiAperti = [] { return int(ContaTrattamentiAperti()); };
+    agganci.rimuoviTuttiLock = RimuoviTuttiLock;
     registraTrattamenti(comandi_);
 }
 

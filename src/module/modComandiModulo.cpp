@@ -1,6 +1,7 @@
 #include "module/modComandiModulo.h"
 
 #include "config/clsConfig.h"
+#include "config/modConfig.h"
 #include "host/context.h"
 #include "host/frmOggetti.h"
 #include "host/modComandi.h"
@@ -37,6 +38,6 @@ void informazioni() {
 void registraComandiModulo(Comandi& comandi, frmOggetti& oggetti) {
     comandi.add(QStringLiteral("CRVL.main.webinfo"), paginaWeb);
     comandi.add(QStringLiteral("CRVL.main.refresh"), [&oggetti] { oggetti.RefreshDatiPaziente(); });
-    comandi.add(QStringLiteral("CRVL.main.setup"), FunzioneNonDisponibile);
+    comandi.add(QStringLiteral("CRVL.main.setup"), ApriConfigurazione);
     comandi.add(QStringLiteral("CRVL.main.about"), informazioni);
 }

@@ -116,8 +116,6 @@ TEST_F(RibbonTest, TheModulesOwnCommands) {
     const QString informazioni = platform::withoutMarkup(dialoghi_.messaggi.takeLast());
     EXPECT_TRUE(informazioni.startsWith(QStringLiteral("Tessara 5000 V6. Modulo Odontoiatrico\n\n")));
     EXPECT_TRUE(informazioni.contains(QStringLiteral("Percorso configurazione: ") + oConfig->FileName()));
-    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL.main.setup")));
-    EXPECT_EQ(dialoghi_.messaggi.takeLast(), QStringLiteral("Funzione non ancora disponibile."));
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL.main.refresh")));
     evento("execute", {idComandi.menuFatturazione});
     EXPECT_EQ(dialoghi_.messaggi.takeLast(), QStringLiteral("Funzione non ancora disponibile."));
