@@ -88,9 +88,8 @@ void frmConfig::costruisci() {
     treeView1_ = form::named(new QTreeWidget(this), QStringLiteral("TreeView1"));
     treeView1_->setAccessibleName(QStringLiteral("Argomenti"));
     treeView1_->setHeaderHidden(true);
-    treeView1_->setRootIsDecorated(false);
+    treeView1_->setIndentation(10); // topics have no branches, only a margin
     treeView1_->setFixedWidth(LARGHEZZA_VOCI);
-    treeView1_->setStyleSheet(QStringLiteral("QTreeView::item { padding-left: 10px; }"));
     cornici_ = new QStackedWidget(this);
     aggiungiCornice(QStringLiteral("INTESTAZIONE"), pbIntestazione());
     aggiungiCornice(QStringLiteral("TRATTAMENTI"), pbTrattamenti());

@@ -1,13 +1,17 @@
 #include "module/modPannelli.h"
 
+#include "estimates/clsPreventivi.h"
 #include "estimates/clsViewPreventivi.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "host/modAggiorna.h"
+#include "invoicing/clsFatture.h"
 #include "invoicing/clsViewFatture.h"
 #include "module/Passo.h"
+#include "payments/clsPagamenti.h"
 #include "payments/clsViewPagamenti.h"
 #include "periodontal/clsViewSondaggi.h"
+#include "treatments/clsTrattamenti.h"
 #include "treatments/clsViewTrattamenti.h"
 
 namespace {
@@ -23,6 +27,18 @@ void aggiornaPannello(const QString& nome) {
         if (!oHost || !oHost->Archivio().Pannelli().PannelloCaricato(nome)) return;
         if (host::View* vista = VistaPannello(nome)) vista->RefreshPannello();
     });
+}
+
+// Other workstations write too: whatever is filled from here on is read anew.
+void dimentica() {
+    if (!oTrattamenti) return; // not started yet
+    passo([] {
+        if (host::Paziente* paziente = PazienteAperto()) paziente->corvala().Refresh();
+    });
+    oPreventivi->Refresh();
+    oFatture->Refresh();
+    oPagamenti->Refresh();
+    oTrattamenti->Refresh();
 }
 
 } // namespace
@@ -42,6 +58,7 @@ host::View* VistaPannello(const QString& nome) {
 
 // The list of probings and the stock journal are left out on purpose.
 void AggiornaDatiPaziente() {
+    dimentica();
     passo([] { RefreshPreventivi(QString()); });
     aggiornaPannello(PREVENTIVI);
     passo([] { RefreshFatture(QString()); });

@@ -15,6 +15,6 @@ QStringList NomiPannelli();
 /// The list behind a panel; null for a panel of somebody else.
 host::View* VistaPannello(const QString& nome);
 
-/// Rereads everything shown for the open patient: child windows and loaded panels. One that fails does not keep the
-/// others.
+/// Rereads everything shown for the open patient, what other workstations wrote included: child windows and loaded
+/// panels. One that fails does not keep the others.
 void AggiornaDatiPaziente();
