@@ -154,7 +154,10 @@ void CaricaGeometria(QWidget* form) {
     if (path.isEmpty() || !platform::files::exists(path)) return;
     const QHash<QString, QString> valori = leggiValori(path);
 
-    const int stato = intero(valori, QStringLiteral("WindowsState")).value_or(statoDi(form));
+    int stato = intero(valori, QStringLiteral("WindowsState")).value_or(statoDi(form));
+    // A window without a button for it must not come up as an icon: nobody would find it, and a modal one bars all
+    // others.
+    if (stato == RIDOTTA && !(form->windowFlags() & Qt::WindowMinimizeButtonHint)) stato = NORMALE;
     if (stato != statoDi(form)) {
         if (stato == INGRANDITA) form->setWindowState(Qt::WindowMaximized);
         if (stato == RIDOTTA) form->setWindowState(Qt::WindowMinimized);

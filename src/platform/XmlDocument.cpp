@@ -14,8 +14,7 @@ namespace platform {
 namespace {
 
 // Never expands entities, reads other files or lifts the limits on size and depth: a document may come from anywhere.
-constexpr int PARSE_OPTIONS =
-    XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT | XML_PARSE_IGNORE_ENC;
+constexpr int PARSE_OPTIONS = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
 
 struct FreeContext {
     void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
@@ -225,22 +224,27 @@ bool XmlDocument::loadText(const QString& text) {
     return loadBytes(text.toUtf8());
 }
 
+// The text is UTF-8 by now, whatever its declaration says.
 bool XmlDocument::loadBytes(const QByteArray& utf8) {
+    return parse(utf8, "UTF-8", PARSE_OPTIONS | XML_PARSE_IGNORE_ENC);
+}
+
+bool XmlDocument::parse(const QByteArray& content, const char* encoding, int options) {
     static const bool ready = (xmlInitParser(), true);
     Q_UNUSED(ready)
     doc_.reset();
     const Owned<xmlParserCtxt> context(xmlNewParserCtxt());
     context->sax->internalSubset = refuseDocumentType;
-    // The text is UTF-8 by now, whatever its declaration says.
-    doc_.reset(xmlCtxtReadMemory(context.get(), utf8.constData(), static_cast<int>(utf8.size()), nullptr, "UTF-8",
-                                 PARSE_OPTIONS));
+    doc_.reset(xmlCtxtReadMemory(context.get(), content.constData(), static_cast<int>(content.size()), nullptr,
+                                 encoding, options));
     lastError_ = doc_ ? QString() : describe(*context);
     return doc_ != nullptr;
 }
 
 bool XmlDocument::loadFile(const QString& path) {
     const std::optional<QByteArray> content = files::read(path);
-    if (content) return loadBytes(*content);
+    // A file of an older program may well be Windows-1252, and says so.
+    if (content) return parse(*content, nullptr, PARSE_OPTIONS);
     doc_.reset();
     lastError_ = QStringLiteral("File non leggibile: %1").arg(path);
     return false;

@@ -66,7 +66,7 @@ public:
 
     bool loadText(const QString& text);  ///< False leaves the document empty; `lastError` says why.
     bool loadBytes(const QByteArray& utf8);
-    bool loadFile(const QString& path);  ///< By the rules of platform::files.
+    bool loadFile(const QString& path); ///< By the rules of platform::files, in the encoding that it declares.
     bool isLoaded() const { return doc_ != nullptr; }
     const QString& lastError() const { return lastError_; }
 
@@ -81,6 +81,8 @@ public:
     bool saveFile(const QString& path) const; ///< Atomic.
 
 private:
+    bool parse(const QByteArray& content, const char* encoding, int options);
+
     struct Free {
         void operator()(_xmlDoc* doc) const;
     };

@@ -12,7 +12,9 @@
 
 namespace {
 
+// Empty without a shared folder: the mark would lie wherever the program was started, and nobody would find it again.
 QString lockPath(const QString& tipo, const QString& id) {
+    if (oConfig->DBPAth().isEmpty()) return {};
     return oConfig->DBPAth() + id + QLatin1Char('-') + tipo + QStringLiteral(".lck");
 }
 

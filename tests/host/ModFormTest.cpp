@@ -4,10 +4,10 @@
 #include "platform/Files.h"
 #include "platform/FormRegistry.h"
 #include "platform/SpecialFolders.h"
-#include "support/DialoghiDiProva.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDialog>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
@@ -82,6 +82,15 @@ TEST_F(Geometria, PassesOverNonsenseAndStaysOnTheScreen) {
         EXPECT_EQ(form->geometry(), caso.atteso);
         EXPECT_FALSE(form->isMaximized());
     }
+    ASSERT_TRUE(platform::files::writeAtomically(file(), "WindowsState=1\r\nWidth=420"));
+    QDialog senzaBottone;
+    senzaBottone.setObjectName(QStringLiteral("frmProva"));
+    CaricaGeometria(&senzaBottone);
+    EXPECT_FALSE(senzaBottone.isMinimized()) << "a modal window nobody sees";
+    EXPECT_EQ(senzaBottone.width(), 420);
+    form = finestra();
+    CaricaGeometria(form.get());
+    EXPECT_TRUE(form->isMinimized());
     const QRect schermo = QGuiApplication::primaryScreen()->availableGeometry();
     for (const char* testo : {"Left=20000\r\nTop=20000", "Left=-20000\r\nTop=-20000", "Width=30000\r\nHeight=30000"}) {
         SCOPED_TRACE(testo);
@@ -150,16 +159,6 @@ TEST(ModForm, AWindowWithoutItsCloseEntryClosesOnlyByItself) {
     EXPECT_TRUE(dalTelaio(form));
     DisabilitaChiudi(&form, true);
     EXPECT_TRUE(form.close());
-}
-
-TEST(ModForm, TheTaskDialogHandsTheCheckBoxBack) {
-    DialoghiDiProva dialoghi;
-    dialoghi.rispostaTask.checked = true;
-    OpzioniTask opzioni;
-    opzioni.casella = QStringLiteral("Non mostrare più");
-    MessaggioTask(QStringLiteral("Testo"), platform::MB_WARNING, QStringLiteral("Titolo"), &opzioni);
-    EXPECT_EQ(dialoghi.messaggi, QStringList{QStringLiteral("Testo")});
-    EXPECT_TRUE(opzioni.spuntata);
 }
 
 TEST(ModIcone, EveryStateHasAMarkOfItsOwn) {

@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QMainWindow>
 #include <QPoint>
+#include <iterator>
 
 namespace {
 
@@ -36,6 +37,22 @@ public:
 class FalsoPrincipale : public host::HostForm {
 public:
     QString Name() const override { return QStringLiteral("frmMain"); }
+};
+
+class Ricetta : public host::Prescrizione {
+public:
+    Ricetta(int tipoRicetta, const char* classeRicetta)
+        : tipo_(tipoRicetta)
+        , classe_(QLatin1String(classeRicetta)) {}
+    int tipo() const override { return tipo_; }
+    QString classe() const override { return classe_; }
+    void setClasse(const QString& classe) override { classe_ = classe; }
+    void setTipostampa(qint16 tipo) override { tipostampa = tipo; }
+    int tipostampa = -1;
+
+private:
+    int tipo_;
+    QString classe_;
 };
 
 class Eventi : public StudioConModulo {};
@@ -70,6 +87,7 @@ TEST_F(Eventi, ArgumentsOfTheWrongKindAreLeftAsTheyAre) {
         }
     }
     EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_EQ(evento("MainRibbonBar.ReturnTab", {false}), QVariantList{true}) << "names are read in any case";
     // A panel that is known, with less room than its answer needs.
     const QString pannello = NomiPannelli().first();
     EXPECT_EQ(evento("arcpannelli.daiparent", {pannello}), QVariantList{pannello});
@@ -78,6 +96,26 @@ TEST_F(Eventi, ArgumentsOfTheWrongKindAreLeftAsTheyAre) {
     const qint32 sintesi = idComandi.sintesi;
     evento("form.load", {QVariant::fromValue<host::HostForm*>(&falso)});
     EXPECT_EQ(idComandi.sintesi, sintesi) << "the ribbon is built once, on the real window";
+}
+
+TEST_F(Eventi, PrescriptionsGoOnTheWhiteFormWhenThePracticeWantsIt) {
+    const struct {
+        const char* opzione;
+        int tipo;
+        const char* classe;
+        const char* classeAttesa;
+        int stampaAttesa;
+    } casi[] = {
+        {"true", 1, "A", "C", 1}, {"true", 1, "B", "B", 1}, {"true", 2, "A", "A", 1}, {"false", 1, "A", "A", -1}};
+    for (const auto& caso : casi) {
+        SCOPED_TRACE(testing::Message() << caso.opzione << ' ' << caso.tipo << ' ' << caso.classe);
+        parametro("defaultFarmaciClasseC", QLatin1String(caso.opzione));
+        avvia();
+        Ricetta ricetta(caso.tipo, caso.classe);
+        evento("prescrizione.add", {QVariant::fromValue<host::Prescrizione*>(&ricetta)});
+        EXPECT_EQ(ricetta.classe(), QLatin1String(caso.classeAttesa));
+        EXPECT_EQ(ricetta.tipostampa, caso.stampaAttesa);
+    }
 }
 
 TEST_F(Eventi, AModuleWithoutAHostIgnoresThem) {
@@ -98,6 +136,8 @@ TEST_F(Eventi, AThousandRoundsOfEveryEventLeaveNothingBehind) {
     apriRossi();
     platform::installAddressOpener([](const QString&) { return true; });
     Ambulatorio ambulatorio;
+    FalsoPrincipale falso;
+    Ricetta ricetta(1, "A");
     const QVariant scrivania = QVariant::fromValue<host::HostForm*>(&ambulatorio);
     const qint32 comandi[] = {oConfig->IDService(QStringLiteral("CRVL.main.about")),
                               oConfig->IDService(QStringLiteral("CRVL.main.refresh")),
@@ -106,6 +146,9 @@ TEST_F(Eventi, AThousandRoundsOfEveryEventLeaveNothingBehind) {
                               idComandi.menuImmagini,
                               123456};
     const auto giro = [&] {
+        for (const char* nome : EVENTI)
+            evento(nome, {QStringLiteral("estraneo"), 1, QVariant()});
+        evento("form.load", {QVariant::fromValue<host::HostForm*>(&falso)});
         evento("form.load", {scrivania});
         evento("ambulatorio.ready");
         for (const qint32 comando : comandi)
@@ -115,9 +158,8 @@ TEST_F(Eventi, AThousandRoundsOfEveryEventLeaveNothingBehind) {
         QVariantList nomi = evento("listapannelli", {QStringList()});
         for (const QString& nome : nomi[0].toStringList())
             evento("arcpannelli.daiparent", {nome, 7, QVariant()});
-        evento("prescrizione.add", {QVariant()});
+        evento("prescrizione.add", {QVariant::fromValue<host::Prescrizione*>(&ricetta)});
         evento("registrazione", {QVariant()});
-        evento("sconosciuto", {1, 2, 3});
         evento("chiuditutto");
         dialoghi_.messaggi.clear();
     };
@@ -133,5 +175,8 @@ TEST_F(Eventi, AThousandRoundsOfEveryEventLeaveNothingBehind) {
     EXPECT_EQ(desk_->window()->findChildren<QObject*>().size(), oggetti);
     EXPECT_EQ(QApplication::topLevelWidgets().size(), aperte);
     EXPECT_FALSE(plugin_->terminated());
+    for (int i = 0; i < 1000; ++i)
+        evento(i == 0 ? "fine" : EVENTI[static_cast<std::size_t>(i) % std::size(EVENTI)], {1, 2, 3});
+    EXPECT_TRUE(plugin_->terminated());
     platform::installAddressOpener({});
 }

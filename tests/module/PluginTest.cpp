@@ -3,7 +3,6 @@
 #include "config/clsConfig.h"
 #include "desk/shell/PanelPage.h"
 #include "host/clsViewBase.h"
-#include "host/contract/Prescrizione.h"
 #include "module/modPannelli.h"
 #include "periodontal/clsParadontale.h"
 #include "platform/FormRegistry.h"
@@ -13,22 +12,6 @@
 #include <QTimer>
 
 namespace {
-
-class Ricetta : public host::Prescrizione {
-public:
-    Ricetta(int tipoRicetta, const char* classeRicetta)
-        : tipo_(tipoRicetta)
-        , classe_(QLatin1String(classeRicetta)) {}
-    int tipo() const override { return tipo_; }
-    QString classe() const override { return classe_; }
-    void setClasse(const QString& classe) override { classe_ = classe; }
-    void setTipostampa(qint16 tipo) override { tipostampa = tipo; }
-    int tipostampa = -1;
-
-private:
-    int tipo_;
-    QString classe_;
-};
 
 class PluginTest : public StudioConModulo {};
 
@@ -123,41 +106,6 @@ TEST_F(PluginTest, GivesItsFivePanelsAndLeavesForeignOnesAlone) {
     }
     const QVariantList estraneo{QStringLiteral("Altro"), 7, QVariant()};
     EXPECT_EQ(evento("arcpannelli.daiparent", estraneo), estraneo);
-}
-
-TEST_F(PluginTest, EventsWithoutTheirArgumentsDoNoHarm) {
-    avvia();
-    for (const char* nome :
-         {"registrazione", "ambulatorio.ready", "form.load", "chiuditutto", "execute", "mainribbonbar.returntab",
-          "mainribbonbar.activetab", "listapannelli", "arcpannelli.daiparent", "prescrizione.add", "sconosciuto"}) {
-        SCOPED_TRACE(nome);
-        EXPECT_TRUE(evento(nome).isEmpty());
-        evento(nome, {QVariant(), QStringLiteral("x")});
-        EXPECT_FALSE(plugin_->terminated());
-    }
-    EXPECT_EQ(evento("arcpannelli.daiparent", {NomiPannelli().first()}).size(), 1);
-    EXPECT_EQ(evento("MainRibbonBar.ReturnTab", {false}), QVariantList{true});
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
-}
-
-TEST_F(PluginTest, PrescriptionsGoOnTheWhiteFormWhenThePracticeWantsIt) {
-    const struct {
-        const char* opzione;
-        int tipo;
-        const char* classe;
-        const char* classeAttesa;
-        int stampaAttesa;
-    } casi[] = {
-        {"true", 1, "A", "C", 1}, {"true", 1, "B", "B", 1}, {"true", 2, "A", "A", 1}, {"false", 1, "A", "A", -1}};
-    for (const auto& caso : casi) {
-        SCOPED_TRACE(testing::Message() << caso.opzione << ' ' << caso.tipo << ' ' << caso.classe);
-        parametro("defaultFarmaciClasseC", QLatin1String(caso.opzione));
-        avvia();
-        Ricetta ricetta(caso.tipo, caso.classe);
-        evento("prescrizione.add", {QVariant::fromValue<host::Prescrizione*>(&ricetta)});
-        EXPECT_EQ(ricetta.classe(), QLatin1String(caso.classeAttesa));
-        EXPECT_EQ(ricetta.tipostampa, caso.stampaAttesa);
-    }
 }
 
 TEST_F(PluginTest, TheTimerRereadsTheLoadedPanels) {

@@ -131,6 +131,8 @@ TEST_F(Layout, TheSingleSheetAndOddEntriesOfTheConfiguration) {
     EXPECT_EQ(comando("CRVL0303")->tooltip(), u8("Consulta il piano del paziente"));
     EXPECT_TRUE(comando("CRVL0303")->beginsGroup());
     EXPECT_EQ(comando("CRVL0302"), nullptr);
+    apriRossi();
+    EXPECT_TRUE(comando("CRVL0303")->Enabled()) << "the sheet opens for a patient without plans too";
     EXPECT_EQ(gruppi("Odontoiatria").value(5), u8("Archivi:CRVL0401 CRVL0402 CRVL0801 CRVL0802"));
     EXPECT_EQ(comando("CRVL0401")->Style(), host::StileBottone::IconaEDidascalia) << "a style that is none";
     EXPECT_FALSE(comando("CRVL0401")->beginsGroup()) << "only 1 begins a group";

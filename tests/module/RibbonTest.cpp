@@ -67,33 +67,6 @@ TEST_F(RibbonTest, ThePatientsPlanFollowsThePatient) {
     EXPECT_FALSE(scrivania()->Enabled());
 }
 
-TEST_F(RibbonTest, TheSingleSheetHasOneButtonOnly) {
-    parametro("unicaScheda", QStringLiteral("true"));
-    avvia();
-    EXPECT_EQ(bottone("CRVL0302"), nullptr);
-    ASSERT_NE(bottone("CRVL0303"), nullptr);
-    EXPECT_EQ(bottone("CRVL0303")->Caption(), QStringLiteral("Apri"));
-    apriRossi();
-    EXPECT_TRUE(acceso("CRVL0303")) << "the sheet opens for a patient without plans too";
-}
-
-TEST_F(RibbonTest, TrimsTheHostOnlyForADentalPractice) {
-    int provati = 0;
-    for (const bool mmg : {false, true}) {
-        SCOPED_TRACE(mmg);
-        parametro("utilizzoMMG", mmg ? QStringLiteral("true") : QStringLiteral("false"));
-        avvia();
-        for (const qint32 id : {11, 20, 69, 420}) {
-            const host::RibbonControl* controllo = desk_->host().Framework().FindRibbonControl(id);
-            if (!controllo) continue; // a host need not have them all
-            EXPECT_EQ(controllo->Visible(), mmg) << id;
-            ++provati;
-        }
-        ASSERT_NE(desk_->host().Framework().FindRibbonControl(idComandi.sintesi), nullptr);
-    }
-    EXPECT_GT(provati, 0);
-}
-
 TEST_F(RibbonTest, AListOpensOnceAndNeedsNoPatient) {
     avvia();
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0301")));

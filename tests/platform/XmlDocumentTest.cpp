@@ -1,6 +1,8 @@
 #include "platform/XmlDocument.h"
+#include "platform/Files.h"
 
 #include <QFile>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -159,6 +161,31 @@ TEST(XmlDocument, OnlyADirectChildIsRemoved) {
     document.removeChild(root);
     EXPECT_FALSE(document.root());
     EXPECT_THROW(document.removeChild(none), XmlError);
+}
+
+TEST(XmlDocument, AFileIsReadInTheEncodingThatItDeclares) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u8("Config.xml"));
+    const QString text = u8("<a x=\"citt\u00e0 \u20ac\"/>");
+    QStringEncoder utf16(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom);
+    const struct {
+        const char* name;
+        QByteArray content;
+    } cases[] = {
+        {"none", text.toUtf8()},
+        {"byte order mark", "\xEF\xBB\xBF" + text.toUtf8()},
+        {"windows-1252", "<?xml version=\"1.0\" encoding=\"windows-1252\"?><a x=\"citt\xE0 \x80\"/>"},
+        {"UTF-16", QByteArray(utf16(text))},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.name);
+        ASSERT_TRUE(platform::files::writeAtomically(path, one.content));
+        XmlDocument document;
+        ASSERT_TRUE(document.loadFile(path)) << document.lastError().toStdString();
+        EXPECT_EQ(document.root().attribute("x"), u8("citt\u00e0 \u20ac"));
+        ASSERT_TRUE(document.saveFile(path));
+        EXPECT_TRUE(XmlDocument().loadFile(path)) << "what is written back declares what it is";
+    }
 }
 
 TEST(XmlDocument, FilesAreReadAndReplacedWhole) {
