@@ -24,11 +24,14 @@ QString inBlu(const QString& testo) {
 void informazioni() {
     if (!oConfig) return;
     const QString aCapo = QStringLiteral("<LineBreak/>");
-    const QString testo = QStringLiteral("<TextBlock TextWrapping='Wrap'>"
-                                         "<Run Foreground='Red'>Tessara 5000 V6. Modulo Odontoiatrico</Run>") +
-                          aCapo + aCapo + QStringLiteral("Versione Plugin CORVALA: ") +
-                          inBlu(QStringLiteral(CORVALA_VERSION)) + aCapo + QStringLiteral("Percorso configurazione: ") +
-                          inBlu(QDir::toNativeSeparators(oConfig->FileName())) + QStringLiteral("</TextBlock>");
+    QString testo = QStringLiteral("<TextBlock TextWrapping='Wrap'>"
+                                   "<Run Foreground='Red'>Tessara 5000 V6. Modulo Odontoiatrico</Run>") +
+                    aCapo + aCapo + QStringLiteral("Versione Plugin CORVALA: ") +
+                    inBlu(QStringLiteral(CORVALA_VERSION)) + aCapo + QStringLiteral("Percorso configurazione: ") +
+                    inBlu(QDir::toNativeSeparators(oConfig->FileName()));
+    if (const QString credito = QStringLiteral(CORVALA_CREDIT); !credito.isEmpty())
+        testo += aCapo + aCapo + credito.toHtmlEscaped();
+    testo += QStringLiteral("</TextBlock>");
     MessaggioTask(testo, platform::MB_INFORMATION, QStringLiteral("Tessara 5000 V6"));
 }
 

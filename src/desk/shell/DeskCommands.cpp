@@ -57,8 +57,8 @@ constexpr Row ROWS[] = {
     {STRUMENTI, u"Programma", IMPOSTAZIONI, u"Impostazioni", u"Impostazioni del programma per l'utente", "impostazioni",
      LARGE, true},
     {STRUMENTI, u"Programma", UTENTI, u"Utenti", u"Chi lavora nello studio, e le password", "utenti", LARGE, true},
-    {STRUMENTI, u"Programma", ARCHIVIO_DATI, u"Archivio dati", u"Dati liberi dello studio e modelli di stampa", "archivi",
-     LARGE, true},
+    {STRUMENTI, u"Programma", ARCHIVIO_DATI, u"Archivio dati", u"Dati liberi dello studio e modelli di stampa",
+     "archivi", LARGE, true},
     {STRUMENTI, u"Programma", COPIA_SICUREZZA, u"Copia di sicurezza\u2026", u"Copia di sicurezza dell'archivio",
      "copia", LARGE, true},
     {STRUMENTI, u"Programma", RIPRISTINA_COPIA, u"Ripristina copia\u2026", u"Ripristina una copia di sicurezza",
@@ -94,7 +94,7 @@ constexpr Entry ENTRIES[] = {
     {4, 1020, u"Patient Summary"},
     {4, 1021, u"Fatture"},
     {4, 1022, u"Spesa per paziente"},
-    {74, 1031, u"Elenco pazienti"},
+    {74, ELENCO_PAZIENTI, u"Elenco pazienti"},
     {74, 1032, u"Pazienti per fascia di et\u00e0"},
     {74, 1033, u"Accessi per periodo"},
     {74, 1034, u"Fatture"},
@@ -132,7 +132,7 @@ void buildStandardRibbon(RibbonBar& ribbon, CommandList& commands) {
             host::BottoneRibbon description;
             description.id = entry.id;
             description.caption = QString::fromUtf16(entry.caption);
-            description.enabled = false;
+            description.enabled = entry.id == ELENCO_PAZIENTI;
             commands.addEntry(*command, description);
         }
         group->addButton(*command);

@@ -26,6 +26,7 @@ enum DeskCommand : qint32 {
     SCADENZE = 1003,
     FILE_ALLEGATI = 1004,
     VISITE = 1005,
+    ELENCO_PAZIENTI = 1031,
 };
 
 /// Fills the ribbon with the desk's own tabs. The numbers of the commands are part of the contract: modules look them

@@ -247,6 +247,7 @@ void Desk::Parts::run(const Command& command) {
     const QString why = guarded([&] {
         switch (id) {
         case CERCA_PAZIENTE:
+        case ELENCO_PAZIENTI:
             searchPatient();
             break;
         case CHIUDI_PAZIENTE:
