@@ -32,7 +32,6 @@ protected:
 private:
     // What it is made of (frmConfigCampi.cpp).
     void costruisci();
-    QWidget* testata();
     void aggiungiCornice(const QString& voce, QWidget* cornice);
     QWidget* pbIntestazione();
     QWidget* pbTrattamenti();

@@ -82,6 +82,17 @@ QLabel* notaRientrata(const QString& testo) {
     return fatta;
 }
 
+/// An array of check boxes, one a row.
+template <std::size_t N>
+void caselle(std::array<QCheckBox*, N>& array, const char* nome, const std::array<QString, N>& didascalie,
+             QGridLayout& griglia) {
+    for (std::size_t i = 0; i < N; ++i) {
+        const int riga = static_cast<int>(i);
+        array[i] = form::named(new QCheckBox(didascalie[i], griglia.parentWidget()), form::arrayName(nome, riga));
+        griglia.addWidget(array[i], riga, 0, 1, 2);
+    }
+}
+
 } // namespace
 
 void frmConfig::costruisci() {
@@ -113,20 +124,10 @@ void frmConfig::costruisci() {
     auto* colonna = new QVBoxLayout(this);
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(0);
-    colonna->addWidget(testata());
+    colonna->addWidget(form::titleStrip(QStringLiteral("PARAMETRI PROCEDURA"), QString(), this));
     colonna->addLayout(corpo, 1);
     resize(820, 420);
     treeView1_->setFocus();
-}
-
-QWidget* frmConfig::testata() {
-    auto* picTop = form::named(new QFrame(this), QStringLiteral("picTop"));
-    picTop->setAutoFillBackground(true);
-    picTop->setBackgroundRole(QPalette::Base);
-    auto* riga = new QHBoxLayout(picTop);
-    riga->setContentsMargins(14, 10, 14, 10);
-    riga->addWidget(form::heading(QStringLiteral("laTitoloForm"), QStringLiteral("PARAMETRI PROCEDURA"), picTop));
-    return picTop;
 }
 
 void frmConfig::aggiungiCornice(const QString& voce, QWidget* cornice) {
@@ -154,11 +155,7 @@ QWidget* frmConfig::pbTrattamenti() {
     QGroupBox* fatta = cornice("pbTrattamenti", QStringLiteral("Piani di trattamento"), griglia);
     const std::array<QString, TRATTAMENTI> didascalie{QStringLiteral("Evidenzia status dente per lavori ancora aperti"),
                                                       QStringLiteral("Unica scheda per paziente")};
-    for (std::size_t i = 0; i < cbTrattamenti_.size(); ++i) {
-        cbTrattamenti_[i] =
-            form::named(new QCheckBox(didascalie[i], fatta), form::arrayName("cbTrattamenti", static_cast<int>(i)));
-        griglia->addWidget(cbTrattamenti_[i], static_cast<int>(i), 0, 1, 2);
-    }
+    caselle(cbTrattamenti_, "cbTrattamenti", didascalie, *griglia);
     griglia->addWidget(notaRientrata(QStringLiteral("I comandi della barra cambiano dal prossimo avvio.")), TRATTAMENTI,
                        0, 1, 2);
     return fatta;
@@ -225,11 +222,7 @@ QWidget* frmConfig::pbOpzioni() {
         QStringLiteral("Mostra appunti importanti di paziente con finestra modale"),
         QStringLiteral("In inserimento nuovo documento (preventivo, trattamento, fattura) predisponi un rigo vuoto"),
         QStringLiteral("Non nascondere le funzionalità previste per i Medici MMG")};
-    for (std::size_t i = 0; i < cbOpzioni_.size(); ++i) {
-        const int riga = static_cast<int>(i);
-        cbOpzioni_[i] = form::named(new QCheckBox(didascalie[i], fatta), form::arrayName("cbOpzioni", riga));
-        griglia->addWidget(cbOpzioni_[i], riga, 0, 1, 2);
-    }
+    caselle(cbOpzioni_, "cbOpzioni", didascalie, *griglia);
     griglia->addWidget(notaRientrata(QStringLiteral("La barra dei comandi cambia dal prossimo avvio.")), OPZIONI, 0, 1,
                        2);
     return fatta;

@@ -35,15 +35,6 @@ frmListaReports::frmListaReports(const clsListaReports& reports, QWidget* parent
     : QDialog(parent) {
     setObjectName(QStringLiteral("frmListaReports"));
     setWindowTitle(TitoloForm(QStringLiteral("Elenco Reports")));
-    auto* picTop = form::named(new QFrame(this), QStringLiteral("picTop"));
-    picTop->setAutoFillBackground(true);
-    picTop->setBackgroundRole(QPalette::Base);
-    auto* testata = new QVBoxLayout(picTop);
-    testata->setContentsMargins(14, 10, 14, 10);
-    testata->setSpacing(2);
-    testata->addWidget(form::heading(QStringLiteral("laTitoloForm"), QStringLiteral("ELENCO REPORTS"), picTop));
-    testata->addWidget(new QLabel(
-        QStringLiteral("Il tasto destro, o Invio, assegna il modello ai preventivi o alle fatture."), picTop));
     costruisciLista(reports);
     cbChiudi_ = form::button(QStringLiteral("cbChiudi"), QStringLiteral("&Chiudi"), this);
     cbChiudi_->setDefault(true);
@@ -57,7 +48,9 @@ frmListaReports::frmListaReports(const clsListaReports& reports, QWidget* parent
     auto* colonna = new QVBoxLayout(this);
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(0);
-    colonna->addWidget(picTop);
+    colonna->addWidget(form::titleStrip(
+        QStringLiteral("ELENCO REPORTS"),
+        QStringLiteral("Il tasto destro, o Invio, assegna il modello ai preventivi o alle fatture."), this));
     colonna->addLayout(corpo, 1);
     resize(520, 360);
     rcLista_->setFocus();

@@ -2,6 +2,7 @@
 
 #include "platform/DateBox.h"
 
+#include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -57,6 +58,20 @@ QLabel* heading(const QString& name, const QString& text, QWidget* parent) {
     label->setForegroundRole(QPalette::Highlight);
     label->setContentsMargins(0, 2, 0, 4);
     return label;
+}
+
+QFrame* titleStrip(const QString& title, const QString& hint, QWidget* parent) {
+    auto* strip = named(new QFrame(parent), QStringLiteral("picTop"));
+    strip->setAutoFillBackground(true);
+    strip->setBackgroundRole(QPalette::Base);
+    auto* grid = new QGridLayout(strip);
+    grid->setContentsMargins(14, 10, 14, 10);
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(2);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(heading(QStringLiteral("laTitoloForm"), title, strip), 0, 1);
+    if (!hint.isEmpty()) grid->addWidget(new QLabel(hint, strip), 1, 1);
+    return strip;
 }
 
 QLabel* labelledRow(QGridLayout* grid, int row, int column, const QString& caption, QWidget* control, int span) {

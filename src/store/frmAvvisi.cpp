@@ -7,6 +7,7 @@
 #include "platform/Regional.h"
 
 #include <QFrame>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -56,19 +57,13 @@ frmAvvisi::frmAvvisi(QWidget* parent)
 }
 
 QWidget* frmAvvisi::testata() {
-    auto* picTop = platform::form::named(new QFrame(this), QStringLiteral("picTop"));
-    picTop->setAutoFillBackground(true);
-    picTop->setBackgroundRole(QPalette::Base);
-    auto* segno = new QLabel(picTop);
-    segno->setPixmap(platform::messageIcon(platform::MB_WARNING, 32, devicePixelRatioF()));
-    laTitoloForm_ = platform::form::heading(QStringLiteral("laTitoloForm"), QString(), picTop);
+    QFrame* picTop = platform::form::titleStrip(QString(), QString(), this);
+    laTitoloForm_ = picTop->findChild<QLabel*>(QStringLiteral("laTitoloForm"));
     laTitoloForm_->setTextFormat(Qt::PlainText); // a name is never markup
     laTitoloForm_->setWordWrap(true);
-    auto* riga = new QHBoxLayout(picTop);
-    riga->setContentsMargins(14, 10, 14, 10);
-    riga->setSpacing(12);
-    riga->addWidget(segno);
-    riga->addWidget(laTitoloForm_, 1);
+    auto* segno = new QLabel(picTop);
+    segno->setPixmap(platform::messageIcon(platform::MB_WARNING, 32, devicePixelRatioF()));
+    static_cast<QGridLayout*>(picTop->layout())->addWidget(segno, 0, 0);
     return picTop;
 }
 
