@@ -34,6 +34,21 @@ QString descriptionOfVat(const QString& codice) {
     return found;
 }
 
+template <class Entries>
+QString longestDescription(const Entries* entries) {
+    QString longest;
+    if (entries == nullptr) return longest;
+    for (const auto& entry : *entries)
+        if (entry.descrizione.size() > longest.size()) longest = entry.descrizione;
+    return longest;
+}
+
+platform::ReportColumn columnFor(const QString& caption, const QString& longestText) {
+    platform::ReportColumn column{caption, 80};
+    column.sample = longestText;
+    return column;
+}
+
 bool contains(const QString& text, const QString& part) {
     return part.isEmpty() || text.contains(part, Qt::CaseInsensitive);
 }
@@ -92,9 +107,9 @@ void frmSceltaServizio::buildGrid() {
     // 60, or what a code of eight letters takes in the font of the screen.
     const int codeWidth = std::max(60, fontMetrics().horizontalAdvance(QStringLiteral("OTTURAZ2")) + 16);
     rcLista_->addColumn({QStringLiteral("Codice"), codeWidth});
-    rcLista_->addColumn({QStringLiteral("IVA"), 80});
+    rcLista_->addColumn(columnFor(QStringLiteral("IVA"), longestDescription(colIva)));
     rcLista_->addColumn({QStringLiteral("Un.Mis"), 80});
-    rcLista_->addColumn({QStringLiteral("Ragg.Merc."), 80});
+    rcLista_->addColumn(columnFor(QStringLiteral("Ragg.Merc."), longestDescription(colRaggMerc)));
     rcLista_->addColumn({QStringLiteral("Descrizione"), 200, true});
     rcLista_->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QStringLiteral("Ordina per "));
     rcLista_->setGroupBoxVisible(false);

@@ -21,10 +21,15 @@ template <class T>
 class Collection {
 public:
     void add(const QString& key, T value) {
-        const QString folded = key.toCaseFolded();
-        if (index_.contains(folded)) throw DuplicateKey(key);
-        index_.insert(folded, values_.size());
+        const auto before = index_.size();
+        std::size_t& place = index_[key.toCaseFolded()];
+        if (index_.size() == before) throw DuplicateKey(key);
+        place = values_.size();
         values_.push_back(std::move(value));
+    }
+    void reserve(std::size_t count) {
+        values_.reserve(count);
+        index_.reserve(static_cast<qsizetype>(count));
     }
     const T* find(const QString& key) const {
         const auto found = index_.constFind(key.toCaseFolded());

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/CellFont.h"
+
 #include <QColor>
-#include <QFont>
 #include <QRect>
 
 class QPainter;
@@ -44,11 +45,12 @@ struct ReportCellParts {
 };
 
 /// Paints the cells and group heads of a report grid. The selection tints a cell and frames its row, so that the
-/// colours that tell the state of the work stay readable in it.
+/// colours that tell the state of the work stay readable in it. Serves as long as the widget keeps its font.
 class ReportCellPainter {
 public:
     ReportCellPainter(const ReportColours& colours, const QWidget& widget);
 
+    const QFont& font() const { return plain_.font(); }
     void cell(QPainter& painter, const QRect& area, const ReportCell& cell, const ReportCellState& state) const;
     void groupHead(QPainter& painter, const QRect& area, const QString& text, int indent, bool open,
                    bool selected) const;
@@ -63,7 +65,8 @@ private:
 
     const ReportColours& colours_;
     const QWidget& widget_;
-    QFont bold_;
+    CellFont plain_;
+    CellFont bold_;
 };
 
 } // namespace platform

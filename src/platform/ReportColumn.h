@@ -14,7 +14,8 @@ struct ReportColumn {
     bool sortable = true;
     bool editable = false;
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
-    /// A text that is to be read whole even in bold: a fixed column grows to it, a resizable one asks for that share.
+    /// A text that is to be read whole even in bold: a fixed column grows to it, a resizable one takes that
+    /// much as long as the others stay readable.
     QString sample = QString();
 };
 

@@ -11,7 +11,8 @@
 namespace platform {
 
 namespace {
-constexpr int narrowest = 60; ///< A resizable column never shrinks below this or its own width.
+constexpr int narrowest = 60;    ///< A resizable column never shrinks below this or its own width.
+constexpr int comfortable = 120; ///< What a resizable column keeps when another needs room for its sample.
 
 /// A date with its margins takes 64 of the units in which columns are measured.
 qreal unit(const QTreeView& view) {
@@ -75,6 +76,7 @@ void ReportColumnWidths::share(QList<int> columns, int room, const std::function
             again = true;
         }
     }
+    wholeSamples(columns, room, weight);
     int weights = total();
     for (int i : columns) {
         // The last one takes the rest of the roundings, so that the columns end at the edge.
@@ -82,6 +84,25 @@ void ReportColumnWidths::share(QList<int> columns, int room, const std::function
         view_.setColumnWidth(i, width);
         room -= width;
         weights -= weight(i);
+    }
+}
+
+// A text that is to be read whole comes before room to spare in the other columns.
+void ReportColumnWidths::wholeSamples(QList<int>& columns, int& room, const std::function<int(int)>& weight) {
+    const qreal scale = unit(view_);
+    const auto sum = [&columns](const auto& part) {
+        return std::accumulate(columns.cbegin(), columns.cend(), 0, [&](int all, int i) { return all + part(i); });
+    };
+    const auto readable = [this, scale](int i) {
+        return static_cast<int>(std::lround(std::min(model_.column(i).width, comfortable) * scale));
+    };
+    for (const int i : QList<int>(columns)) {
+        const int others = sum(readable) - readable(i);
+        const int width = std::min(sampleWidth(view_, model_.column(i).sample), room - others);
+        if (width <= room * weight(i) / sum(weight)) continue;
+        view_.setColumnWidth(i, width);
+        room -= width;
+        columns.removeOne(i);
     }
 }
 

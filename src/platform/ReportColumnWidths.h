@@ -21,6 +21,7 @@ public:
     void dragged(int column, int width);
 
 private:
+    void wholeSamples(QList<int>& columns, int& room, const std::function<int(int)>& weight);
     void share(QList<int> columns, int room, const std::function<int(int)>& least);
 
     ReportGridModel& model_;

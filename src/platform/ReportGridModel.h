@@ -54,8 +54,9 @@ public:
     bool isGroupHead(const QModelIndex& index) const;
     QString groupText(const QModelIndex& index) const; ///< "caption: value (count)".
     const ReportCell& cellAt(const QModelIndex& index) const;
-    int spanStart(const QModelIndex& index) const;  ///< The column whose cell covers this one.
-    bool hasTree() const { return rows_.nested(); } ///< Whether any row has rows below it.
+    static const ReportCell& cellIn(const ReportRecord& record, int column); ///< An empty one beyond its cells.
+    int spanStart(const QModelIndex& index) const;                           ///< The column whose cell covers this one.
+    bool hasTree() const { return rows_.nested(); }                          ///< Whether any row has rows below it.
 
     void setEditing(bool editable, bool readOnly);
     bool isEditable(const QModelIndex& index) const;
@@ -87,7 +88,6 @@ private:
     void removeRow(int id);
     std::vector<int> arrangedOrder() const;
     void rebuild(const std::vector<int>& order);
-    static const ReportCell& cellIn(const ReportRecord& record, int column); ///< An empty one beyond its cells.
     QVariant look(const ReportCell& cell, int column, int role) const;
 
     std::vector<ReportColumn> columns_;

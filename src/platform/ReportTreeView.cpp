@@ -148,11 +148,14 @@ int ReportTreeView::indentOf(const QModelIndex& index) const {
 
 QRect ReportTreeView::cellRect(const QModelIndex& index) const {
     if (!index.isValid()) return {};
-    const QRect row = visualRect(index.siblingAtColumn(firstColumn()));
     const int first = model_.spanStart(index);
-    const int covered = std::max(1, model_.cellAt(index.siblingAtColumn(first)).style().mergedColumns);
+    return columnsIn(visualRect(index.siblingAtColumn(firstColumn())), first,
+                     model_.cellAt(index.siblingAtColumn(first)).style().mergedColumns);
+}
+
+QRect ReportTreeView::columnsIn(const QRect& row, int first, int covered) const {
     QRect area;
-    for (int column = first; column < std::min(first + covered, model_.columns()); ++column) {
+    for (int column = first; column < std::min(first + std::max(1, covered), model_.columns()); ++column) {
         if (isColumnHidden(column)) continue;
         area |= QRect(columnViewportPosition(column), row.top(), columnWidth(column), row.height());
     }
@@ -192,13 +195,18 @@ void ReportTreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& opti
         return;
     }
     const QModelIndex head = index.siblingAtColumn(0);
-    const ReportCellPainter cells(colours_, *this);
-    cells.groupHead(*painter, option.rect, model_.groupText(head), indentOf(head), isExpanded(head),
-                    selectionModel()->isSelected(head));
+    cells().groupHead(*painter, option.rect, model_.groupText(head), indentOf(head), isExpanded(head),
+                      selectionModel()->isSelected(head));
+}
+
+const ReportCellPainter& ReportTreeView::cells() const {
+    if (!cells_ || cells_->font() != font()) cells_.emplace(colours_, *this);
+    return *cells_;
 }
 
 void ReportTreeView::paintRecord(QPainter& painter, const QRect& row, const QModelIndex& index) const {
-    const ReportCellPainter cells(colours_, *this);
+    const ReportCellPainter& painted = cells();
+    const ReportRecord* record = model_.recordAt(index);
     const QModelIndex current = currentIndex();
     const bool currentRow = current.isValid() && current.siblingAtColumn(0) == index;
     const int focusedColumn = currentRow && cellFocus_ ? model_.spanStart(current) : -1;
@@ -210,26 +218,25 @@ void ReportTreeView::paintRecord(QPainter& painter, const QRect& row, const QMod
     state.enabled = isEnabled();
     int end = 0;
     for (int column = 0; column < model_.columns();) {
-        const ReportCell& cell = model_.cellAt(index.siblingAtColumn(column));
+        const ReportCell& cell = ReportGridModel::cellIn(*record, column);
         const int covered = std::max(1, cell.style().mergedColumns);
-        const QModelIndex at = index.siblingAtColumn(column);
-        const QRect area = cellRect(at);
+        const QRect area = columnsIn(row, column, covered);
         if (!area.isEmpty() && area.intersects(viewport()->rect())) {
             state.alignment = model_.column(column).alignment;
             state.focused = column == focusedColumn && state.selected;
-            state.indent = column == first ? indentOf(at) : 0;
-            cells.cell(painter, area, cell, state);
+            state.indent = column == first ? indentOf(index.siblingAtColumn(column)) : 0;
+            painted.cell(painter, area, cell, state);
             if (state.indent > 0 && model_.rowCount(index) > 0) {
-                cells.expander(painter,
-                               QRect(area.left() + state.indent - depthIndent, area.top(), depthIndent, area.height()),
-                               isExpanded(index));
+                painted.expander(
+                    painter, QRect(area.left() + state.indent - depthIndent, area.top(), depthIndent, area.height()),
+                    isExpanded(index));
             }
         }
         if (!area.isEmpty()) end = std::max(end, area.right() + 1);
         column += covered;
     }
     state.focused = false;
-    if (end < row.right()) cells.rest(painter, QRect(end, row.top(), row.right() - end + 1, row.height()), state);
+    if (end < row.right()) painted.rest(painter, QRect(end, row.top(), row.right() - end + 1, row.height()), state);
 }
 
 void ReportTreeView::paintEvent(QPaintEvent* event) {

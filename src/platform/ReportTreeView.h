@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QTreeView>
 #include <functional>
+#include <optional>
 
 namespace platform {
 
@@ -76,6 +77,8 @@ private:
     void forgetDisplayed() { displayedKnown_ = false; }
     void collectDisplayed(const QModelIndex& parent) const;
     int firstColumn() const;
+    QRect columnsIn(const QRect& row, int first, int covered) const;
+    const ReportCellPainter& cells() const;
     ReportCellParts partsOf(const QModelIndex& index) const;
     Part partAt(const QModelIndex& index, const QPoint& position) const;
     QModelIndex stepColumn(const QModelIndex& from, int step) const;
@@ -96,6 +99,7 @@ private:
     ReportRecord* changedRecord_ = nullptr;
     int changedColumn_ = 0;
     bool cellFocus_ = false;
+    mutable std::optional<ReportCellPainter> cells_; ///< For the present font.
     mutable std::vector<QModelIndex> displayed_;
     mutable bool displayedKnown_ = false;
     mutable bool indented_ = false; ///< Some record has child records.

@@ -75,14 +75,24 @@ QString toBase64(const QString& text) {
     return QString::fromLatin1(toSingleByte(text).toBase64());
 }
 
-QString fromBase64(const QString& encoded) {
+namespace {
+
+char16_t codeOf(QChar letter) {
+    return letter.unicode();
+}
+char16_t codeOf(char letter) {
+    return static_cast<unsigned char>(letter);
+}
+
+template <class Letters>
+QString decode(const Letters& encoded) {
     if (encoded.isEmpty()) return {};
     QString text(encoded.size() * 3 / 4, Qt::Uninitialized);
     QChar* out = text.data();
     quint32 collected = 0;
     int bits = 0;
-    for (const QChar letter : encoded) {
-        const char16_t code = letter.unicode();
+    for (const auto letter : encoded) {
+        const char16_t code = codeOf(letter);
         const quint8 value = code < BASE64_VALUES.size() ? BASE64_VALUES[code] : NOT_BASE64;
         if (value == NOT_BASE64) continue;
         collected = (collected << 6) | value;
@@ -93,6 +103,16 @@ QString fromBase64(const QString& encoded) {
     }
     text.resize(out - text.constData());
     return text;
+}
+
+} // namespace
+
+QString fromBase64(const QString& encoded) {
+    return decode(encoded);
+}
+
+QString fromBase64(const QByteArray& encoded) {
+    return decode(encoded);
 }
 
 } // namespace platform

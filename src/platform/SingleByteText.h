@@ -15,5 +15,6 @@ QString fromSingleByte(QByteArrayView bytes);
 /// skips characters outside the alphabet. Done in one pass, since every list reads thousands of them.
 QString toBase64(const QString& text);
 QString fromBase64(const QString& encoded);
+QString fromBase64(const QByteArray& encoded);
 
 } // namespace platform

@@ -68,6 +68,14 @@ QString contentOf(xmlDoc* doc, xmlNode* list) {
     return toText(joined.get());
 }
 
+QByteArray bytesOf(xmlDoc* doc, xmlNode* list) {
+    if (!list) return {};
+    if (!list->next && list->type == XML_TEXT_NODE)
+        return QByteArray::fromRawData(chars(list->content), xmlStrlen(list->content));
+    const Owned<xmlChar> joined(xmlNodeListGetString(doc, list, 1));
+    return QByteArray(chars(joined.get()));
+}
+
 xmlAttr* findAttribute(const xmlNode* node, const char* name) {
     if (!node) return nullptr;
     xmlAttr* attribute = node->properties;
@@ -101,6 +109,18 @@ std::vector<xmlNode*> evaluate(xmlDoc* doc, xmlNode* from, const char* xpath) {
     std::copy_if(result->nodesetval->nodeTab, result->nodesetval->nodeTab + result->nodesetval->nodeNr,
                  std::back_inserter(elements), [](const xmlNode* node) { return node->type == XML_ELEMENT_NODE; });
     return elements;
+}
+
+/// Setting up a parser costs as much as reading a small record, so one serves for many documents; with it stay the
+/// names that it has met, which is why it does not serve for ever.
+xmlParserCtxt& parser() {
+    constexpr int MOST_NAMES = 4096;
+    static thread_local Owned<xmlParserCtxt> kept;
+    if (!kept || xmlDictSize(kept->dict) > MOST_NAMES) {
+        kept.reset(xmlNewParserCtxt());
+        kept->sax->internalSubset = refuseDocumentType;
+    }
+    return *kept;
 }
 
 QString describe(const xmlParserCtxt& context) {
@@ -153,6 +173,17 @@ QString XmlNode::attribute(const char* name, const QString& otherwise) const {
 
 bool XmlNode::hasAttribute(const char* name) const {
     return findAttribute(node_, name) != nullptr;
+}
+
+QByteArray XmlNode::attributeBytes(const char* name) const {
+    const xmlAttr* found = findAttribute(node_, name);
+    return found ? bytesOf(found->doc, found->children) : QByteArray();
+}
+
+QByteArray XmlNode::textBytes() const {
+    if (!node_ || !node_->children) return {};
+    if (!node_->children->next && node_->children->type == XML_TEXT_NODE) return bytesOf(node_->doc, node_->children);
+    return text().toUtf8();
 }
 
 std::vector<std::pair<QString, QString>> XmlNode::attributes() const {
@@ -233,11 +264,10 @@ bool XmlDocument::parse(const QByteArray& content, const char* encoding, int opt
     static const bool ready = (xmlInitParser(), true);
     Q_UNUSED(ready)
     doc_.reset();
-    const Owned<xmlParserCtxt> context(xmlNewParserCtxt());
-    context->sax->internalSubset = refuseDocumentType;
-    doc_.reset(xmlCtxtReadMemory(context.get(), content.constData(), static_cast<int>(content.size()), nullptr,
-                                 encoding, options));
-    lastError_ = doc_ ? QString() : describe(*context);
+    xmlParserCtxt& context = parser();
+    doc_.reset(xmlCtxtReadMemory(&context, content.constData(), static_cast<int>(content.size()), nullptr, encoding,
+                                 options));
+    lastError_ = doc_ ? QString() : describe(context);
     return doc_ != nullptr;
 }
 

@@ -34,6 +34,9 @@ public:
     std::optional<QString> attribute(const char* name) const;   ///< Nothing when absent. ASCII names.
     QString attribute(const char* name, const QString& otherwise) const;
     bool hasAttribute(const char* name) const;
+    /// UTF-8 of an attribute or of the text, borrowed from the document where it lies in one piece; empty when absent.
+    QByteArray attributeBytes(const char* name) const;
+    QByteArray textBytes() const;
     std::vector<std::pair<QString, QString>> attributes() const; ///< Names and values, in document order.
     void setAttribute(const char* name, const QString& value) const; ///< Adds or replaces; keeps the place of an existing one.
 

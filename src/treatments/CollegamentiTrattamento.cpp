@@ -4,6 +4,7 @@
 #include "host/context.h"
 #include "platform/FormLayout.h"
 #include "platform/ReportGrid.h"
+#include "treatments/clsItemTrattamento.h"
 
 #include <QColor>
 #include <QGroupBox>
@@ -103,6 +104,14 @@ void CollegamentiTrattamento::aggiungiPagine(QTabWidget& schede) {
     schede.addTab(paginaAppunti(&schede), QStringLiteral("Annotazioni e Appunti"));
     schede.addTab(allegati_.widget, QStringLiteral("Allegati"));
     schede.addTab(primaNota_.widget, QStringLiteral("Scarichi di Magazzino"));
+}
+
+void CollegamentiTrattamento::carica(const clsItemTrattamento& item) {
+    annotazioni_->setPlainText(item.Annotazioni);
+}
+
+void CollegamentiTrattamento::scrivi(clsItemTrattamento& item) const {
+    item.Annotazioni = annotazioni_->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
 }
 
 void CollegamentiTrattamento::premiAppunti(int indice) {

@@ -7,7 +7,9 @@
 #include "store/modConversioni.h"
 #include "treatments/clsItemTrattamento.h"
 
+#include <QStringList>
 #include <exception>
+#include <utility>
 
 namespace {
 
@@ -112,15 +114,6 @@ QString attributo(const XmlNode& nodo, const char* nome) {
     return nodo.attribute(nome, QString());
 }
 
-// What the reader gathers while it walks the rows.
-struct Conteggi {
-    int righi = 0;
-    int aperti = 0;
-    int finiti = 0;
-    QString descrizioni;
-    std::exception_ptr errore; ///< The row number that stands twice; told once all else is read.
-};
-
 void leggiApertura(clsItemTrattamento& item, const XmlNode& trattamento) {
     item.anno = trattamento.attribute("anno", item.anno);
     item.progressivo = trattamento.attribute("progressivo", item.progressivo);
@@ -157,62 +150,82 @@ clsItemRigoTrattamento leggiRigo(const clsItemTrattamento& item, const XmlNode& 
     rigo.progressivo = attributo(nodo, "progressivo");
     leggiDenti(rigo, attributo(nodo, "denti"));
     rigo.servizio = attributo(nodo, "servizio");
-    rigo.descrizione = platform::fromBase64(attributo(nodo, "descrizione"));
+    rigo.descrizione = platform::fromBase64(nodo.attributeBytes("descrizione"));
     rigo.raggruppamento = attributo(nodo, "ragruppamento");
     rigo.operatore = attributo(nodo, "operatore");
     rigo.assistente = leggiAssistente(nodo);
     rigo.inizio = attributo(nodo, "inizioLavori");
     rigo.fine = attributo(nodo, "fineLavori");
-    rigo.statuslavori = platform::fromBase64(attributo(nodo, "statusLavori"));
+    rigo.statuslavori = platform::fromBase64(nodo.attributeBytes("statusLavori"));
     rigo.fattura = attributo(nodo, "fattura");
     rigo.prezzo = leggiPrezzo(rigo, nodo.attribute("prezzo"));
     rigo.fuoripreventivo = attributo(nodo, "fuoriPreventivo") == QLatin1String("1");
-    rigo.note = platform::fromBase64(attributo(nodo, "note"));
+    rigo.note = platform::fromBase64(nodo.attributeBytes("note"));
     return rigo;
 }
 
-void conta(Conteggi& conteggi, const clsItemRigoTrattamento& rigo) {
-    ++conteggi.righi;
-    if (!rigo.fine.isEmpty())
-        ++conteggi.finiti;
-    else if (!rigo.inizio.isEmpty())
-        ++conteggi.aperti;
-    if (rigo.descrizione.isEmpty()) return;
-    if (!conteggi.descrizioni.isEmpty()) conteggi.descrizioni += FINE_RIGA;
-    conteggi.descrizioni += rigo.descrizione;
+void conta(clsItemTrattamento& item, bool iniziato, bool finito) {
+    ++item.lavori;
+    if (finito)
+        ++item.lavorifiniti;
+    else if (iniziato)
+        ++item.lavoriaperti;
 }
 
-void leggiRighi(clsItemTrattamento& item, const XmlNode& righi, Conteggi& conteggi) {
+// The row number that stands twice is told once all else is read.
+std::exception_ptr leggiRighi(clsItemTrattamento& item, const XmlNode& righi) {
+    constexpr std::size_t SOLITI = 16;
+    item.righi.reserve(SOLITI); // one step of growth for nearly every plan
     for (XmlNode nodo = righi.firstChild("rigo"); nodo; nodo = nodo.nextSibling("rigo")) {
-        const clsItemRigoTrattamento rigo = leggiRigo(item, nodo);
+        clsItemRigoTrattamento rigo = leggiRigo(item, nodo);
         const QString chiave = rigo.progressivo.trimmed();
+        const bool iniziato = !rigo.inizio.isEmpty();
+        const bool finito = !rigo.fine.isEmpty();
         try {
-            item.righi.add(chiave, rigo);
+            item.righi.add(chiave, std::move(rigo));
         } catch (const platform::DuplicateKey&) {
-            conteggi.errore = std::current_exception();
-            return;
+            return std::current_exception();
         }
-        conta(conteggi, rigo);
+        conta(item, iniziato, finito);
     }
+    return nullptr;
 }
 
-void leggiElemento(clsItemTrattamento& item, const XmlNode& nodo, Conteggi& conteggi) {
-    const QString nome = nodo.name();
-    if (nome == QLatin1String("righi")) {
-        leggiRighi(item, nodo, conteggi);
-    } else if (nome == QLatin1String("paziente")) {
-        item.cliente = attributo(nodo, "codiceFiscale");
-        item.descrizionecliente = platform::fromBase64(nodo.text());
-    } else if (nome == QLatin1String("medico")) {
-        item.medico = attributo(nodo, "codiceFiscale");
-        item.descrizionemedico = platform::fromBase64(nodo.text());
-    } else if (nome == QLatin1String("descrizione")) {
-        item.descrizione = platform::fromBase64(nodo.text());
-    } else if (nome == QLatin1String("annotazioni")) {
-        item.Annotazioni = platform::fromBase64(nodo.text());
-    } else if (nome == QLatin1String("situazioneOrale")) {
-        item.SituazioneOrale = platform::fromBase64(nodo.text());
+QString descrizioniDeiRighi(const XmlNode& righi) {
+    QStringList descrizioni;
+    for (XmlNode nodo = righi.firstChild("rigo"); nodo; nodo = nodo.nextSibling("rigo")) {
+        const QString descrizione = platform::fromBase64(nodo.attributeBytes("descrizione"));
+        if (!descrizione.isEmpty()) descrizioni << descrizione;
     }
+    return descrizioni.join(FINE_RIGA);
+}
+
+void leggiPersona(const XmlNode& nodo, QString& codiceFiscale, QString& nome) {
+    if (!nodo) return;
+    codiceFiscale = attributo(nodo, "codiceFiscale");
+    nome = platform::fromBase64(nodo.textBytes());
+}
+
+void leggiTesto(const XmlNode& nodo, QString& testo) {
+    if (nodo) testo = platform::fromBase64(nodo.textBytes());
+}
+
+// All but the rows.
+void leggiTesta(clsItemTrattamento& item, const XmlNode& trattamento) {
+    leggiApertura(item, trattamento);
+    leggiPersona(trattamento.firstChild("paziente"), item.cliente, item.descrizionecliente);
+    leggiPersona(trattamento.firstChild("medico"), item.medico, item.descrizionemedico);
+    leggiTesto(trattamento.firstChild("descrizione"), item.descrizione);
+    leggiTesto(trattamento.firstChild("annotazioni"), item.Annotazioni);
+    leggiTesto(trattamento.firstChild("situazioneOrale"), item.SituazioneOrale);
+    if (item.descrizione.isEmpty()) item.descrizione = descrizioniDeiRighi(trattamento.firstChild("righi"));
+    item.lavori = item.lavoriaperti = item.lavorifiniti = 0;
+    item.righi.clear();
+}
+
+XmlNode radice(platform::XmlDocument& documento, const QString& memo) {
+    if (!documento.loadText(memo) || documento.root().name() != QLatin1String("trattamento")) return {};
+    return documento.root();
 }
 
 } // namespace
@@ -236,18 +249,19 @@ QString scriviMemoTrattamento(const clsItemTrattamento& item) {
 
 void leggiMemoTrattamento(clsItemTrattamento& item, const QString& memo) {
     platform::XmlDocument documento;
-    if (!documento.loadText(memo)) return;
-    const XmlNode trattamento = documento.root();
-    if (trattamento.name() != QLatin1String("trattamento")) return;
+    const XmlNode trattamento = radice(documento, memo);
+    if (!trattamento) return;
+    leggiTesta(item, trattamento);
+    if (const std::exception_ptr doppio = leggiRighi(item, trattamento.firstChild("righi")))
+        std::rethrow_exception(doppio);
+}
 
-    leggiApertura(item, trattamento);
-    item.righi.clear();
-    Conteggi conteggi;
-    for (XmlNode nodo = trattamento.firstChild(); nodo; nodo = nodo.nextSibling())
-        leggiElemento(item, nodo, conteggi);
-    if (item.descrizione.isEmpty()) item.descrizione = conteggi.descrizioni;
-    item.lavori = static_cast<qint16>(conteggi.righi);
-    item.lavoriaperti = static_cast<qint16>(conteggi.aperti);
-    item.lavorifiniti = static_cast<qint16>(conteggi.finiti);
-    if (conteggi.errore) std::rethrow_exception(conteggi.errore);
+void leggiMemoPerElenco(clsItemTrattamento& item, const QString& memo) {
+    platform::XmlDocument documento;
+    const XmlNode trattamento = radice(documento, memo);
+    if (!trattamento) return;
+    leggiTesta(item, trattamento);
+    const XmlNode righi = trattamento.firstChild("righi");
+    for (XmlNode nodo = righi.firstChild("rigo"); nodo; nodo = nodo.nextSibling("rigo"))
+        conta(item, !nodo.attributeBytes("inizioLavori").isEmpty(), !nodo.attributeBytes("fineLavori").isEmpty());
 }

@@ -15,3 +15,7 @@ QString scriviMemoTrattamento(const clsItemTrattamento& item);
 /// when two rows have one number; the plan then has its rows up to there and all else. A row without price, or with
 /// price 0 and no invoice, takes the catalogue's present price.
 void leggiMemoTrattamento(clsItemTrattamento& item, const QString& memo);
+
+/// The same without the rows: what the lists of the practice show, counts included. Two rows of one number are no
+/// error here.
+void leggiMemoPerElenco(clsItemTrattamento& item, const QString& memo);

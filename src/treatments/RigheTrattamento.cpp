@@ -9,6 +9,7 @@
 #include "platform/ReportGrid.h"
 #include "store/modUtenti.h"
 #include "treatments/RigoInGriglia.h"
+#include "treatments/clsItemTrattamento.h"
 #include "treatments/frmEditRigoTrattamento.h"
 #include "treatments/frmZoomRighiTrattamento.h"
 
@@ -116,8 +117,12 @@ void RigheTrattamento::collega() {
 
 // --------------------------------------------------------------------------------------------------------- the rows
 
-void RigheTrattamento::svuota() {
+void RigheTrattamento::carica(const clsItemTrattamento& item) {
+    rcRighi_->beginUpdate();
     rcRighi_->clear();
+    for (const clsItemRigoTrattamento& rigo : item.righi)
+        aggiungi(rigo);
+    rcRighi_->endUpdate();
 }
 
 void RigheTrattamento::completaScelte(platform::ReportRecord& record) const {
@@ -130,12 +135,12 @@ void RigheTrattamento::completaScelte(platform::ReportRecord& record) const {
     offre(ASSISTENTE, assistenti_);
 }
 
-void RigheTrattamento::aggiungi(const clsItemRigoTrattamento& rigo) {
+platform::ReportRecord* RigheTrattamento::aggiungi(const clsItemRigoTrattamento& rigo) {
     platform::ReportRecord* record = rcRighi_->addRecord();
     mostra(rigo, *record);
     completaScelte(*record);
     dipingi(*record);
-    rcRighi_->populate();
+    return record;
 }
 
 QList<clsItemRigoTrattamento> RigheTrattamento::righi() const {
@@ -223,9 +228,9 @@ void RigheTrattamento::nuovoRigo() {
     clsItemRigoTrattamento rigo;
     rigo.progressivo = numeroRigo(rcRighi_->recordCount() + 1);
     rigo.fattura = fatturaAnticipo_;
-    aggiungi(rigo);
-    platform::ReportRecord* record = rcRighi_->record(rcRighi_->recordCount() - 1);
+    platform::ReportRecord* record = aggiungi(rigo);
     record->cell(FATTURA).tag.clear(); // no price yet: the catalogue's counts
+    rcRighi_->populate();
     emit cambiati();
     if (!isVisible() || !isEnabled()) return;
     rcRighi_->setFocus();
@@ -242,11 +247,15 @@ void RigheTrattamento::eliminaRigo() {
     emit cambiati();
 }
 
-bool RigheTrattamento::apriRigo(const QString& numero) {
-    for (int i = 0; i < rcRighi_->recordCount(); ++i) {
-        if (rcRighi_->record(i)->cell(NUMERO).value == numero) return modificaRigo(rcRighi_->record(i));
+platform::ReportRecord* RigheTrattamento::rigoNumero(const QString& numero) const {
+    for (int i = 0; i < rcRighi_->recordCount() && !numero.isEmpty(); ++i) {
+        if (rcRighi_->record(i)->cell(NUMERO).value == numero) return rcRighi_->record(i);
     }
-    return false;
+    return nullptr;
+}
+
+bool RigheTrattamento::apriRigo(const QString& numero) {
+    return modificaRigo(rigoNumero(numero));
 }
 
 bool RigheTrattamento::modificaRigo(platform::ReportRecord* record) {
@@ -274,7 +283,8 @@ void RigheTrattamento::sposta(int passo) {
 }
 
 void RigheTrattamento::tasto(QKeyEvent* evento) {
-    const bool ctrlAlt = evento->modifiers().testFlags(Qt::ControlModifier | Qt::AltModifier);
+    const auto premuti = evento->modifiers() & ~Qt::KeypadModifier;
+    const bool ctrlAlt = premuti == (Qt::ControlModifier | Qt::AltModifier);
     const int key = evento->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         if (rcRighi_->focusedRecord()) arma(MODIFICA);

@@ -18,6 +18,8 @@ class ReportGrid;
 class ReportRecord;
 } // namespace platform
 
+struct clsItemTrattamento;
+
 /// The rows of the plan editor: the grid rcRighi, the buttons cbRighi(0) to cbRighi(3), the context menu and the keys,
 /// the edit in the cells. The grid is the working copy; the window takes the rows from it when it saves. Owned by the
 /// window.
@@ -29,8 +31,7 @@ public:
 
     explicit RigheTrattamento(QWidget* parent = nullptr);
 
-    void svuota();
-    void aggiungi(const clsItemRigoTrattamento& rigo);
+    void carica(const clsItemTrattamento& item);
     QList<clsItemRigoTrattamento> righi() const; ///< As they will be stored; without the number of the plan.
     QList<RigoGrafico> perIlDisegno() const;
     /// Reference of the plan's advance invoice, which new rows count as covered by; empty for none.
@@ -46,6 +47,7 @@ public:
     /// The teeth of all rows with a service, as a selection.
     QString dentiDelServizio(const QString& servizio) const;
     void copia(frmZoomRighiTrattamento& zoom) const; ///< The rows as they stand, to be read only.
+    bool haRigo(const QString& numero) const { return rigoNumero(numero) != nullptr; }
     bool apriRigo(const QString& numero); ///< The row editor on the row of that number; true when it was accepted.
 
 signals:
@@ -56,6 +58,8 @@ signals:
 private:
     void costruisciColonne();
     void collega();
+    platform::ReportRecord* aggiungi(const clsItemRigoTrattamento& rigo);
+    platform::ReportRecord* rigoNumero(const QString& numero) const; ///< Null when there is none.
     void esegui(int comando);
     void nuovoRigo();
     bool modificaRigo(platform::ReportRecord* record);

@@ -62,6 +62,8 @@ QList<platform::ReportColumn> colonne() {
         colonna.width = descrizione.larghezza;
         colonna.resizable = descrizione.ridimensionabile;
         colonna.sortable = false; // the order of the rows is the user's own
+        if (colonne.size() == OPERATORE || colonne.size() == ASSISTENTE)
+            colonna.sample = QStringLiteral("Bianchi dott. Giovanni");
         colonne << colonna;
     }
     return colonne;

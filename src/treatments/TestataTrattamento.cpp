@@ -14,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 
 namespace {
 
@@ -35,9 +34,8 @@ QString quattroCifre(const QString& testo) {
 
 } // namespace
 
-TestataTrattamento::TestataTrattamento(QPlainTextEdit* annotazioni, QWidget* parent)
-    : QWidget(parent)
-    , annotazioni_(annotazioni) {
+TestataTrattamento::TestataTrattamento(QWidget* parent)
+    : QWidget(parent) {
     dtpData_ = platform::form::dateBox(QStringLiteral("dtpData"), this);
     dtpData_->setDate(platform::today());
     nuovoCampo(ANNO, 56);
@@ -122,7 +120,6 @@ void TestataTrattamento::carica(const clsItemTrattamento& item) {
         campo(ANNO_ANTICIPO)->setText(anticipo[0]);
         campo(NUMERO_ANTICIPO)->setText(anticipo[1]);
     }
-    annotazioni_->setPlainText(item.Annotazioni);
     campo(MEDICO)->setText(item.medico);
     campo(NOME_MEDICO)->setText(item.descrizionemedico);
     if (const auto giorno = platform::regional().toDate(item.Data)) dtpData_->setDate(*giorno);
@@ -187,7 +184,6 @@ void TestataTrattamento::scrivi(clsItemTrattamento& item) const {
     item.progressivo = progressivo();
     item.Data = data();
     item.descrizione = campo(DESCRIZIONE)->text();
-    item.Annotazioni = annotazioni_->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
     item.medico = campo(MEDICO)->text();
     item.descrizionemedico = campo(NOME_MEDICO)->text();
     item.fatturaAnticipo = fatturaAnticipo();

@@ -8,7 +8,6 @@
 
 class QDateEdit;
 class QLineEdit;
-class QPlainTextEdit;
 
 struct clsItemTrattamento;
 
@@ -23,8 +22,7 @@ public:
         QWidget* campo = nullptr; ///< Takes the focus.
     };
 
-    /// `annotazioni` is tbDati(7), which stands elsewhere in the window.
-    TestataTrattamento(QPlainTextEdit* annotazioni, QWidget* parent);
+    explicit TestataTrattamento(QWidget* parent);
 
     void carica(const clsItemTrattamento& item); ///< The number of a saved plan is then fixed.
     void prepara();                              ///< A new plan of the open patient.
@@ -50,6 +48,5 @@ private:
     void disponi();
 
     std::array<QLineEdit*, 13> tbDati_{}; ///< Some numbers are not in use.
-    QPlainTextEdit* annotazioni_;
     QDateEdit* dtpData_ = nullptr;
 };

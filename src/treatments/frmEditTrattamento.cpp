@@ -57,11 +57,12 @@ frmEditTrattamento::~frmEditTrattamento() {
 
 void frmEditTrattamento::costruisci() {
     namespace form = platform::form;
-    collegamenti_ = new CollegamentiTrattamento(this);
-    testata_ = new TestataTrattamento(collegamenti_->annotazioni(), this);
+    // In the order in which Tab comes by.
+    testata_ = new TestataTrattamento(this);
     denti_ = new PannelloDenti(this);
-    schede_ = form::named(new QTabWidget(this), QStringLiteral("tcDettaglio")); // before its pages, for Tab to come by
+    schede_ = form::named(new QTabWidget(this), QStringLiteral("tcDettaglio"));
     righe_ = new RigheTrattamento(this);
+    collegamenti_ = new CollegamentiTrattamento(this);
     totali_ = new TotaliTrattamento(this);
     schede_->addTab(righe_, QStringLiteral("Dettaglio Lavori e Servizi"));
     collegamenti_->aggiungiPagine(*schede_);
@@ -145,9 +146,9 @@ void frmEditTrattamento::caricaTrattamento() {
         cbAnnulla_->setProperty(TAG, id_);
     }
     testata_->carica(*item);
+    collegamenti_->carica(*item);
     denti_->caricaSituazione(item->SituazioneOrale);
-    for (const clsItemRigoTrattamento& rigo : item->righi)
-        righe_->aggiungi(rigo);
+    righe_->carica(*item);
 }
 
 void frmEditTrattamento::setSolaLettura() {
@@ -162,12 +163,14 @@ void frmEditTrattamento::setSolaLettura() {
 
 int frmEditTrattamento::exec() {
     const QString numero = std::exchange(sRigoTrattamento, QString());
-    if (numero.isEmpty() || id_.isEmpty() || solaLettura_) return QDialog::exec();
-    setResult(QDialog::Rejected);
+    if (!righe_->haRigo(numero) || id_.isEmpty() || solaLettura_) return QDialog::exec();
+    constexpr int ANCORA_APERTA = -1;
+    setResult(ANCORA_APERTA);
     attivata_ = true;
     const bool accettato = righe_->apriRigo(numero);
     accettato ? conferma() : annulla();
-    return result();
+    // Who chose to look the data over again, after a save that failed, gets the plan to see.
+    return result() == ANCORA_APERTA ? QDialog::exec() : result();
 }
 
 void frmEditTrattamento::showEvent(QShowEvent* event) {
@@ -245,6 +248,7 @@ clsItemTrattamento frmEditTrattamento::componi() {
     clsItemTrattamento item;
     item.ID = id_;
     testata_->scrivi(item);
+    collegamenti_->scrivi(item);
     item.SituazioneOrale = denti_->situazioneOrale();
     for (clsItemRigoTrattamento rigo : righe_->righi()) {
         rigo.kanno = item.anno;

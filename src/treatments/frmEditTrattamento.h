@@ -24,7 +24,8 @@ public:
     explicit frmEditTrattamento(QWidget* parent = nullptr);
     ~frmEditTrattamento() override;
 
-    /// With a row asked for in `sRigoTrattamento` only the row editor shows, and the plan follows its answer unseen.
+    /// With a row asked for in `sRigoTrattamento` only the row editor shows, and the plan follows its answer unseen,
+    /// unless it cannot be saved. A number that no row bears counts as none.
     int exec() override;
     void done(int result) override;
     void reject() override; ///< Escape and the frame: cancels without a question.

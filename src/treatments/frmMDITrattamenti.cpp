@@ -7,6 +7,7 @@
 #include "platform/ReportRecord.h"
 #include "treatments/ApriTrattamento.h"
 #include "treatments/ColonneTrattamenti.h"
+#include "treatments/MemoTrattamento.h"
 #include "treatments/clsTrattamenti.h"
 
 namespace {
@@ -41,11 +42,7 @@ void frmMDITrattamenti::riempi(platform::ReportRecord& record, const host::Recor
     item.ID = record.tag;
     item.Data = platform::regional().shortDate(riga.value(QStringLiteral("data")).toDate());
     item.descrizione = riga.text(QStringLiteral("descrizione"));
-    try {
-        oTrattamenti->DeserializzaMEMO(item, riga.text(QStringLiteral("m1")));
-    } catch (const platform::DuplicateKey&) {
-        // Two rows under one number: the plan still shows, with what could be read of it.
-    }
+    leggiMemoPerElenco(item, riga.text(QStringLiteral("m1")));
     colonnetrattamenti::mostra(item, record);
 }
 
