@@ -34,18 +34,11 @@ QString descriptionOfVat(const QString& codice) {
     return found;
 }
 
-template <class Entries>
-QString longestDescription(const Entries* entries) {
-    QString longest;
-    if (entries == nullptr) return longest;
-    for (const auto& entry : *entries)
-        if (entry.descrizione.size() > longest.size()) longest = entry.descrizione;
-    return longest;
-}
-
-platform::ReportColumn columnFor(const QString& caption, const QString& longestText) {
-    platform::ReportColumn column{caption, 80};
-    column.sample = longestText;
+platform::ReportColumn groupColumn() {
+    platform::ReportColumn column{QStringLiteral("Ragg.Merc."), 80};
+    if (colRaggMerc == nullptr) return column;
+    for (const clsItemRaggMerc& group : *colRaggMerc)
+        if (group.descrizione.size() > column.sample.size()) column.sample = group.descrizione;
     return column;
 }
 
@@ -59,7 +52,7 @@ frmSceltaServizio::frmSceltaServizio(bool soloTrattamenti, QWidget* parent)
     : QDialog(parent) {
     setObjectName(QStringLiteral("frmSceltaServizio"));
     setWindowTitle(TitoloForm(QStringLiteral("Ricerca Servizi e Prodotti")));
-    resize(920, 560);
+    resize(1000, 560);
     laSoloTrattamenti_ =
         named(new QLabel(soloTrattamenti ? QStringLiteral("S") : QString(), this), QStringLiteral("laSoloTrattamenti"));
     laSoloTrattamenti_->hide();
@@ -74,7 +67,7 @@ frmSceltaServizio::frmSceltaServizio(bool soloTrattamenti, QWidget* parent)
     split->addWidget(treeView1_);
     split->addWidget(rcLista_);
     split->setStretchFactor(1, 1);
-    split->setSizes({220, 700});
+    split->setSizes({220, 780});
     layout->addWidget(split, 1);
     buildButtons();
     rcLista_->setFocus();
@@ -107,9 +100,9 @@ void frmSceltaServizio::buildGrid() {
     // 60, or what a code of eight letters takes in the font of the screen.
     const int codeWidth = std::max(60, fontMetrics().horizontalAdvance(QStringLiteral("OTTURAZ2")) + 16);
     rcLista_->addColumn({QStringLiteral("Codice"), codeWidth});
-    rcLista_->addColumn(columnFor(QStringLiteral("IVA"), longestDescription(colIva)));
+    rcLista_->addColumn({QStringLiteral("IVA"), 80});
     rcLista_->addColumn({QStringLiteral("Un.Mis"), 80});
-    rcLista_->addColumn(columnFor(QStringLiteral("Ragg.Merc."), longestDescription(colRaggMerc)));
+    rcLista_->addColumn(groupColumn());
     rcLista_->addColumn({QStringLiteral("Descrizione"), 200, true});
     rcLista_->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QStringLiteral("Ordina per "));
     rcLista_->setGroupBoxVisible(false);

@@ -1,0 +1,2 @@
+select replace(substr(m1, instr(m1, '<rigo '), instr(m1, '</righi>') - instr(m1, '<rigo ')), char(13)||char(10)||char(9), '') from tblWorkspace where idrif1 = '2026-0001' and t1 = 'TRT';
+= <rigo progressivo="01" denti="+7;6;8" servizio="CORONA" descrizione="Q29yb25hIHByb3Z2aXNvcmlh" ragruppamento="07" operatore="MRCPLA68S03H501R" assistente="CNTGLI91B67H501L" inizioLavori="27/02/2026" fineLavori="" statusLavori="UHJlcGFyYXppb25lfDIwMjYwMjI3MjAyNjAzMDINCkltcHJvbnRhDQpQcm92YQ0KQ2VtZW50YXppb25l" fattura="" prezzo="650,50" fuoriPreventivo="1" note="" />
