@@ -17,6 +17,7 @@
 #include "treatments/frmEditTrattamento.h"
 
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <utility>
@@ -111,6 +112,35 @@ void openPlan(benchmark::State& state, const QString& id) {
     }
 }
 
+/// A date into the last row of an endless plan: row, marks, chart and totals follow.
+void editEndless(benchmark::State& state, const QString& id) {
+    sIDTrattamento = id;
+    frmEditTrattamento editor;
+    editor.resize(SCREEN);
+    editor.show();
+    auto* grid = editor.findChild<platform::ReportGrid*>(QStringLiteral("rcRighi"));
+    bool started = false;
+    for (auto _ : state) {
+        started = !started;
+        if (!grid->enterText(grid->rowCount() - 1, 4, started ? QStringLiteral("09/03/2025") : QString()))
+            state.SkipWithError("the cell cannot be edited");
+        QCoreApplication::processEvents();
+    }
+    editor.close();
+}
+
+void saveEndless(benchmark::State& state, const QString& id) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        sIDTrattamento = id;
+        frmEditTrattamento editor;
+        editor.show();
+        state.ResumeTiming();
+        editor.findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
+        if (editor.isVisible()) state.SkipWithError("not saved");
+    }
+}
+
 void scrollList(benchmark::State& state) {
     platform::ReportGrid grid;
     for (int column = 0; column < 6; ++column)
@@ -173,6 +203,12 @@ int main(int argc, char** argv) {
         const auto open = [id = id](benchmark::State& state) { openPlan(state, id); };
         benchmark::RegisterBenchmark(name, open)->Unit(benchmark::kMillisecond);
     }
+    benchmark::RegisterBenchmark("editEndless", [&endless](benchmark::State& state) {
+        editEndless(state, endless);
+    })->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("saveEndless", [&endless](benchmark::State& state) {
+        saveEndless(state, endless);
+    })->Unit(benchmark::kMillisecond);
     BENCHMARK(scrollList)->Unit(benchmark::kMillisecond);
     Measures measures;
     benchmark::RunSpecifiedBenchmarks(&measures);
@@ -182,6 +218,8 @@ int main(int argc, char** argv) {
     printLimit(measures, "chart after a change of one row", "changeOfARow", 8);
     printLimit(measures, "stored plan of 60 rows to a painted window", "openPlan", 120);
     printLimit(measures, "the same with 2,000 rows", "openEndless", 1000);
+    printLimit(measures, "a date into one of 2,000 rows", "editEndless", 100);
+    printLimit(measures, "a plan of 2,000 rows saved", "saveEndless", 1000);
     printLimit(measures, "frame of a list of 10,000 rows", "scrollList", 16);
     return 0;
 }

@@ -120,6 +120,7 @@ xmlParserCtxt& parser() {
         kept.reset(xmlNewParserCtxt());
         kept->sax->internalSubset = refuseDocumentType;
     }
+    kept->options = 0; // libxml2 would add those of the next document to these
     return *kept;
 }
 

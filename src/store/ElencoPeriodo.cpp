@@ -15,6 +15,7 @@
 #include <QDateEdit>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -73,6 +74,11 @@ void ElencoPeriodo::costruisciFinestra() {
     connect(filtra, &QPushButton::clicked, this, [this] { ricarica(QString()); });
     connect(griglia_, &ReportGrid::rowDoubleClicked, this, [this](ReportRecord* record) {
         if (record) modifica(*record);
+    });
+    connect(griglia_, &ReportGrid::keyPressed, this, [this](QKeyEvent* tasto) {
+        if (tasto->key() != Qt::Key_Return && tasto->key() != Qt::Key_Enter) return;
+        tasto->accept();
+        if (const ReportRecord* scelto = griglia_->focusedRecord()) modifica(*scelto); // as a double click
     });
     connect(griglia_, &ReportGrid::rowRightClicked, this, [this](ReportRecord* record) { mostraMenu(record); });
 }

@@ -94,6 +94,11 @@ TEST_F(Elenchi, ShowsThePlansOfThePeriodAndMarksThoseOfTheOpenPatient) {
     EXPECT_FALSE(grassetto(grid, 1));
     EXPECT_FALSE(finestra.findChild<QLabel*>(QStringLiteral("pbAttesa"))->isVisible());
 
+    finestra.resize(1400, 600);
+    QTest::qWait(1);
+    const QString piuLungo = QStringLiteral("1 lavori finiti. Ci sono 2 lavori aperti. Restano da iniziare 2 lavori");
+    EXPECT_GE(grid.view()->columnWidth(STATUS), grid.fontMetrics().horizontalAdvance(piuLungo) + 25) << "with its icon";
+
     desk_->closePatient();
     finestra.RefreshGraficaTrattamenti();
     EXPECT_FALSE(grassetto(grid, 0));
@@ -121,20 +126,27 @@ TEST_F(Elenchi, ShowsAPlanThatCannotBeReadWhole) {
     EXPECT_EQ(griglia(finestra)->rowRecord(0)->cell(PROGRESSIVO).value, QStringLiteral("2026-0043"));
 }
 
-TEST_F(Elenchi, OpensThePlanOfAnotherPatientOnDoubleClick) {
+TEST_F(Elenchi, OpensThePlanOfAnotherPatientOnDoubleClickAndEnter) {
     salvato(QStringLiteral("2026"), QStringLiteral("0041"));
     const QString suo = paziente().ID();
-    desk_->closePatient();
     frmMDITrattamenti finestra;
     finestra.show();
     ReportGrid& grid = *griglia(finestra);
     ASSERT_EQ(grid.rowCount(), 1);
-    AllaProssimaFinestra prossima(QStringLiteral("cbAnnulla"));
-    emit grid.rowDoubleClicked(grid.rowRecord(0), PROGRESSIVO);
-    EXPECT_EQ(prossima.nome, QStringLiteral("frmEditTrattamento"));
-    EXPECT_EQ(prossima.titolo, QStringLiteral("0041"));
-    ASSERT_NE(PazienteAperto(), nullptr);
-    EXPECT_EQ(PazienteAperto()->ID(), suo);
+    for (const bool daTasto : {false, true}) {
+        SCOPED_TRACE(daTasto);
+        desk_->closePatient();
+        grid.setFocusedRecord(grid.rowRecord(0));
+        AllaProssimaFinestra prossima(QStringLiteral("cbAnnulla"));
+        if (daTasto)
+            QTest::keyClick(grid.view(), Qt::Key_Return);
+        else
+            emit grid.rowDoubleClicked(grid.rowRecord(0), PROGRESSIVO);
+        EXPECT_EQ(prossima.nome, QStringLiteral("frmEditTrattamento"));
+        EXPECT_EQ(prossima.titolo, QStringLiteral("0041"));
+        ASSERT_NE(PazienteAperto(), nullptr);
+        EXPECT_EQ(PazienteAperto()->ID(), suo);
+    }
 }
 
 TEST_F(Elenchi, OffersItsCommandsAndDeletesThroughThem) {

@@ -5,6 +5,7 @@
 #include "treatments/frmMDITrattamenti.h"
 #include "treatments/modTrattamenti.h"
 
+#include <QApplication>
 #include <stdexcept>
 #include <utility>
 
@@ -113,6 +114,112 @@ TEST_F(Guasti, SavesAtTheSecondTryOnceTheDatabaseIsBack) {
         EXPECT_EQ(riga(nuovo ? QStringLiteral("2026-0002") : QStringLiteral("2026-0001"))->descrizione,
                   nuovo ? QStringLiteral(" corretto") : QStringLiteral("Piano 0001 corretto"));
     }
+}
+
+TEST_F(Guasti, ShowsThePlanBehindARowThatCouldNotBeSaved) {
+    if (archivio_.onServer()) GTEST_SKIP() << "renames a table of the file";
+    clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0001"));
+    item.righi.add(QStringLiteral("01"), {});
+    item.righi[0].progressivo = QStringLiteral("01");
+    ASSERT_TRUE(trattamenti().Salva(item));
+    sIDTrattamento = item.ID;
+    sRigoTrattamento = QStringLiteral("01");
+    dialoghi_.risposta = platform::Answer::Yes; // look the data over again
+    frmEditTrattamento piano;
+    QTimer::singleShot(30, [&] {
+        QWidget* rigo = QApplication::activeModalWidget();
+        ASSERT_NE(rigo, nullptr);
+        rigo->findChild<QLineEdit*>(QStringLiteral("tbDati(2)"))->setText(QStringLiteral("Non va perso"));
+        esegui(QStringLiteral("alter table tblWorkspace rename to altrove"));
+        QTimer::singleShot(30, [&] {
+            esegui(QStringLiteral("alter table altrove rename to tblWorkspace"));
+            EXPECT_EQ(QApplication::activeModalWidget(), &piano);
+            piano.findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
+        });
+        rigo->findChild<QPushButton*>(QStringLiteral("cbAccetta"))->click();
+    });
+    EXPECT_EQ(piano.exec(), QDialog::Accepted);
+    EXPECT_EQ(dialoghi_.messaggi.value(0), DOMANDA);
+    EXPECT_EQ(trattamenti().Carica(item.ID)->righi[0].descrizione, QStringLiteral("Non va perso"));
+
+    // A row that another workstation has deleted meanwhile: the plan opens as always.
+    sIDTrattamento = item.ID;
+    sRigoTrattamento = QStringLiteral("07");
+    frmEditTrattamento altro;
+    QTimer::singleShot(30, [&altro] {
+        EXPECT_TRUE(altro.isVisible());
+        altro.reject();
+    });
+    altro.exec();
+}
+
+TEST_F(Guasti, OpensAndSavesAPlanOfUnknownThings) {
+    clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0001"));
+    const struct {
+        const char *dente, *denti;
+    } casi[] = {{"99", ""}, {"-1", ""}, {"boh", ""}, {"+", "7;77;boh;8"}, {"+", ""}, {"7", ""}};
+    for (const auto& caso : casi) {
+        clsItemRigoTrattamento rigo;
+        rigo.progressivo = rigogriglia::numeroRigo(static_cast<int>(item.righi.size()) + 1);
+        rigo.servizio = QStringLiteral("MAI_VISTO");
+        rigo.dente = QLatin1String(caso.dente);
+        rigo.denti = QLatin1String(caso.denti);
+        rigo.inizio = QStringLiteral("31/02/2026");
+        rigo.statuslavori = QStringLiteral("Prova|boh|boh\r\n||");
+        item.righi.add(rigo.progressivo, rigo);
+    }
+    item.SituazioneOrale = QStringLiteral("7:55:sconosciuta;200:1:;boh;:::;3:2:nota");
+    ASSERT_TRUE(trattamenti().Salva(item));
+    apri(item.ID);
+    ASSERT_EQ(righi()->rowCount(), 6);
+    scegliRiga(3);
+    conferma();
+    EXPECT_TRUE(dialoghi_.messaggi.isEmpty()) << dialoghi_.messaggi.value(0).toStdString();
+    EXPECT_FALSE(finestra_->isVisible());
+    const auto riletto = trattamenti().Carica(item.ID);
+    ASSERT_TRUE(riletto);
+    ASSERT_EQ(riletto->righi.size(), 6U);
+    for (std::size_t i = 0; i < riletto->righi.size(); ++i) {
+        EXPECT_EQ(riletto->righi[i].servizio, QStringLiteral("MAI_VISTO")) << i;
+        EXPECT_EQ(riletto->righi[i].statuslavori, item.righi[i].statuslavori) << i;
+        EXPECT_EQ(riletto->righi[i].inizio, QStringLiteral("31/02/2026")) << i;
+    }
+    for (const std::size_t senza : {0U, 1U, 2U})
+        EXPECT_EQ(riletto->righi[senza].dente, QString()) << senza;
+    EXPECT_EQ(riletto->righi[3].denti, QStringLiteral("7;-1;-1;8")); // the row's price still counts four teeth
+    EXPECT_EQ(riletto->righi[5].dente, QStringLiteral("7"));
+    EXPECT_EQ(riletto->SituazioneOrale, QStringLiteral("3:2:nota;7:55:sconosciuta"));
+}
+
+TEST_F(Guasti, WorksInAPlanOfTwoThousandRows) {
+    clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0001"));
+    for (int numero = 1; numero <= 2000; ++numero) {
+        clsItemRigoTrattamento rigo;
+        rigo.progressivo = rigogriglia::numeroRigo(numero);
+        rigo.servizio = QStringLiteral("VISITA");
+        rigo.descrizione = QString::number(numero);
+        rigo.dente = QString::number(numero % 52);
+        item.righi.add(rigo.progressivo, rigo);
+    }
+    ASSERT_TRUE(trattamenti().Salva(item));
+    apri(item.ID);
+    ASSERT_EQ(righi()->rowCount(), 2000);
+    scrivi(1999, rigogriglia::INIZIO, QStringLiteral("01/03/2026"));
+    scegliRiga(1999);
+    tasto(Qt::Key_Up, Qt::ControlModifier | Qt::AltModifier);
+    scegliRiga(0);
+    premi(QStringLiteral("cbRighi(2)"));
+    nuovoRigo(QStringLiteral("CORONA"));
+    conferma();
+    EXPECT_FALSE(finestra_->isVisible());
+    const auto riletto = trattamenti().Carica(item.ID);
+    ASSERT_TRUE(riletto);
+    ASSERT_EQ(riletto->righi.size(), 2000U);
+    EXPECT_EQ(riletto->righi[0].descrizione, QStringLiteral("2"));
+    EXPECT_EQ(riletto->righi[1997].descrizione, QStringLiteral("2000"));
+    EXPECT_EQ(riletto->righi[1997].progressivo, QStringLiteral("1998"));
+    EXPECT_EQ(riletto->righi[1997].inizio, QStringLiteral("01/03/2026"));
+    EXPECT_EQ(riletto->righi[1999].servizio, QStringLiteral("CORONA"));
 }
 
 TEST_F(Guasti, TellsInWhichPhaseTheChartFailedAndGoesOn) {

@@ -9,6 +9,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QTabWidget>
 #include <functional>
 
 using platform::form::arrayName;
@@ -36,6 +37,31 @@ QString nome(const QWidget* widget) {
 std::string chiE(const QWidget* widget) {
     const QString di = widget->parentWidget() ? widget->parentWidget()->objectName() : QString();
     return (QLatin1String(widget->metaObject()->className()) + u' ' + widget->objectName() + u'<' + di).toStdString();
+}
+
+void verifica(QWidget& finestra) {
+    const QList<QWidget*> stazioni = fermate(finestra);
+    EXPECT_GE(stazioni.size(), 2);
+    for (const QWidget* widget : stazioni)
+        EXPECT_FALSE(nome(widget).isEmpty()) << chiE(widget);
+    for (const QAbstractButton* bottone : finestra.findChildren<QAbstractButton*>()) {
+        if (bottone->isVisible() && bottone->isEnabled() && !bottone->objectName().isEmpty() &&
+            !bottone->objectName().startsWith(QLatin1String("qt_"))) {
+            EXPECT_TRUE(stazioni.contains(bottone)) << chiE(bottone);
+        }
+    }
+    // From one stop to the next the eye goes down, or to the right; never back up on the left.
+    for (qsizetype i = 1; i < stazioni.size(); ++i) {
+        const auto posto = [&](const QWidget* widget) {
+            return QRect(widget->mapTo(&finestra, QPoint()), widget->size());
+        };
+        const QRect da = posto(stazioni[i - 1]);
+        const QRect a = posto(stazioni[i]);
+        EXPECT_TRUE(a.bottom() > da.top() || a.left() >= da.left())
+            << chiE(stazioni[i - 1]) << " -> " << chiE(stazioni[i]);
+        const bool accanto = qAbs(a.center().y() - da.center().y()) < 6;
+        EXPECT_TRUE(!accanto || a.left() >= da.left()) << chiE(stazioni[i - 1]) << " -> " << chiE(stazioni[i]);
+    }
 }
 
 class Tastiera : public EditorDiProva {
@@ -89,27 +115,11 @@ TEST_F(Tastiera, ReachesAndNamesAllOfEveryWindow) {
         SCOPED_TRACE(finestra->objectName().toStdString());
         finestra->show();
         QTest::qWait(1);
-        const QList<QWidget*> stazioni = fermate(*finestra);
-        EXPECT_GE(stazioni.size(), 2);
-        for (const QWidget* widget : stazioni)
-            EXPECT_FALSE(nome(widget).isEmpty()) << chiE(widget);
-        for (const QAbstractButton* bottone : finestra->findChildren<QAbstractButton*>()) {
-            if (bottone->isVisible() && bottone->isEnabled() && !bottone->objectName().isEmpty() &&
-                !bottone->objectName().startsWith(QLatin1String("qt_"))) {
-                EXPECT_TRUE(stazioni.contains(bottone)) << chiE(bottone);
-            }
-        }
-        // From one stop to the next the eye goes down, or to the right; never back up on the left.
-        for (qsizetype i = 1; i < stazioni.size(); ++i) {
-            const auto posto = [&](const QWidget* widget) {
-                return QRect(widget->mapTo(finestra.get(), QPoint()), widget->size());
-            };
-            const QRect da = posto(stazioni[i - 1]);
-            const QRect a = posto(stazioni[i]);
-            EXPECT_TRUE(a.bottom() > da.top() || a.left() >= da.left())
-                << chiE(stazioni[i - 1]) << " -> " << chiE(stazioni[i]);
-            const bool accanto = qAbs(a.center().y() - da.center().y()) < 6;
-            EXPECT_TRUE(!accanto || a.left() >= da.left()) << chiE(stazioni[i - 1]) << " -> " << chiE(stazioni[i]);
+        auto* schede = finestra->findChild<QTabWidget*>();
+        for (int scheda = 0; scheda < (schede ? schede->count() : 1); ++scheda) {
+            SCOPED_TRACE(scheda);
+            if (schede) schede->setCurrentIndex(scheda);
+            verifica(*finestra);
         }
     }
 }
