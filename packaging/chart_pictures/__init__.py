@@ -1,0 +1,1 @@
+"""The pictures of the tooth chart, drawn from measures."""
