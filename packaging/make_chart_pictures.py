@@ -17,17 +17,18 @@ def write(name, text):
     (PICTURES / f"{name}.svg").write_text(text, encoding="utf-8")
 
 
-def situation_name(place, situation):
-    return f"dente_{place}" + (f"_{situation}" if situation else "")
+def picture_of(what, number, situation=""):
+    """Named after the tooth, so that a practice finds the one it wants to replace: dente_18, dente_18_3, corona_18."""
+    return f"{what}_{number.replace('.', '')}" + (f"_{situation}" if situation else "")
 
 
 def draw():
     PICTURES.mkdir(parents=True, exist_ok=True)
     for old in PICTURES.glob("*.svg"):
         old.unlink()
-    for _, place, arch, side, tooth in anatomy.teeth():
-        drawings = {situation_name(place, situation): drawing for situation, drawing in findings.SITUATIONS.items()}
-        drawings |= {f"{name}_{place}": drawing for name, drawing in findings.SERVICES.values() if drawing}
+    for number, arch, side, tooth in anatomy.teeth():
+        drawings = {picture_of("dente", number, situation): drawing for situation, drawing in findings.SITUATIONS.items()}
+        drawings |= {picture_of(name, number): drawing for name, drawing in findings.SERVICES.values() if drawing}
         for name, drawing in drawings.items():
             canvas = Canvas(tooth, arch, side)
             drawing(canvas)
@@ -46,10 +47,10 @@ def path(name):
 
 def describe():
     lines = ['<?xml version="1.0" encoding="utf-8"?>', "<graphical>", "\t<tooths>"]
-    for number, place, *_ in anatomy.teeth():
+    for number, *_ in anatomy.teeth():
         lines.append(f'\t\t<tooth id="{number}">')
-        lines += [f'\t\t\t<situazione id="{situation}" image={path(situation_name(place, situation))}/>' for situation in findings.SITUATIONS]
-        lines += [f'\t\t\t<trattamento id="{service}" image={path(f"{name}_{place}")} left="0" top="0"/>'
+        lines += [f'\t\t\t<situazione id="{situation}" image={path(picture_of("dente", number, situation))}/>' for situation in findings.SITUATIONS]
+        lines += [f'\t\t\t<trattamento id="{service}" image={path(picture_of(name, number))} left="0" top="0"/>'
                   for service, (name, _) in findings.SERVICES.items()]
         lines.append("\t\t</tooth>")
     lines += ["\t</tooths>", "\t<inEvidenza>"]

@@ -188,16 +188,13 @@ LOWER_MILK = {
             (((1.8, 4.65), (1.75, 3.7), (1.7, 2.7)), ((-1.6, 4.65), (-1.65, 3.8), (-1.65, 2.9))), .3),
 }
 
-NAMES = {False: ("incisivo", "laterale", "canino", "premolare1", "premolare2", "molare1", "molare2", "giudizio"),
-         True: ("incisivo_latte", "laterale_latte", "canino_latte", "molare1_latte", "molare2_latte")}
-
 
 def teeth():
-    """Quadrant, position, name of the place in the mouth, arch, side and shape of all 52, in the order of the chart."""
+    """Number, arch, side and shape of all 52, in the order of the chart."""
     for quadrant, positions in ((1, "87654321"), (2, "12345678"), (3, "87654321"), (4, "12345678"),
                                 (5, "54321"), (6, "12345"), (7, "54321"), (8, "12345")):
         arch = "sup" if quadrant in (1, 2, 5, 6) else "inf"
         side = "dx" if quadrant in (1, 4, 5, 8) else "sx"
         shapes = {("sup", False): UPPER, ("inf", False): LOWER, ("sup", True): UPPER_MILK, ("inf", True): LOWER_MILK}[arch, quadrant > 4]
         for position in map(int, positions):
-            yield f"{quadrant}.{position}", f"{arch}_{side}_{NAMES[quadrant > 4][position - 1]}", arch, side, shapes[position]
+            yield f"{quadrant}.{position}", arch, side, shapes[position]

@@ -25,19 +25,15 @@ QColor colourOf(StatoDente stato) {
     return stato == StatoDente::Aperto ? QColor(192, 0, 0) : QColor(192, 192, 0);
 }
 
-QString textOf(StatoDente stato) {
-    if (stato == StatoDente::Finito) return QStringLiteral("terminato");
-    return stato == StatoDente::Aperto ? QStringLiteral("in corso") : QStringLiteral("da iniziare");
-}
-
 /// Shows the service's picture or, where the file is missing, its code.
 void fill(ServiceBadge* badge, const ServizioEvidenziato& entry, const QSize& size) {
-    badge->setService(entry.servizio, entry.descrizione, textOf(entry.stato));
-    const QPixmap picture = loadPicture(entry.immagine, size - QSize(6, 6), badge->devicePixelRatioF());
-    if (picture.isNull())
-        badge->setText(badge->fontMetrics().elidedText(entry.servizio, Qt::ElideRight, size.width() - 6));
-    else
-        badge->setPixmap(picture);
+    badge->setService(entry.servizio, entry.descrizione, statusText(entry.stato));
+    const auto picture = [file = entry.immagine](const QSize& room, qreal ratio) {
+        return loadPicture(file, room, ratio);
+    };
+    if (badge->setDrawing(size - QSize(6, 6), picture)) return;
+    badge->clearDrawing();
+    badge->setText(badge->fontMetrics().elidedText(entry.servizio, Qt::ElideRight, size.width() - 6));
 }
 
 } // namespace
@@ -136,8 +132,11 @@ void EvidencePanel::showShortList(const ComposizioneDenti& composition) {
             continue;
         }
         const ServizioEvidenziato& entry = composition.shortList()[place];
-        shortList_[place]->setService(entry.servizio, entry.descrizione, textOf(entry.stato));
-        shortList_[place]->setPixmap(statusMark(entry.stato, SHORT_BOX - QSize(4, 4), devicePixelRatioF()));
+        shortList_[place]->setService(entry.servizio, entry.descrizione, statusText(entry.stato));
+        const auto mark = [stato = entry.stato](const QSize& size, qreal ratio) {
+            return statusMark(stato, size, ratio);
+        };
+        shortList_[place]->setDrawing(SHORT_BOX - QSize(4, 4), mark);
         shortTexts_[place]->setService(entry.servizio, entry.descrizione, QString());
         shortTexts_[place]->setText(entry.breve);
     }

@@ -5,7 +5,7 @@
 #include <QPainter>
 
 ServiceBadge::ServiceBadge(QWidget* parent)
-    : QLabel(parent) {
+    : PictureLabel(parent) {
     setCursor(Qt::PointingHandCursor);
     hide();
 }
@@ -22,7 +22,7 @@ void ServiceBadge::free() {
     setProperty("tag", QString());
     setToolTip(QString());
     setAccessibleName(QString());
-    clear();
+    clearDrawing();
     hide();
 }
 
@@ -32,12 +32,13 @@ void ServiceBadge::mouseReleaseEvent(QMouseEvent* event) {
 
 void ServiceBadge::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
-    if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter) return QLabel::keyPressEvent(event);
+    if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter)
+        return PictureLabel::keyPressEvent(event);
     if (!service().isEmpty()) emit clicked(service());
 }
 
 void ServiceBadge::paintEvent(QPaintEvent* event) {
-    QLabel::paintEvent(event);
+    PictureLabel::paintEvent(event);
     if (!hasFocus()) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QLabel>
+#include "chart/PictureLabel.h"
 
 /// A small picture or text that stands for a service of the plan, its code in the property "tag". To be clicked, or
 /// reached with Tab and pressed with Space or Enter. Shows a frame while it has the keyboard.
-class ServiceBadge : public QLabel {
+class ServiceBadge : public PictureLabel {
     Q_OBJECT
 
 public:

@@ -45,3 +45,17 @@ QPixmap statusMark(StatoDente stato, const QSize& size, qreal ratio) {
     drawGlyph(painter, stato);
     return picture;
 }
+
+QString statusText(StatoDente stato) {
+    switch (stato) {
+    case StatoDente::Finito:
+        return QStringLiteral("terminato");
+    case StatoDente::Aperto:
+        return QStringLiteral("in corso");
+    case StatoDente::DaIniziare:
+        return QStringLiteral("da iniziare");
+    case StatoDente::Nessuno:
+        break;
+    }
+    return {};
+}

@@ -1,6 +1,7 @@
 #include "chart/ToothBox.h"
 
 #include "chart/PictureFiles.h"
+#include "chart/PictureLabel.h"
 #include "chart/StatusMark.h"
 #include "chart/ToothPicture.h"
 #include "platform/FormLayout.h"
@@ -19,25 +20,11 @@ constexpr int MARK_TWIPS_FROM_EDGE = 240;
 constexpr QSize PICTURE(40, 84); ///< The box that offsets and picture sizes are meant for.
 constexpr int MARK = 14;
 
-QLabel* layer(const QString& name, QWidget* parent) {
-    auto* label = platform::form::named(new QLabel(parent), name);
+PictureLabel* layer(const QString& name, QWidget* parent) {
+    auto* label = platform::form::named(new PictureLabel(parent), name);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
     label->hide();
     return label;
-}
-
-QString stateText(StatoDente stato) {
-    switch (stato) {
-    case StatoDente::Finito:
-        return QStringLiteral("terminato");
-    case StatoDente::Aperto:
-        return QStringLiteral("in corso");
-    case StatoDente::DaIniziare:
-        return QStringLiteral("da iniziare");
-    case StatoDente::Nessuno:
-        break;
-    }
-    return {};
 }
 
 } // namespace
@@ -91,16 +78,17 @@ void ToothBox::placeLayers() {
     const double scale = double(imTooth_->height()) / PICTURE.height();
     for (std::size_t place = 0; place < imTrt_.size(); ++place) {
         const StratoDente& shown = tooth_.strati[place];
-        QLabel* label = imTrt_[place];
+        PictureLabel* label = imTrt_[place];
         label->setProperty("tag", shown.servizio);
         label->setVisible(!shown.servizio.isEmpty());
         if (shown.servizio.isEmpty()) {
-            label->setPixmap(QPixmap());
+            label->clearDrawing();
             continue;
         }
         const QSize size = pictureSize(shown.immagine).boundedTo(2 * PICTURE) * scale;
         const QPoint offset(qRound(shown.left * scale / TWIPS_PER_PIXEL), qRound(shown.top * scale / TWIPS_PER_PIXEL));
-        label->setPixmap(loadPicture(shown.immagine, size, devicePixelRatioF()));
+        label->setDrawing(
+            size, [file = shown.immagine](const QSize& room, qreal ratio) { return loadPicture(file, room, ratio); });
         label->setGeometry(QRect(imTooth_->pos() + offset, size));
     }
 }
@@ -111,9 +99,11 @@ void ToothBox::placeMark() {
     if (tooth_.stato == StatoDente::Nessuno) return;
     const double scale = double(imTooth_->height()) / PICTURE.height();
     const QSize size = QSize(MARK, MARK) * scale;
-    QPixmap picture = loadPicture(tooth_.immagineStato, size, devicePixelRatioF());
-    if (picture.isNull()) picture = statusMark(tooth_.stato, size, devicePixelRatioF());
-    imStatusLavori_->setPixmap(picture);
+    imStatusLavori_->setDrawing(size,
+                                [file = tooth_.immagineStato, stato = tooth_.stato](const QSize& room, qreal ratio) {
+                                    const QPixmap own = loadPicture(file, room, ratio);
+                                    return own.isNull() ? statusMark(stato, room, ratio) : own;
+                                });
     const int inset = qRound(MARK_TWIPS_FROM_EDGE * scale / TWIPS_PER_PIXEL);
     const int top = DenteSuperiore(indice_) ? height() - size.height() - inset : inset;
     imStatusLavori_->setGeometry(QRect(QPoint((width() - size.width()) / 2, top), size));
@@ -123,7 +113,7 @@ void ToothBox::describe() {
     QString name = QStringLiteral("Dente %1").arg(DenteDaIndice(indice_));
     if (!tooth_.testo.isEmpty()) name += QStringLiteral(", ") + tooth_.testo;
     if (tooth_.stato != StatoDente::Nessuno)
-        name += QStringLiteral(", %1 %2").arg(tooth_.servizioStato, stateText(tooth_.stato));
+        name += QStringLiteral(", %1 %2").arg(tooth_.servizioStato, statusText(tooth_.stato));
     if (marked_) name += QStringLiteral(", evidenziato");
     setAccessibleName(name);
     imTooth_->setAccessibleName(name);

@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <array>
 
+class PictureLabel;
 class QLabel;
 class ToothPicture;
 
@@ -43,7 +44,7 @@ private:
     bool shown_ = false;
     DenteComposto tooth_;
     ToothPicture* imTooth_ = nullptr;
-    std::array<QLabel*, DenteComposto::STRATI> imTrt_{};
-    QLabel* imStatusLavori_ = nullptr;
+    std::array<PictureLabel*, DenteComposto::STRATI> imTrt_{};
+    PictureLabel* imStatusLavori_ = nullptr;
     QLabel* laDente_ = nullptr;
 };

@@ -5,6 +5,7 @@
 #include "chart/ToothBox.h"
 #include "platform/FormLayout.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -13,7 +14,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
-#include <utility>
 
 namespace {
 
@@ -58,15 +58,12 @@ protected:
 private:
     /// What the marks mean, in the room that the deciduous teeth leave.
     void drawLegend(QPainter& painter) const {
-        const std::pair<StatoDente, QString> entries[] = {{StatoDente::DaIniziare, QStringLiteral("da iniziare")},
-                                                          {StatoDente::Aperto, QStringLiteral("in corso")},
-                                                          {StatoDente::Finito, QStringLiteral("terminato")}};
         const int line = std::max(LEGEND_MARK, painter.fontMetrics().height()) + 4;
         QPoint place(2 * MARGIN, height() / 2 + MARGIN);
-        for (const auto& [stato, text] : entries) {
+        for (const StatoDente stato : {StatoDente::DaIniziare, StatoDente::Aperto, StatoDente::Finito}) {
             painter.drawPixmap(place, statusMark(stato, QSize(LEGEND_MARK, LEGEND_MARK), devicePixelRatioF()));
             painter.drawText(QRect(place.x() + LEGEND_MARK + 6, place.y(), 140, LEGEND_MARK),
-                             Qt::AlignLeft | Qt::AlignVCenter, text);
+                             Qt::AlignLeft | Qt::AlignVCenter, statusText(stato));
             place.ry() += line;
         }
     }
@@ -123,6 +120,9 @@ ToothChart::ToothChart(QWidget* parent)
     for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
         auto* tooth = new ToothBox(indice, pbDenti_);
         boxes_[static_cast<std::size_t>(indice)] = tooth;
+        // The keyboard goes on from the tooth that the mouse was at.
+        connect(tooth, &ToothBox::clicked, this, &ToothChart::setCurrent);
+        connect(tooth, &ToothBox::rightClicked, this, &ToothChart::setCurrent);
         connect(tooth, &ToothBox::clicked, this, &ToothChart::toothClicked);
         connect(tooth, &ToothBox::rightClicked, this, &ToothChart::toothRightClicked);
     }
@@ -134,12 +134,14 @@ ToothChart::ToothChart(QWidget* parent)
 void ToothChart::setComposition(const ComposizioneDenti& composition) {
     for (int indice = 0; indice < NUMERO_DENTI; ++indice)
         box(indice)->setTooth(composition.tooth(indice));
+    if (hasFocus()) tellCurrent();
 }
 
 void ToothChart::setSelection(const QString& denti) {
     const QStringList teeth = DentiDaSelezione(denti);
     for (int indice = 0; indice < NUMERO_DENTI; ++indice)
         box(indice)->setMarked(teeth.contains(DenteDaIndice(indice)));
+    if (hasFocus()) tellCurrent();
 }
 
 bool ToothChart::isMarked(int indice) const {
@@ -209,13 +211,26 @@ void ToothChart::setCurrent(int indice) {
     box(current_)->setCurrent(false);
     current_ = indice;
     box(current_)->setCurrent(hasFocus());
+    tellCurrent();
     const QRect shown = box(current_)->geometry();
     if (shown.left() < hsDenti_->value()) hsDenti_->setValue(shown.left() - MARGIN);
     if (shown.right() > hsDenti_->value() + width()) hsDenti_->setValue(shown.right() + MARGIN - width());
 }
 
+/// The teeth take no focus of their own: what a screen reader says of the chart is the tooth that the keyboard is at.
+void ToothChart::tellCurrent() {
+    setAccessibleDescription(box(current_)->accessibleName());
+    QAccessibleEvent changed(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
 void ToothChart::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
+    const int key = event->key();
+    if (key == Qt::Key_Menu || (key == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)) {
+        emit toothRightClicked(current_);
+        return;
+    }
+    switch (key) {
     case Qt::Key_Left:
         return setCurrent(neighbour({-1, 0}));
     case Qt::Key_Right:
@@ -228,9 +243,6 @@ void ToothChart::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         emit toothClicked(current_);
-        return;
-    case Qt::Key_Menu:
-        emit toothRightClicked(current_);
         return;
     default:
         QWidget::keyPressEvent(event);

@@ -12,7 +12,8 @@ class ToothBox;
 /// The 52 teeth as four rows, from the upper right to the lower left of the patient: shape or picture, number, service
 /// pictures, status mark, red frame when marked. Each tooth has the named parts pbTooh(i), imTooth(i), imTrt01(i) to
 /// imTrt03(i), imStatusLavori(i) and laDente(i); the panel is pbDenti, moved sideways by hsDenti when there is no room.
-/// With the keyboard, the arrows walk from tooth to tooth, Space and Enter click, the menu key right-clicks.
+/// With the keyboard, the arrows walk from tooth to tooth, Space and Enter click, the menu key and Shift+F10
+/// right-click.
 class ToothChart : public QWidget {
     Q_OBJECT
 
@@ -42,6 +43,7 @@ private:
     void layOutTeeth();
     void updateScrolling();
     void setCurrent(int indice);
+    void tellCurrent();
     int neighbour(const QPoint& direction) const;
 
     QWidget* pbDenti_ = nullptr;

@@ -1,11 +1,18 @@
 #include "chart/ToothPicture.h"
 
 #include "chart/PictureFiles.h"
-#include "chart/ToothShape.h"
 #include "chart/modDenti.h"
 
 #include <QMouseEvent>
 #include <QPainter>
+
+namespace {
+
+QString soundTooth(int indice) {
+    return QStringLiteral(":/denti/dente_%1%2.svg").arg(QuadranteDente(indice)).arg(PosizioneDente(indice));
+}
+
+} // namespace
 
 ToothPicture::ToothPicture(int indice, QWidget* parent)
     : QWidget(parent)
@@ -43,10 +50,7 @@ void ToothPicture::paintEvent(QPaintEvent*) {
     if (loadedFor_ != size() * ratio) {
         loadedFor_ = size() * ratio;
         pixmap_ = loadPicture(path_, size(), ratio);
-    }
-    if (pixmap_.isNull()) {
-        paintTooth(painter, indice_, QRectF(rect()).adjusted(1, 1, -1, -1));
-        return;
+        if (pixmap_.isNull()) pixmap_ = loadPicture(soundTooth(indice_), size(), ratio);
     }
     const QSizeF shown = pixmap_.deviceIndependentSize();
     painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2), pixmap_);

@@ -4,14 +4,15 @@
 #include <QString>
 #include <QWidget>
 
-/// One tooth to look at and to click: the picture of a file or, without one, the shape of its kind.
+/// One tooth to look at and to click: the picture of a file or, without one, the sound tooth that the module carries in
+/// itself, so that a mouth is never without teeth.
 class ToothPicture : public QWidget {
     Q_OBJECT
 
 public:
     explicit ToothPicture(int indice, QWidget* parent = nullptr);
 
-    void setPicture(const QString& path); ///< Empty for the shape.
+    void setPicture(const QString& path); ///< Empty, or no picture: the sound tooth.
     void setMarked(bool marked);          ///< Lays a tint behind the tooth.
     QSize sizeHint() const override;
 

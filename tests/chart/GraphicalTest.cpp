@@ -73,6 +73,8 @@ TEST(Graphical, MarksAtAGlanceNeedAPlaceFromZeroToEleven) {
                               "<trattamento id=\"B\" image=\"\" eyeIndex=\"0\" eyeImage=\"b\"/>"
                               "<trattamento id=\"A\" eyeIndex=\"\" eyeImage=\"no\"/>"
                               "<trattamento id=\"A\" eyeIndex=\"-1\" eyeImage=\"no\"/>"
+                              "<trattamento id=\"A\" eyeIndex=\"dieci\" eyeImage=\"no\"/>"
+                              "<trattamento id=\"A\" eyeIndex=\"65541\" eyeImage=\"no\"/>"
                               "<trattamento id=\"A\" eyeIndex=\"11\" eyeImage=\"a\"/>"
                               "<trattamento id=\"C\" image=\"c\" eyeIndex=\"3\" eyeImage=\"\"/>"));
     qint16 index = -1;

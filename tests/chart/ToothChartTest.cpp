@@ -2,7 +2,10 @@
 #include "chart/ComposizioneDenti.h"
 #include "chart/EvidencePanel.h"
 #include "chart/GraphicFile.h"
+#include "chart/PictureLabel.h"
+#include "chart/ToothBox.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -72,6 +75,62 @@ TEST(ToothChart, ShowsTheCompositionToothByTooth) {
     EXPECT_FALSE(layer->isVisible());
     EXPECT_TRUE(tag(layer).isEmpty());
     EXPECT_FALSE(part(chart, "imStatusLavori(7)")->isVisible());
+}
+
+TEST(ToothChart, AToothWithoutAPictureIsDrawnAsTheArtworkDrawsIt) {
+    const QString previous = sAppPath;
+    sAppPath = u8(CORVALA_DATA_DIR);
+    clsGraphical artwork;
+    ASSERT_TRUE(artwork.Init(u8(CORVALA_DATA_DIR "/Graphical.xml")));
+    const clsGraphical nothing;
+    ComposizioneDenti pictures(artwork);
+    ComposizioneDenti bare(nothing);
+    pictures.composeTeeth({});
+    bare.composeTeeth({});
+    for (int index = 0; index < NUMERO_DENTI; ++index) {
+        QWidget panel;
+        ToothBox named(index, &panel);
+        ToothBox unnamed(index, &panel);
+        named.resize(ToothBox::naturalSize(index));
+        unnamed.resize(named.size());
+        named.setTooth(pictures.tooth(index));
+        unnamed.setTooth(bare.tooth(index));
+        EXPECT_EQ(unnamed.grab().toImage(), named.grab().toImage()) << DenteDaIndice(index).toStdString();
+    }
+    sAppPath = previous;
+}
+
+TEST(PictureLabel, IsDrawnAnewForAScreenOfAnotherDensityOnly) {
+    /// A label that can be moved between screens.
+    class Moving : public PictureLabel {
+    public:
+        qreal ratio = 1;
+
+    protected:
+        int metric(PaintDeviceMetric asked) const override {
+            if (asked == PdmDevicePixelRatio) return qRound(ratio);
+            if (asked == PdmDevicePixelRatioScaled) return qRound(ratio * devicePixelRatioFScale());
+            return PictureLabel::metric(asked);
+        }
+    };
+    Moving label;
+    QList<qreal> drawn;
+    label.setDrawing(QSize(10, 10), [&](const QSize& size, qreal ratio) {
+        drawn.append(ratio);
+        QPixmap picture(size * ratio);
+        picture.setDevicePixelRatio(ratio);
+        picture.fill(Qt::red);
+        return picture;
+    });
+    label.resize(20, 20);
+    QImage screen(40, 40, QImage::Format_ARGB32);
+    for (const qreal ratio : {1.0, 1.0, 2.0, 2.0, 1.5}) {
+        label.ratio = ratio;
+        label.render(&screen);
+        EXPECT_EQ(label.pixmap().devicePixelRatio(), ratio);
+        EXPECT_EQ(label.pixmap().deviceIndependentSize(), QSizeF(10, 10));
+    }
+    EXPECT_EQ(drawn, QList<qreal>({1, 2, 1.5}));
 }
 
 TEST(ToothChart, MarksExactlyTheTeethOfASelection) {
@@ -158,8 +217,40 @@ TEST(ToothChart, TheKeyboardWalksTheArchesAndClicks) {
     const QWidget* last = part(chart, "pbTooh(16)");
     EXPECT_LE(last->mapTo(&chart, last->rect().topRight()).x(), chart.width()) << "the tooth is scrolled into sight";
     QTest::keyClick(&chart, Qt::Key_Menu);
-    ASSERT_EQ(right.size(), 1);
+    QTest::mouseClick(part(chart, "imTooth(10)"), Qt::LeftButton);
+    QTest::keyClick(&chart, Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_EQ(right.size(), 2);
     EXPECT_EQ(right[0][0].toInt(), 16);
+    EXPECT_EQ(right[1][0].toInt(), 10) << "the keyboard goes on from the mouse";
+}
+
+TEST(ToothChart, AScreenReaderIsToldTheToothItsStateAndWhereTheKeyboardIs) {
+    const clsGraphical nothing;
+    ComposizioneDenti composition(nothing);
+    composition.composeTeeth(u8("6:2:dolente"));
+    composition.composeMarks({{u8("1.2"), {}, u8("CORONA"), {}, u8("1/1/2024"), {}}});
+    ToothChart chart;
+    chart.setComposition(composition);
+    chart.show();
+    chart.activateWindow();
+    chart.setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&chart] { return chart.hasFocus(); }));
+    const auto spoken = [](QWidget* widget, QAccessible::Text text) {
+        QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(widget);
+        return reader ? reader->text(text) : u8("no reader");
+    };
+    for (int index = 0; index < NUMERO_DENTI; ++index) {
+        const QString tooth = u8("Dente ") + DenteDaIndice(index);
+        EXPECT_TRUE(spoken(chart.box(index), QAccessible::Name).startsWith(tooth));
+        EXPECT_TRUE(spoken(part(chart, qPrintable(u8("imTooth(%1)").arg(index))), QAccessible::Name).startsWith(tooth));
+    }
+    EXPECT_EQ(spoken(&chart, QAccessible::Name), u8("Schema dei denti"));
+    EXPECT_EQ(spoken(&chart, QAccessible::Description), u8("Dente 1.8"));
+    for (int step = 0; step < 6; ++step)
+        QTest::keyClick(&chart, Qt::Key_Right);
+    EXPECT_EQ(spoken(&chart, QAccessible::Description), u8("Dente 1.2, dolente, CORONA in corso"));
+    chart.setSelection(u8("1.2"));
+    EXPECT_EQ(spoken(&chart, QAccessible::Description), u8("Dente 1.2, dolente, CORONA in corso, evidenziato"));
 }
 
 TEST(EvidencePanel, EachEntryTellsItsService) {
