@@ -26,6 +26,7 @@ PannelloStadio::PannelloStadio(int indice, QWidget* parent)
     using namespace platform::form;
     setObjectName(arrayName("pbStatus", indice));
     laStatus_ = named(new QLabel(this), arrayName("laStatus", indice));
+    laStatus_->setWordWrap(true);
     cbStatusINI_ = named(new QCheckBox(QStringLiteral("Lavori Iniziati"), this), arrayName("cbStatusINI", indice));
     dtpStatusINI_ = dateBox(arrayName("dtpStatusINI", indice), this);
     cbStatusFIN_ = named(new QCheckBox(QStringLiteral("Lavori Terminati"), this), arrayName("cbStatusFIN", indice));

@@ -1,8 +1,8 @@
-#include "catalogues/ServiceFile.h"
 #include "catalogues/modSceltaServizio.h"
 #include "config/clsItemIva.h"
 #include "config/clsItemRaggMerc.h"
 #include "platform/ReportGrid.h"
+#include "support/ServiceFile.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -78,20 +78,6 @@ protected:
 
 } // namespace
 
-TEST_F(SceltaServizio, OpensOnWhatWasTypedAndGivesTheChosenRowBack) {
-    code_ = u8(" vis ");
-    EXPECT_TRUE(choose(true, [](const Visit& visit) {
-        EXPECT_EQ(visit.window->windowTitle(), u8("Ricerca Servizi e Prodotti. Tessara 5000. CORVALA"));
-        EXPECT_EQ(visit.codes(), u8("VISITA,VISCON"));
-        EXPECT_EQ(visit.grid()->rowRecord(0)->cell(1).value, u8("Esente"));
-        EXPECT_EQ(visit.grid()->rowRecord(0)->cell(3).value, u8("Visite"));
-        visit.grid()->setFocusedRecord(visit.grid()->rowRecord(1));
-        visit.press("cbPiglia");
-    }));
-    EXPECT_EQ(code_, u8("VISCON"));
-    EXPECT_EQ(text_, u8("Visita"));
-}
-
 TEST_F(SceltaServizio, FiltersByDescriptionAndByUseInPlans) {
     const struct {
         bool onlyTreatments;
@@ -101,6 +87,7 @@ TEST_F(SceltaServizio, FiltersByDescriptionAndByUseInPlans) {
     } cases[] = {
         {false, "", "", "VISITA,CORONA,LAVANDA,VISCON"},
         {true, "", "", "VISITA,CORONA,VISCON"},
+        {true, " vis ", "", "VISITA,VISCON"},
         {true, "", "ORO", "CORONA"},
         {true, "vis", "corona", ""},
     };
@@ -122,6 +109,8 @@ TEST_F(SceltaServizio, FiltersByDescriptionAndByUseInPlans) {
 TEST_F(SceltaServizio, AGroupShowsItsOwnServicesAndForgetsTheTextsOfTheStart) {
     code_ = u8("VISITA");
     EXPECT_TRUE(choose(true, [](const Visit& visit) {
+        EXPECT_EQ(visit.grid()->rowRecord(0)->cell(1).value, u8("Esente"));
+        EXPECT_EQ(visit.grid()->rowRecord(0)->cell(3).value, u8("Visite"));
         EXPECT_TRUE(visit.tree()->findItems(u8("Senza codice"), Qt::MatchRecursive).isEmpty());
         visit.clickGroup("Protesi");
         EXPECT_EQ(visit.codes(), u8("CORONA"));
@@ -136,6 +125,7 @@ TEST_F(SceltaServizio, AGroupShowsItsOwnServicesAndForgetsTheTextsOfTheStart) {
         EXPECT_FALSE(visit.window->isVisible());
     }));
     EXPECT_EQ(code_, u8("CORONA"));
+    EXPECT_EQ(text_, u8("Corona"));
 }
 
 TEST_F(SceltaServizio, WithoutARowNothingIsChosen) {

@@ -1,8 +1,8 @@
-#include "catalogues/ServiceFile.h"
 #include "catalogues/modRaggrMerc.h"
 #include "catalogues/modServizi.h"
 #include "config/clsItemRaggMerc.h"
 #include "platform/XmlDocument.h"
+#include "support/ServiceFile.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -120,6 +120,8 @@ TEST(Servizi, DamagedFilesGiveWhatCanBeReadAndStayAsTheyAre) {
          head + "<servizi>" + ServiceFile::entry("A") + "<servizio UM=\"NR\"/>" + ServiceFile::entry("B") +
              "</servizi>",
          1, false},
+        {"no unit in the one to change",
+         head + "<servizi>" + ServiceFile::entry("NUOVO").replace("UM=\"NR\"", "") + "</servizi>", 0, false},
         {"no unit", head + "<servizi>" + ServiceFile::entry("A") + noUnit + ServiceFile::entry("C") + "</servizi>", 1,
          true},
         {"same key, other case", head + "<servizi>" + good + ServiceFile::entry("a") + "</servizi>", 2, true},
@@ -135,14 +137,6 @@ TEST(Servizi, DamagedFilesGiveWhatCanBeReadAndStayAsTheyAre) {
             EXPECT_EQ(file.bytes(), c.content);
         }
     }
-}
-
-TEST(Servizi, AnIncompleteEntryIsNotRepairedByAChange) {
-    ServiceFile file;
-    file.putEntries(ServiceFile::entry("A").replace("UM=\"NR\"", ""));
-    const QByteArray before = file.bytes();
-    EXPECT_FALSE(file.servizi().Aggiorna(sample("A")));
-    EXPECT_EQ(file.bytes(), before);
 }
 
 TEST(Servizi, AHugeFileIsAnsweredWithAnEmptyList) {

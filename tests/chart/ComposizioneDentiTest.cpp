@@ -1,5 +1,5 @@
 #include "chart/ComposizioneDenti.h"
-#include "catalogues/ServiceFile.h"
+#include "support/ServiceFile.h"
 #include "chart/GraphicFile.h"
 
 #include <QFile>

@@ -107,17 +107,6 @@ TEST_F(EditorRigo, DropsTheStagesOfTheOldService) {
     EXPECT_EQ(scritto().statuslavori, QStringLiteral("Preparazione\r\nImpronta\r\nProva\r\nCementazione"));
 }
 
-TEST_F(EditorRigo, ChoosesOperatorAndAssistantAmongTheUsers) {
-    apri();
-    dialoghi_.scelta = QStringLiteral("Ferrari dott. Laura");
-    trova<QPushButton>(QStringLiteral("cbFndOperatore"))->click();
-    EXPECT_EQ(dialoghi_.menu.size(), 2);
-    dialoghi_.scelta = QStringLiteral("Greco Sara");
-    trova<QPushButton>(QStringLiteral("cbFndAssistente"))->click();
-    EXPECT_EQ(scritto().operatore, QStringLiteral("FRRLRA74E58A944P"));
-    EXPECT_EQ(scritto().assistente, QStringLiteral("GRCSRA96P49F839K"));
-}
-
 TEST_F(EditorRigo, LocksTheNoteOnDoubleClick) {
     apri();
     auto* note = trova<QPlainTextEdit>(QStringLiteral("tbDati(6)"));

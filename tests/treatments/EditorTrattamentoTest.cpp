@@ -17,7 +17,6 @@
 #include <QTest>
 #include <QTimer>
 
-using platform::ReportGrid;
 using platform::form::arrayName;
 using namespace rigogriglia;
 
@@ -72,27 +71,6 @@ TEST_F(Editor, StoresANewPlanAsWorkedInTheWindow) {
     EXPECT_EQ(stored->m1.toStdString(), std::string(atteso));
 }
 
-TEST_F(Editor, ShowsTheRowsInTheirColumns) {
-    apri(QString());
-    const QStringList didascalie{QString(),
-                                 QStringLiteral("Dente"),
-                                 QStringLiteral("Servizio"),
-                                 QStringLiteral("Descrizione"),
-                                 QStringLiteral("Inzio"),
-                                 QStringLiteral("Fine"),
-                                 QStringLiteral("Ragr.to"),
-                                 QStringLiteral("Operatore"),
-                                 QStringLiteral("Assistente"),
-                                 QStringLiteral("Fattura"),
-                                 QStringLiteral("Note")};
-    const QList<int> larghezze{20, 46, 90, 244, 64, 64, 100, 100, 100, 100, 84};
-    ASSERT_EQ(righi()->columnCount(), didascalie.size());
-    for (int i = 0; i < righi()->columnCount(); ++i) {
-        EXPECT_EQ(righi()->column(i).caption, didascalie[i]);
-        EXPECT_EQ(righi()->column(i).width, larghezze[i]) << i;
-    }
-}
-
 TEST_F(Editor, NamesWhatKeepsThePlanFromBeingSaved) {
     struct Caso {
         const char *anno, *progressivo, *messaggio;
@@ -144,6 +122,7 @@ TEST_F(Editor, OpensReadOnlyWhatIsInUseAndLeavesTheOthersLock) {
     apri(id);
     EXPECT_EQ(dialoghi_.messaggi, QStringList{QStringLiteral("Attenzione! Trattamento in uso ad altro utente!\r\n"
                                                              "Eventuali modifiche verranno tralasciate!")});
+    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_WARNING});
     for (const char* nome : {"cbConferma", "cbRighi(0)", "cbRighi(2)", "cbAppunti(0)", "cbAppunti(2)", "cbFattura"})
         EXPECT_FALSE(trova<QPushButton>(QLatin1String(nome))->isEnabled()) << nome;
     EXPECT_EQ(trova<QPushButton>(QStringLiteral("cbRighi(1)"))->text(), QStringLiteral("dettagli"));
@@ -155,35 +134,6 @@ TEST_F(Editor, OpensReadOnlyWhatIsInUseAndLeavesTheOthersLock) {
 
     QTest::keyClick(&primo, Qt::Key_Escape);
     EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), id));
-}
-
-TEST_F(Editor, DropsTheChangesOnEscapeWithoutAQuestion) {
-    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0007")).ID;
-    const QString memo = riga(QStringLiteral("2026-0007"))->m1;
-    apri(id);
-    EXPECT_FALSE(dato(0)->isEnabled());
-    EXPECT_FALSE(dato(1)->isEnabled());
-    nuovoRigo(QStringLiteral("VISITA"));
-    QTest::keyClick(finestra_.get(), Qt::Key_Escape);
-    EXPECT_FALSE(finestra_->isVisible());
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
-    EXPECT_TRUE(oHost->Framework().DialogCancel());
-    EXPECT_EQ(riga(QStringLiteral("2026-0007"))->m1, memo);
-}
-
-TEST_F(Editor, AsksWhetherToGoOnWhenTheHostCannotSave) {
-    apri(QString());
-    desk_->closePatient();
-    dialoghi_.risposta = platform::Answer::Yes;
-    conferma();
-    EXPECT_EQ(dialoghi_.messaggi.value(0),
-              QStringLiteral("Attenzione! Salvataggio non a buon fine! Vuoi rivedere i dati?"));
-    EXPECT_EQ(dialoghi_.valori.value(0), 36);
-    EXPECT_TRUE(finestra_->isVisible());
-    dialoghi_.risposta = platform::Answer::No;
-    conferma();
-    EXPECT_FALSE(finestra_->isVisible());
-    EXPECT_TRUE(oHost->Framework().DialogCancel());
 }
 
 TEST_F(Editor, ReopensAStoredPlanAndSavesItUnchanged) {
@@ -275,24 +225,6 @@ TEST_F(Editor, CoversNewRowsByTheAdvanceInvoice) {
     EXPECT_TRUE(riga(QStringLiteral("2026-0001"))->m1.contains(QStringLiteral("fatturaAnticipo=\"2026-0003\"")));
 }
 
-TEST_F(Editor, SearchesTheCatalogueForATypedQuestionMark) {
-    apri(QString());
-    premi(arrayName("cbRighi", 0));
-    QTimer::singleShot(50, [] {
-        QWidget* scelta = QApplication::activeModalWidget();
-        ASSERT_NE(scelta, nullptr);
-        EXPECT_EQ(scelta->objectName(), QStringLiteral("frmSceltaServizio"));
-        auto* lista = scelta->findChild<ReportGrid*>(QStringLiteral("rcLista"));
-        EXPECT_EQ(lista->rowCount(), 1);
-        lista->setFocusedRecord(lista->rowRecord(0));
-        QTest::mouseClick(scelta->findChild<QPushButton*>(QStringLiteral("cbPiglia")), Qt::LeftButton);
-    });
-    scrivi(0, SERVIZIO, QStringLiteral("?coro"));
-    EXPECT_EQ(cella(0, SERVIZIO), QStringLiteral("CORONA"));
-    EXPECT_EQ(cella(0, DESCRIZIONE), QStringLiteral("Corona in zirconia-ceramica"));
-    EXPECT_EQ(cella(0, RAGGRUPPAMENTO), QStringLiteral("Protesi fissa"));
-}
-
 TEST_F(Editor, TiesChartAndRowsTogether) {
     apri(QString());
     nuovoRigo(QStringLiteral("CORONA"), QStringLiteral("+1.1;1.2"));
@@ -326,33 +258,6 @@ TEST_F(Editor, StartsANewPlanWithAnEmptyRowWhereThePracticeWantsIt) {
     apri(salvato(QStringLiteral("2026"), QStringLiteral("0007")).ID);
     QTest::qWait(5);
     EXPECT_EQ(righi()->rowCount(), 0);
-}
-
-TEST_F(Editor, EditsARowInItsOwnWindow) {
-    apri(QString());
-    nuovoRigo(QStringLiteral("CORONA"));
-    scegliRiga(0);
-    const auto nellaFinestra = [](bool accetta) {
-        QTimer::singleShot(30, [accetta] {
-            QWidget* rigo = QApplication::activeModalWidget();
-            ASSERT_NE(rigo, nullptr);
-            EXPECT_EQ(rigo->objectName(), QStringLiteral("frmEditRigoTrattamento"));
-            rigo->findChild<QLineEdit*>(QStringLiteral("tbDati(5)"))->setText(QStringLiteral("+1.1;2.1"));
-            rigo->findChild<QLineEdit*>(QStringLiteral("tbTotali(0)"))->setText(QStringLiteral("100"));
-            const QString bottone = accetta ? QStringLiteral("cbAccetta") : QStringLiteral("cbAnnulla");
-            QTest::mouseClick(rigo->findChild<QPushButton*>(bottone), Qt::LeftButton);
-        });
-    };
-    nellaFinestra(false);
-    tasto(Qt::Key_Return);
-    QTest::qWait(60);
-    EXPECT_EQ(cella(0, DENTE), QString());
-    nellaFinestra(true);
-    emit righi()->rowDoubleClicked(righi()->rowRecord(0), DESCRIZIONE);
-    QTest::qWait(60);
-    EXPECT_EQ(cella(0, DENTE), QStringLiteral("+"));
-    EXPECT_EQ(righi()->rowRecord(0)->cell(DENTE).tag, QStringLiteral("1.1;2.1"));
-    EXPECT_EQ(trova<QLineEdit>(QStringLiteral("tbTotale(1)"))->text(), QStringLiteral("200,00"));
 }
 
 TEST_F(Editor, OpensStraightOnARowAndFollowsItsAnswerUnseen) {

@@ -1,3 +1,4 @@
+#include "FinestraModale.h"
 #include "StudioDiProva.h"
 #include "host/contract/View.h"
 #include "platform/ReportGrid.h"
@@ -5,13 +6,12 @@
 #include "treatments/ColonneTrattamenti.h"
 #include "treatments/frmMDITrattamenti.h"
 
-#include <QApplication>
 #include <QDateEdit>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 using platform::ReportGrid;
 using namespace colonnetrattamenti;
@@ -30,24 +30,13 @@ public:
     QStringList testi;
 };
 
-/// Presses a button of the next modal window, and keeps which window it was.
-class AllaProssimaFinestra {
-public:
-    explicit AllaProssimaFinestra(const QString& bottone) {
-        QTimer::singleShot(30, &timer_, [this, bottone] {
-            QWidget* finestra = QApplication::activeModalWidget();
-            if (!finestra) return;
-            nome = finestra->objectName();
-            titolo = finestra->findChild<QWidget*>(QStringLiteral("tbDati(1)"))->property("text").toString();
-            QTest::mouseClick(finestra->findChild<QPushButton*>(bottone), Qt::LeftButton);
-        });
-    }
-    QString nome;
-    QString titolo; ///< Number of the plan that the window shows.
-
-private:
-    QObject timer_;
-};
+/// In the editor of the plan with that number: presses the button.
+std::function<void(QWidget&)> preme(const char* bottone, const char* numero) {
+    return [=](QWidget& editor) {
+        EXPECT_EQ(editor.findChild<QLineEdit*>(QStringLiteral("tbDati(1)"))->text(), QLatin1String(numero));
+        QTest::mouseClick(editor.findChild<QPushButton*>(QLatin1String(bottone)), Qt::LeftButton);
+    };
+}
 
 class Elenchi : public StudioDiProva {
 protected:
@@ -137,13 +126,11 @@ TEST_F(Elenchi, OpensThePlanOfAnotherPatientOnDoubleClickAndEnter) {
         SCOPED_TRACE(daTasto);
         desk_->closePatient();
         grid.setFocusedRecord(grid.rowRecord(0));
-        AllaProssimaFinestra prossima(QStringLiteral("cbAnnulla"));
+        const FinestraModale attesa("frmEditTrattamento", preme("cbAnnulla", "0041"));
         if (daTasto)
             QTest::keyClick(grid.view(), Qt::Key_Return);
         else
             emit grid.rowDoubleClicked(grid.rowRecord(0), PROGRESSIVO);
-        EXPECT_EQ(prossima.nome, QStringLiteral("frmEditTrattamento"));
-        EXPECT_EQ(prossima.titolo, QStringLiteral("0041"));
         ASSERT_NE(PazienteAperto(), nullptr);
         EXPECT_EQ(PazienteAperto()->ID(), suo);
     }
@@ -224,14 +211,12 @@ TEST_F(Elenchi, RunsTheCommandsOfThePanel) {
     ReportGrid grid;
     vista().refreshGrid(&grid, id);
     {
-        AllaProssimaFinestra prossima(QStringLiteral("cbConferma"));
+        const FinestraModale attesa("frmEditTrattamento", preme("cbConferma", "0041"));
         vista().PopupExecute(10078, &grid);
-        EXPECT_EQ(prossima.titolo, QStringLiteral("0041"));
     }
     {
-        AllaProssimaFinestra prossima(QStringLiteral("cbConferma"));
+        const FinestraModale attesa("frmEditTrattamento", preme("cbConferma", "0042"));
         vista().PopupExecute(10077, &grid);
-        EXPECT_EQ(prossima.titolo, QStringLiteral("0042"));
     }
     EXPECT_TRUE(riga(QStringLiteral("2026-0042")));
     vista().PopupExecute(10080, &grid);
@@ -245,22 +230,21 @@ TEST_F(Elenchi, RunsTheCommandsOfThePanel) {
 
 TEST_F(Elenchi, OpensThePlanWithWorkGoingOnFromTheRibbon) {
     EXPECT_FALSE(desk_->pressCommand(QStringLiteral("CRVL0303"))) << "without a plan the command is off";
-    QTimer::singleShot(30, [] {
-        QWidget* editor = QApplication::activeModalWidget();
-        ASSERT_NE(editor, nullptr);
-        auto* righi = editor->findChild<ReportGrid*>(QStringLiteral("rcRighi"));
-        editor->findChild<QPushButton*>(QStringLiteral("cbRighi(0)"))->click();
-        QTest::qWait(1);
-        EXPECT_TRUE(righi->enterText(0, 2, QStringLiteral("VISITA")));
-        EXPECT_TRUE(righi->enterText(0, 4, QStringLiteral("09/03/2026")));
-        editor->findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
-    });
-    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0302")));
+    {
+        const FinestraModale attesa("frmEditTrattamento", [](QWidget& editor) {
+            auto* righi = editor.findChild<ReportGrid*>(QStringLiteral("rcRighi"));
+            editor.findChild<QPushButton*>(QStringLiteral("cbRighi(0)"))->click();
+            QTest::qWait(1);
+            EXPECT_TRUE(righi->enterText(0, 2, QStringLiteral("VISITA")));
+            EXPECT_TRUE(righi->enterText(0, 4, QStringLiteral("09/03/2026")));
+            editor.findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
+        });
+        ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0302")));
+    }
     ASSERT_TRUE(riga(QStringLiteral("2026-0001")));
     {
-        AllaProssimaFinestra prossima(QStringLiteral("cbAnnulla"));
+        const FinestraModale attesa("frmEditTrattamento", preme("cbAnnulla", "0001"));
         ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0303")));
-        EXPECT_EQ(prossima.titolo, QStringLiteral("0001"));
     }
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0301")));
     auto* elenco = desk_->window()->findChild<QWidget*>(QStringLiteral("frmMDITrattamenti"));

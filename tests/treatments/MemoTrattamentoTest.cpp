@@ -1,7 +1,7 @@
 #include "treatments/MemoTrattamento.h"
 
-#include "CatalogoDiProva.h"
 #include "platform/XmlDocument.h"
+#include "support/ServiceFile.h"
 #include "treatments/StadiLavoro.h"
 #include "treatments/StatoTrattamento.h"
 #include "treatments/TotaliRighi.h"
@@ -76,6 +76,17 @@ clsItemTrattamento piano() {
     return item;
 }
 
+/// With a catalogue in which a crown costs 50 and a visit 30.
+class MemoTrattamento : public testing::Test {
+protected:
+    MemoTrattamento() {
+        catalogo_.putEntries(ServiceFile::entry("CORONA").replace("60,00", "50,00") +
+                             ServiceFile::entry("VISITA").replace("60,00", "30,00"));
+    }
+    ServiceFile catalogo_;
+};
+using TotaliDeiRighi = MemoTrattamento;
+
 clsItemTrattamento letto(const QString& memo) {
     clsItemTrattamento item;
     leggiMemoTrattamento(item, memo);
@@ -89,12 +100,11 @@ QString conRighi(const QString& righi, const QString& altro = {}) {
 
 } // namespace
 
-TEST(MemoTrattamento, WritesTheStoredLayoutByteForByte) {
+TEST_F(MemoTrattamento, WritesTheStoredLayoutByteForByte) {
     EXPECT_EQ(scriviMemoTrattamento(piano()).toStdString(), std::string(MEMO));
 }
 
-TEST(MemoTrattamento, ReadsWhatItWrote) {
-    CatalogoDiProva catalogo;
+TEST_F(MemoTrattamento, ReadsWhatItWrote) {
     const clsItemTrattamento item = letto(QString::fromLatin1(MEMO));
     EXPECT_EQ(scriviMemoTrattamento(item).toStdString(), std::string(MEMO));
     EXPECT_EQ(item.descrizione, QStringLiteral("Riabilitazione è più"));
@@ -110,8 +120,7 @@ TEST(MemoTrattamento, ReadsWhatItWrote) {
     EXPECT_EQ(item.lavorifiniti, 1);
 }
 
-TEST(MemoTrattamento, KeepsValuesThatWouldBreakTheMemo) {
-    CatalogoDiProva catalogo;
+TEST_F(MemoTrattamento, KeepsValuesThatWouldBreakTheMemo) {
     const QString difficile = QStringLiteral("a\"b<c>&'d\te\xE9");
     clsItemTrattamento item = piano();
     item.cliente = difficile;
@@ -129,8 +138,7 @@ TEST(MemoTrattamento, KeepsValuesThatWouldBreakTheMemo) {
     EXPECT_EQ(riletto.righi[0].note, QStringLiteral("€ 5 \u2013 ?")); // Base64 fields are single bytes
 }
 
-TEST(MemoTrattamento, AppliesThePriceRule) {
-    CatalogoDiProva catalogo;
+TEST_F(MemoTrattamento, AppliesThePriceRule) {
     struct Caso {
         const char* attributi;
         float prezzo;
@@ -153,8 +161,7 @@ TEST(MemoTrattamento, AppliesThePriceRule) {
     }
 }
 
-TEST(MemoTrattamento, ReadsTheSpellingOfOlderMemosAndWritesOnlyTheRightOne) {
-    CatalogoDiProva catalogo;
+TEST_F(MemoTrattamento, ReadsTheSpellingOfOlderMemosAndWritesOnlyTheRightOne) {
     const auto item =
         letto(conRighi(QStringLiteral("<rigo progressivo='01' prezzo='1,00' assitente='ABC'/>"
                                       "<rigo progressivo='02' prezzo='1,00' assistente='' assitente='ABC'/>"
@@ -169,8 +176,7 @@ TEST(MemoTrattamento, ReadsTheSpellingOfOlderMemosAndWritesOnlyTheRightOne) {
     EXPECT_FALSE(memo.contains(QStringLiteral("assitente")));
 }
 
-TEST(MemoTrattamento, DescribesAPlanWithoutDescriptionByItsRows) {
-    CatalogoDiProva catalogo;
+TEST_F(MemoTrattamento, DescribesAPlanWithoutDescriptionByItsRows) {
     const QString righi =
         QStringLiteral("<rigo progressivo='1' descrizione='QQ=='/><rigo progressivo='2' descrizione=''/>"
                        "<rigo progressivo='3' descrizione='Qg=='/>");
@@ -180,8 +186,7 @@ TEST(MemoTrattamento, DescribesAPlanWithoutDescriptionByItsRows) {
               QStringLiteral("Piano"));
 }
 
-TEST(MemoTrattamento, LeavesThePlanAloneWhenTheMemoIsBroken) {
-    CatalogoDiProva catalogo;
+TEST_F(MemoTrattamento, LeavesThePlanAloneWhenTheMemoIsBroken) {
     const char* rotti[] = {"",
                            "<trattamento",
                            "<trattamento anno='1'><righi></trattamento>",
@@ -198,8 +203,7 @@ TEST(MemoTrattamento, LeavesThePlanAloneWhenTheMemoIsBroken) {
     }
 }
 
-TEST(MemoTrattamento, RefusesTwoRowsOfOneNumber) {
-    CatalogoDiProva catalogo;
+TEST_F(MemoTrattamento, RefusesTwoRowsOfOneNumber) {
     clsItemTrattamento item;
     EXPECT_THROW(
         leggiMemoTrattamento(item, conRighi(QStringLiteral("<rigo progressivo='01'/><rigo progressivo=' 01'/>"))),
@@ -235,8 +239,7 @@ TEST(StatoTrattamento, TellsHowFarAPlanHasCome) {
     }
 }
 
-TEST(TotaliRighi, CountsEachToothAndTakesTheCataloguePriceOfFreeRows) {
-    CatalogoDiProva catalogo;
+TEST_F(TotaliDeiRighi, CountsEachToothAndTakesTheCataloguePriceOfFreeRows) {
     clsItemRigoTrattamento finito = corona(); // 1250,50 on one tooth
     clsItemRigoTrattamento aperto = finito;
     aperto.fine.clear();
