@@ -2,12 +2,14 @@
 
 #include "desk/clinical/Room.h"
 #include "desk/clinical/RoomServices.h"
+#include "host/contract/Paziente.h"
 
 namespace desk {
 
 class PatientRecord;
 
-/// The files of a patient: added from the disk, shown, extracted into the folder of the run. Borrows the patient.
+/// The files of a patient: added from the disk, shown, extracted into the folder of the run or saved to one of the
+/// user. A file that is deleted takes its entries in the diary with it. Borrows the patient.
 class FileRoom : public Room {
 public:
     FileRoom(PatientRecord& patient, RoomServices services)
@@ -26,7 +28,10 @@ public:
 
 private:
     void extract(const QString& id);
+    void saveAs(const QString& id);
     QString extracted(const QString& id); ///< Path of a copy; throws HostError.
+    [[noreturn]] void failed(const QString& id, const QString& otherwise);
+    QList<host::Evento> entriesOf(const QString& id); ///< In the diary.
     PatientRecord& patient_;
     RoomServices services_;
 };

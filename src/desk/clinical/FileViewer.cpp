@@ -4,6 +4,7 @@
 #include "platform/FormRegistry.h"
 #include "platform/SingleByteText.h"
 
+#include <QEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -14,6 +15,7 @@
 #include <QScrollArea>
 #include <QStringDecoder>
 #include <QVBoxLayout>
+#include <cmath>
 
 namespace desk {
 
@@ -23,6 +25,7 @@ constexpr qint64 LONGEST_TEXT = 4 * 1024 * 1024;
 constexpr double STEP = 1.25;
 constexpr double SMALLEST = 0.05;
 constexpr double LARGEST = 8;
+constexpr double MOST_POINTS = 64e6; ///< Of an enlarged picture, all in memory at once.
 
 QImage readPicture(const QString& path) {
     QImageReader reader(path);
@@ -103,6 +106,7 @@ void FileViewer::buildPicture(QVBoxLayout& column) {
     area_->setWidget(canvas_);
     area_->setWidgetResizable(true);
     area_->setBackgroundRole(QPalette::Dark);
+    area_->viewport()->installEventFilter(this);
     column.addWidget(area_, 1);
 
     const auto add = [this](const char* name, const char16_t* caption, auto action) {
@@ -118,31 +122,37 @@ void FileViewer::buildPicture(QVBoxLayout& column) {
     QPushButton* close = add("cbChiudi", u"&Chiudi", [this] { this->close(); });
     close->setDefault(true);
     column.addLayout(platform::form::buttonRow({fit, whole, larger, smaller, close}));
-    draw();
 }
 
 double FileViewer::shown() const {
-    return canvas_->pixmap().width() / static_cast<double>(picture_.width());
+    return canvas_->pixmap().deviceIndependentSize().width() / picture_.width();
 }
 
 void FileViewer::zoom(double factor) {
-    zoom_ = factor == 0 ? 0 : qBound(SMALLEST, factor, LARGEST);
+    const double points = devicePixelRatioF() * std::sqrt(double(picture_.width()) * picture_.height());
+    const double largest = qBound(1.0, std::sqrt(MOST_POINTS) / points, LARGEST);
+    zoom_ = factor == 0 ? 0 : qBound(SMALLEST, factor, largest);
     draw();
 }
 
 void FileViewer::draw() {
-    const QSize room = area_->viewport()->size() - QSize(2, 2);
-    const QSize whole = picture_.size();
-    QSize size = zoom_ > 0 ? whole * zoom_ : whole;
+    const QSizeF room = area_->viewport()->size() - QSize(2, 2);
+    const QSizeF whole = picture_.size();
+    QSizeF size = zoom_ > 0 ? whole * zoom_ : whole;
     if (zoom_ == 0 && (whole.width() > room.width() || whole.height() > room.height()))
         size = whole.scaled(room, Qt::KeepAspectRatio);
-    canvas_->setPixmap(QPixmap::fromImage(
-        picture_.scaled(size.expandedTo(QSize(1, 1)), Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    // In the points of the screen, of which a dense one has several for each of ours.
+    const double density = devicePixelRatioF();
+    const QSize points = (size * density).toSize().expandedTo(QSize(1, 1));
+    QPixmap pixmap = QPixmap::fromImage(picture_.scaled(points, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    pixmap.setDevicePixelRatio(density);
+    canvas_->setPixmap(pixmap);
 }
 
-void FileViewer::resizeEvent(QResizeEvent* event) {
-    QDialog::resizeEvent(event);
-    if (canvas_ && zoom_ == 0) draw();
+// Not with the window: the room for the picture is known only after the layout.
+bool FileViewer::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && area_ && watched == area_->viewport() && zoom_ == 0) draw();
+    return QDialog::eventFilter(watched, event);
 }
 
 } // namespace desk

@@ -21,7 +21,7 @@ public:
     static bool canShow(const QString& path);
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildPicture(QVBoxLayout& column);

@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QTemporaryDir>
 
 namespace desk {
@@ -143,7 +144,7 @@ QString PatientFiles::EstraiFile(const QString& id) {
     return {};
 }
 
-bool PatientFiles::writeContent(const QString& id, QFile& copy) {
+bool PatientFiles::writeContent(const QString& id, QIODevice& copy) {
     {
         Query query = contents_.row(id);
         if (!query.next()) return false;
@@ -157,6 +158,15 @@ bool PatientFiles::writeContent(const QString& id, QFile& copy) {
         if (copy.write(part) != part.size()) return false;
     }
     return true;
+}
+
+bool PatientFiles::copyTo(const QString& id, const QString& path) {
+    QSaveFile copy(platform::files::resolve(path));
+    try {
+        return copy.open(QIODevice::WriteOnly) && writeContent(id, copy) && copy.commit();
+    } catch (const DatabaseError&) {
+        return false;
+    }
 }
 
 void PatientFiles::Visualizza(const QString& id) {

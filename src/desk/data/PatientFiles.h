@@ -6,6 +6,7 @@
 #include <QHash>
 
 class QFile;
+class QIODevice;
 
 namespace desk {
 
@@ -26,12 +27,14 @@ public:
     QString EstraiFile(const QString& id) override;
     void Visualizza(const QString& id) override;
 
+    /// Writes the content to a place of the user's choice, over a file that is there only once all of it is written.
+    bool copyTo(const QString& id, const QString& path);
     bool describe(const QString& id, const QString& descrizione); ///< Changes the description alone.
     QHash<QString, qint64> sizes();                               ///< Length in bytes, by id. Throws DatabaseError.
 
 private:
     bool storeContent(const QString& id, QFile& source);
-    bool writeContent(const QString& id, QFile& copy);
+    bool writeContent(const QString& id, QIODevice& copy);
 
     PatientScope scope_;
     PatientTable table_;
