@@ -19,11 +19,14 @@ bool aperto(const QString& id) {
 
 std::unique_ptr<host::Paziente> CercaPaziente(const QString& nominativo, const QString& codicefiscale) {
     if (!oHost) return nullptr;
-    host::Pazienti& pazienti = oHost->Archivio().Pazienti();
-    if (!codicefiscale.isEmpty() && nominativo.isEmpty()) {
-        return pazienti.Show(codicefiscale, QStringLiteral("Codice Fiscale"));
+    const bool perCodice = !codicefiscale.isEmpty() && nominativo.isEmpty();
+    try {
+        host::Pazienti& pazienti = oHost->Archivio().Pazienti();
+        return perCodice ? pazienti.Show(codicefiscale, QStringLiteral("Codice Fiscale"))
+                         : pazienti.Show(nominativo, QStringLiteral("Cognome e Nome"));
+    } catch (const host::HostError&) {
+        return nullptr;
     }
-    return pazienti.Show(nominativo, QStringLiteral("Cognome e Nome"));
 }
 
 bool SelezionaPaziente(const QString& nominativo, const QString& codicefiscale) {
@@ -37,8 +40,12 @@ bool ApriPaziente(const host::Paziente* paziente) {
     const QString id = paziente->ID();
     if (aperto(id)) return true;
     const bool medico = oHost->Utente().tipo() == TIPO_MEDICO;
-    // Other users work for several doctors, and a patient may lie in the schema of another.
-    oHost->Framework().RichiamaPaziente(id, medico ? QString() : paziente->idschema());
+    try {
+        // Other users work for several doctors, and a patient may lie in the schema of another.
+        oHost->Framework().RichiamaPaziente(id, medico ? QString() : paziente->idschema());
+    } catch (const host::HostError&) {
+        return false;
+    }
     for (int giro = 0; giro < GIRI_ATTESA && !aperto(id); ++giro)
         QCoreApplication::processEvents();
     return true;

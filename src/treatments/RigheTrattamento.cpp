@@ -30,9 +30,8 @@ constexpr int ASSISTENTE_UTENTE = 3;
 // The first entry is empty, so that a choice can be taken back.
 QStringList nomiUtenti(int tipo) {
     QStringList nomi{QString()};
-    for (const host::VoceUtente& utente : oHost->Archivio().Utenti().Lista()) {
-        if (utente.tipo == tipo) nomi << DescrizioneUtente(utente.codicefiscale);
-    }
+    for (const host::VoceUtente& utente : UtentiDaScegliere(tipo))
+        nomi << NomeUtente(utente);
     return nomi;
 }
 

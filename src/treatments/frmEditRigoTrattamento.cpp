@@ -197,13 +197,12 @@ void frmEditRigoTrattamento::scegliDenti() {
     if (ScegliDenti(selezione, quanti)) tbDati_[DENTI]->setText(selezione);
 }
 
-// miOperatori and miAssistenti: one entry per user of that kind.
+// miOperatori and miAssistenti: one entry per user of that kind who is still in the practice.
 void frmEditRigoTrattamento::scegliUtente(int tipo, QLineEdit* campo) {
     QList<platform::MenuEntry> voci;
     QStringList codici;
-    for (const host::VoceUtente& utente : oHost->Archivio().Utenti().Lista()) {
-        if (utente.tipo != tipo) continue;
-        voci << platform::MenuEntry{DescrizioneUtente(utente.codicefiscale), true};
+    for (const host::VoceUtente& utente : UtentiDaScegliere(tipo)) {
+        voci << platform::MenuEntry{NomeUtente(utente), true};
         codici << utente.codicefiscale;
     }
     const int scelta = platform::dialogs().popup(voci);

@@ -1,17 +1,16 @@
 #pragma once
 
+#include "host/contract/HostError.h"
+
 #include <QString>
-#include <stdexcept>
 
 namespace desk {
 
 /// A database that cannot be opened, or a statement that failed. The text is Italian and made for the user's eyes; it
-/// names the file or the server, never a password.
-class DatabaseError : public std::runtime_error {
+/// names the file or the server, never a password. To a module it is a host that cannot answer.
+class DatabaseError : public host::HostError {
 public:
-    explicit DatabaseError(const QString& text)
-        : std::runtime_error(text.toStdString()) {}
-    QString text() const { return QString::fromUtf8(what()); }
+    using HostError::HostError;
 };
 
 } // namespace desk

@@ -19,7 +19,7 @@ constexpr const char* signedTables[] = {"tblPazienti", "tblWorkspace", "tblFiles
 QList<host::VoceUtente> UserDirectory::Lista() {
     QList<host::VoceUtente> list;
     for (const UserData& user : all())
-        list << host::VoceUtente{user.ID, user.codicefiscale, user.Cognome, user.Nome, user.tipo};
+        list << host::VoceUtente{user.ID, user.codicefiscale, user.Cognome, user.Nome, user.tipo, user.attivo};
     return list;
 }
 

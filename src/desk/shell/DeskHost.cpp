@@ -24,7 +24,8 @@ std::unique_ptr<host::Paziente> DeskHost::setPatient(std::unique_ptr<host::Pazie
 }
 
 QString DeskHost::GetGUID() {
-    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+    // With its braces: texts that were ciphered with one in front drop as many characters again.
+    return QUuid::createUuid().toString(QUuid::WithBraces);
 }
 
 } // namespace desk

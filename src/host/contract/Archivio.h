@@ -42,13 +42,14 @@ struct VoceUtente {
     QString codicefiscale;
     QString Cognome;
     QString Nome;
-    int tipo = 0; ///< 0 a doctor, 3 an assistant.
+    int tipo = 0;       ///< 0 a doctor, 3 an assistant.
+    bool attivo = true; ///< Whether still in the practice: who left is listed for the sake of the records.
 };
 
 class Utenti {
 public:
     virtual ~Utenti() = default;
-    virtual QList<VoceUtente> Lista() = 0;
+    virtual QList<VoceUtente> Lista() = 0; ///< All that records may name.
 };
 
 /// The patient search window.

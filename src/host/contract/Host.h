@@ -14,7 +14,7 @@ namespace host {
 class API {
 public:
     virtual ~API() = default;
-    virtual QString GetGUID() = 0;
+    virtual QString GetGUID() = 0; ///< A new unique text of 38 characters, its braces included.
 };
 
 /// The root object that a host hands to its module; everything else is reached from here. Members of a host that
