@@ -27,6 +27,8 @@ struct PatientData {
     QString email;
     QString idMedico;
     QString note;
+
+    friend bool operator==(const PatientData&, const PatientData&) = default;
 };
 
 /// A patient in a list of search results.

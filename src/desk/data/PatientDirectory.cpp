@@ -233,6 +233,22 @@ bool PatientDirectory::update(const PatientData& patient) {
     }
 }
 
+PatientDirectory::Outcome PatientDirectory::updateFrom(const PatientData& before, const PatientData& patient) {
+    try {
+        Transaction transaction(database_);
+        // Nobody else may come between the look and the writing: a server holds a row only for who has written it.
+        database_.run(QStringLiteral("update {schema}.tblPazienti set ID = ID where ID = ?"), {patient.ID});
+        const std::optional<PatientData> now = load(patient.ID);
+        if (!now) return Outcome::Failed;
+        if (*now != before) return Outcome::ChangedMeanwhile;
+        if (!update(patient)) return Outcome::Failed;
+        transaction.commit();
+        return Outcome::Saved;
+    } catch (const DatabaseError&) {
+        return Outcome::Failed;
+    }
+}
+
 int PatientDirectory::count() {
     Query query = database_.run(QStringLiteral("select count(*) from {schema}.tblPazienti"));
     return query.next() ? query.number(0) : 0;

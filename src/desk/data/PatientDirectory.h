@@ -33,6 +33,9 @@ public:
     std::optional<PatientData> load(const QString& id);
     bool insert(PatientData& patient);       ///< Writes the new identity into it.
     bool update(const PatientData& patient); ///< False too when the patient is not there any more.
+    enum class Outcome { Saved, ChangedMeanwhile, Failed };
+    /// The same for a card that was read as `before`. What another workstation has written since is not overwritten.
+    Outcome updateFrom(const PatientData& before, const PatientData& patient);
     int count();
 
 private:

@@ -2,6 +2,7 @@
 
 #include "desk/data/Guarded.h"
 #include "desk/data/PatientDirectory.h"
+#include "desk/people/PatientMerge.h"
 #include "desk/people/TaxCode.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
@@ -24,7 +25,6 @@ namespace desk {
 
 namespace {
 
-constexpr int DOCTOR = 0; ///< Kind of user.
 constexpr qsizetype PROVINCE_LETTERS = 2;
 
 enum Text : std::size_t {
@@ -175,7 +175,7 @@ void PatientEditor::fillDoctors(const QString& idDoctor) {
     doctor_->clear();
     doctor_->addItem(QStringLiteral("(nessuno)"), QString());
     for (const UserData& user : std::as_const(users_)) {
-        const bool offered = user.tipo == DOCTOR && user.attivo;
+        const bool offered = user.isDoctor() && user.attivo;
         if (offered || (!idDoctor.isEmpty() && user.ID == idDoctor)) doctor_->addItem(user.nomeCompleto(), user.ID);
     }
     doctor_->setCurrentIndex(qMax(0, doctor_->findData(idDoctor)));
@@ -184,6 +184,11 @@ void PatientEditor::fillDoctors(const QString& idDoctor) {
 void PatientEditor::fill(const PatientData& patient) {
     patient_ = patient;
     setWindowTitle(patient.ID.isEmpty() ? QStringLiteral("Nuovo paziente") : QStringLiteral("Dati anagrafici"));
+    show(patient);
+    texts_[SURNAME]->setFocus();
+}
+
+void PatientEditor::show(const PatientData& patient) {
     for (std::size_t i = 0; i < FIELDS.size(); ++i) {
         texts_[i]->setText(patient.*(FIELDS[i].value));
         texts_[i]->setCursorPosition(0);
@@ -192,7 +197,6 @@ void PatientEditor::fill(const PatientData& patient) {
     sex_->setCurrentIndex(qMax(0, sex_->findText(patient.sesso)));
     fillDoctors(patient.idMedico);
     notes_->setPlainText(patient.note);
-    texts_[SURNAME]->setFocus();
 }
 
 // What the code tells need not be typed again; what was typed stays.
@@ -267,22 +271,40 @@ QString PatientEditor::doubtAbout(const PatientData& patient) {
 void PatientEditor::save() {
     PatientData patient = fromFields();
     QString wrong;
-    bool saved = false;
+    bool sure = true;
     const QString failure = guarded([&] {
         wrong = whatIsWrong(patient);
         if (!wrong.isEmpty()) return;
         const QString doubt = doubtAbout(patient);
-        if (!doubt.isEmpty() && platform::dialogs().message(doubt, platform::MB_QUESTION_DEFAULT_NO, windowTitle()) !=
-                                    platform::Answer::Yes)
-            return;
-        saved = patient.ID.isEmpty() ? patients_.insert(patient) : patients_.update(patient);
-        if (!saved) wrong = QStringLiteral("I dati del paziente non sono stati salvati. Riprovare.");
+        sure = doubt.isEmpty() || platform::dialogs().message(doubt, platform::MB_QUESTION_DEFAULT_NO, windowTitle()) ==
+                                      platform::Answer::Yes;
+        if (sure) wrong = store(patient);
     });
     if (!failure.isEmpty()) wrong = QStringLiteral("I dati del paziente non sono stati salvati.\n") + failure;
     if (!wrong.isEmpty()) platform::dialogs().message(wrong, platform::MB_WARNING, windowTitle());
-    if (!saved) return;
+    if (!wrong.isEmpty() || !sure) return;
     patient_ = patient;
     accept();
+}
+
+QString PatientEditor::store(PatientData& patient) {
+    using Outcome = PatientDirectory::Outcome;
+    const Outcome outcome = !patient.ID.isEmpty()       ? patients_.updateFrom(patient_, patient)
+                            : patients_.insert(patient) ? Outcome::Saved
+                                                        : Outcome::Failed;
+    if (outcome == Outcome::Saved) return {};
+    const QString others = outcome == Outcome::ChangedMeanwhile ? takeInOthersChanges(patient) : QString();
+    return others.isEmpty() ? QStringLiteral("I dati del paziente non sono stati salvati. Riprovare.") : others;
+}
+
+// From now on the window stands on the card as it lies in the archive.
+QString PatientEditor::takeInOthersChanges(const PatientData& patient) {
+    const std::optional<PatientData> theirs = patients_.load(patient.ID);
+    if (!theirs) return {};
+    const PatientMerge merge = mergePatients(patient_, patient, *theirs, users_);
+    patient_ = *theirs;
+    show(merge.merged);
+    return merge.toText();
 }
 
 } // namespace desk

@@ -18,6 +18,7 @@ class PatientDirectory;
 
 /// The personal data of a patient, "frmPaziente", new or known. Accepted only when the data could be saved. What cannot
 /// be is refused in a message box, what is merely doubtful is asked about; either way the window keeps what was typed.
+/// A card that another workstation changed meanwhile is brought together with what was typed, and not saved at once.
 /// Borrows the directory.
 class PatientEditor : public QDialog {
     Q_OBJECT
@@ -43,7 +44,10 @@ private:
     QString whatIsWrongWithTaxCode(const PatientData& patient);
     QString doubtAbout(const PatientData& patient); ///< A question; empty without doubts.
     QString refuse(QWidget* field, const QString& why);
+    void show(const PatientData& patient);
     void save();
+    QString store(PatientData& patient); ///< What kept it from being saved; empty when it was.
+    QString takeInOthersChanges(const PatientData& patient);
 
     PatientDirectory& patients_;
     QList<UserData> users_;
