@@ -23,7 +23,7 @@ QString waitText(int seconds) {
 }
 
 QString shownAs(const UserData& user) {
-    return user.nomeCompleto() + (user.tipo == 0 ? QStringLiteral("\nMedico") : QStringLiteral("\nAssistente"));
+    return user.nomeCompleto() + (user.isDoctor() ? QStringLiteral("\nMedico") : QStringLiteral("\nAssistente"));
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -22,8 +23,6 @@ namespace desk {
 
 namespace {
 
-constexpr int DOCTOR = 0;
-constexpr int ASSISTANT = 3;
 constexpr int SHORTEST_PASSWORD = 8;
 
 QGridLayout* gridIn(QGroupBox* area) {
@@ -43,11 +42,11 @@ QLineEdit* passwordBox(const QString& name, QWidget* parent) {
 
 } // namespace
 
-UserEditor::UserEditor(UserDirectory& users, SignIn& signIn, QString signedInId, QWidget* parent)
+UserEditor::UserEditor(UserDirectory& users, SignIn& signIn, UserData signedIn, QWidget* parent)
     : QDialog(parent)
     , users_(users)
     , signIn_(signIn)
-    , signedInId_(std::move(signedInId)) {
+    , signedIn_(std::move(signedIn)) {
     setObjectName(QStringLiteral("frmUtente"));
     setWindowIcon(QIcon(QStringLiteral(":/desk/icons/utenti.svg")));
     auto* column = new QVBoxLayout(this);
@@ -74,8 +73,8 @@ QGroupBox* UserEditor::buildPerson() {
     name_ = platform::form::textBox(QStringLiteral("tbNome"), area);
     taxCode_ = platform::form::textBox(QStringLiteral("tbCodiceFiscale"), area);
     kind_ = platform::form::named(new QComboBox(area), QStringLiteral("cbTipo"));
-    kind_->addItem(QStringLiteral("Medico"), DOCTOR);
-    kind_->addItem(QStringLiteral("Assistente"), ASSISTANT);
+    kind_->addItem(QStringLiteral("Medico"), UserData::doctor);
+    kind_->addItem(QStringLiteral("Assistente"), UserData::assistant);
     activity_ = platform::form::named(new QComboBox(area), QStringLiteral("cbAttivita"));
     activity_->setEditable(true);
     activity_->addItems({QStringLiteral("OD"), QStringLiteral("AS")});
@@ -104,7 +103,7 @@ QGroupBox* UserEditor::buildPassword() {
     noPassword_ = platform::form::named(new QCheckBox(QStringLiteral("&Togli la password"), secret_),
                                         QStringLiteral("ckTogliPassword"));
     QGridLayout* grid = gridIn(secret_);
-    platform::form::labelledRow(grid, 0, 0, QStringLiteral("&Password attuale:"), oldPassword_);
+    oldCaption_ = platform::form::labelledRow(grid, 0, 0, QStringLiteral("&Password attuale:"), oldPassword_);
     grid->addWidget(noPassword_, 0, 3);
     platform::form::labelledRow(grid, 1, 0, QStringLiteral("N&uova password:"), newPassword_);
     platform::form::labelledRow(grid, 1, 2, QStringLiteral("&Ripetere:"), repeated_);
@@ -125,15 +124,21 @@ void UserEditor::fill(const UserData& user) {
     surname_->setText(user.Cognome);
     name_->setText(user.Nome);
     taxCode_->setText(user.codicefiscale);
-    kind_->setCurrentIndex(qMax(0, kind_->findData(user.tipo)));
+    const bool mayBeDoctor = signedIn_.isDoctor() || !user.ID.isEmpty();
+    kind_->setCurrentIndex(qMax(0, kind_->findData(mayBeDoctor ? user.tipo : UserData::assistant)));
     activity_->setCurrentText(user.codiceAttivita);
     active_->setChecked(user.attivo);
-    active_->setEnabled(user.ID.isEmpty() || user.ID != signedInId_);
+    active_->setEnabled(!isSignedIn());
+    kind_->setEnabled(signedIn_.isDoctor());
     secret_->setTitle(user.conPassword ? QStringLiteral("Password (impostata)")
                                        : QStringLiteral("Password (non impostata: si accede con un clic)"));
     oldPassword_->setEnabled(user.conPassword);
-    oldPassword_->setPlaceholderText(user.conPassword ? QStringLiteral("solo per cambiarla o toglierla") : QString());
     noPassword_->setEnabled(user.conPassword);
+    oldCaption_->setText(isSignedIn() || !user.conPassword ? QStringLiteral("&Password attuale:")
+                         : &whosePassword() == &signedIn_  ? QStringLiteral("La &propria password:")
+                                                           : QStringLiteral("&Password dell'utente:"));
+    oldPassword_->setAccessibleName(oldCaption_->text().remove(QLatin1Char('&')).chopped(1));
+    oldPassword_->setPlaceholderText(user.conPassword ? QStringLiteral("solo per cambiarla o toglierla") : QString());
     code_->setFocus();
 }
 
@@ -185,23 +190,32 @@ QString UserEditor::whatIsWrongWithPassword() {
         if (newPassword_->text() != repeated_->text())
             return refuse(repeated_, QStringLiteral("Le due password non sono uguali."));
     }
-    return user_.conPassword ? judgeOldPassword() : QString();
+    return user_.conPassword ? judgePassword() : QString();
+}
+
+// Who has no password proves nothing by signing in, so only one who has may reset that of another.
+const UserData& UserEditor::whosePassword() const {
+    const bool mayReset = !isSignedIn() && signedIn_.isDoctor() && signedIn_.conPassword;
+    return mayReset ? signedIn_ : user_;
 }
 
 // Through the sign-in's own check, so that guessing is no faster here.
-QString UserEditor::judgeOldPassword() {
-    switch (signIn_.attempt(user_.codice, oldPassword_->text())) {
+QString UserEditor::judgePassword() {
+    const UserData& whose = whosePassword();
+    switch (signIn_.attempt(whose.codice, oldPassword_->text())) {
     case SignIn::Outcome::Accepted:
         return {};
     case SignIn::Outcome::Wrong:
         oldPassword_->selectAll();
-        return refuse(oldPassword_, QStringLiteral("La password attuale non è corretta."));
+        return refuse(oldPassword_,
+                      isSignedIn() ? QStringLiteral("La password attuale non è corretta.")
+                                   : QStringLiteral("La password di %1 non è corretta.").arg(whose.nomeCompleto()));
     case SignIn::Outcome::Wait:
         break;
     }
     return refuse(
         oldPassword_,
-        QStringLiteral("Troppi tentativi errati: riprovare fra %1 secondi.").arg(signIn_.secondsToWait(user_.codice)));
+        QStringLiteral("Troppi tentativi errati: riprovare fra %1 secondi.").arg(signIn_.secondsToWait(whose.codice)));
 }
 
 void UserEditor::save() {

@@ -80,7 +80,7 @@ void UserList::load(const QString& idToSelect) {
         record->tag = user.ID;
         record->cell(0).value = user.codice;
         record->cell(1).value = user.nomeCompleto();
-        record->cell(2).value = user.tipo == 0 ? QStringLiteral("Medico") : QStringLiteral("Assistente");
+        record->cell(2).value = user.isDoctor() ? QStringLiteral("Medico") : QStringLiteral("Assistente");
         record->cell(3).value = user.codiceAttivita;
         record->cell(4).value = user.codicefiscale;
         record->cell(5).value = user.conPassword ? QStringLiteral("Sì") : QStringLiteral("No");
@@ -97,13 +97,16 @@ void UserList::load(const QString& idToSelect) {
     if (!failure.isEmpty()) tell(failure);
 }
 
-std::optional<UserData> UserList::focused() {
-    const platform::ReportRecord* record = grid_->focusedRecord();
-    if (!record) return std::nullopt;
+std::optional<UserData> UserList::known(const QString& id) {
     const QList<UserData> users = users_.all();
     const auto found =
-        std::find_if(users.cbegin(), users.cend(), [record](const UserData& user) { return user.ID == record->tag; });
+        std::find_if(users.cbegin(), users.cend(), [&id](const UserData& user) { return user.ID == id; });
     return found == users.cend() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<UserData> UserList::focused() {
+    const platform::ReportRecord* record = grid_->focusedRecord();
+    return record ? known(record->tag) : std::nullopt;
 }
 
 void UserList::add() {
@@ -120,7 +123,10 @@ void UserList::edit() {
 }
 
 void UserList::runEditor(const UserData& user) {
-    UserEditor editor(users_, signIn_, signedInId_, this);
+    std::optional<UserData> signedIn;
+    const QString failure = guarded([&] { signedIn = known(signedInId_); });
+    if (!failure.isEmpty()) return tell(failure);
+    UserEditor editor(users_, signIn_, signedIn.value_or(UserData{}), this);
     editor.fill(user);
     if (editor.exec() == QDialog::Accepted) load(editor.user().ID);
 }

@@ -33,6 +33,7 @@ private:
     void remove();
     QString removeOrDeactivate(UserData user);
     void runEditor(const UserData& user);
+    std::optional<UserData> known(const QString& id);
     std::optional<UserData> focused();
     void handleKey(QKeyEvent* event);
     void tell(const QString& text);

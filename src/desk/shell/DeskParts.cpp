@@ -23,7 +23,6 @@ namespace desk {
 namespace {
 
 constexpr int STATUS_MILLISECONDS = 15000;
-constexpr int DOCTOR = 0; ///< Kind of user.
 
 /// Commands that need an open patient, and the room they show.
 struct RoomCommand {
@@ -237,6 +236,7 @@ void Desk::Parts::showRoom(qint32 command) {
 
 void Desk::Parts::showFreeData() {
     if (window.children().bringForward(QStringLiteral("Archivio dati"))) return;
+    reports.provideLayouts(); // which are data of the archive, too
     auto* archiveWindow = new FreeDataWindow(practice->freeData(), roomServices());
     window.children().adopt(archiveWindow);
     archiveWindow->show();
@@ -305,7 +305,7 @@ void Desk::Parts::searchPatient() {
 
 void Desk::Parts::addPatient() {
     PatientData data;
-    if (practice->user().tipo() == DOCTOR) data.idMedico = practice->user().ID();
+    if (practice->user().data().isDoctor()) data.idMedico = practice->user().ID();
     const QString id = runEditor(data);
     if (!id.isEmpty()) openPatient(id);
 }

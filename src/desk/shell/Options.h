@@ -20,6 +20,7 @@ struct Options {
     QString databaseUrl;
     QString configDir;
     QString userCode;
+    QString forgottenCode; ///< User whose password is taken away.
     QString scenarioFile;
     QString outDir;
     /// Whether somebody sits at the screen who can say who they are; a script takes the first user.

@@ -24,6 +24,14 @@ UserData whoSignsIn(Database& database, const Options& options) {
     return window.user();
 }
 
+// Whoever can name the archive and its password holds all that is in it: nothing is given away here.
+void takePasswordAway(Database& database, const QString& code) {
+    UserDirectory users(database);
+    std::optional<UserData> user = users.byCode(code);
+    if (!user || !users.save(*user, QString()))
+        throw OptionError(QStringLiteral("Nessun utente ha il codice \u201c%1\u201d.").arg(code));
+}
+
 } // namespace
 
 Practice::Practice(std::unique_ptr<Database> database, const UserData& user)
@@ -38,6 +46,7 @@ Practice::Practice(std::unique_ptr<Database> database, const UserData& user)
 std::unique_ptr<Practice> Practice::open(const Options& options) {
     auto database = Database::open(DatabaseUrl::parse(options.databaseUrl));
     if (options.demo) DemoPractice::fill(*database);
+    if (!options.forgottenCode.isEmpty()) takePasswordAway(*database, options.forgottenCode);
     const UserData user = whoSignsIn(*database, options);
     return std::unique_ptr<Practice>(new Practice(std::move(database), user));
 }
