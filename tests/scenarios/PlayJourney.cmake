@@ -1,5 +1,6 @@
 # Plays SCRIPT with DESK in the empty FOLDER, then asks the database the questions of the .sql file beside the script: a line
-# with a statement, under it "= " and the answer, columns divided by "|". Fails with what differs.
+# with a statement, under it "= " and the answer, columns divided by "|"; it may read files, with their names within FOLDER.
+# Fails with what differs.
 file(REMOVE_RECURSE "${FOLDER}")
 file(MAKE_DIRECTORY "${FOLDER}/runtime")
 file(CHMOD "${FOLDER}/runtime" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
@@ -26,7 +27,7 @@ foreach(line IN LISTS lines)
     set(question "${line}")
   elseif(line MATCHES "^= (.*)$")
     set(expected "${CMAKE_MATCH_1}")
-    execute_process(COMMAND "${SQLITE3}" -readonly "${database}" "${question}"
+    execute_process(COMMAND "${SQLITE3}" -readonly "${database}" "${question}" WORKING_DIRECTORY "${FOLDER}"
       OUTPUT_VARIABLE answer OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     if(NOT answer STREQUAL expected)
       message(FATAL_ERROR "${question}\n  gives ${answer}\n  not ${expected}")
