@@ -7,9 +7,12 @@
 #include "desk/shell/Desk.h"
 #include "desk/shell/Options.h"
 #include "platform/Dialogs.h"
+#include "support/PracticeDatabase.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -47,11 +50,11 @@ private:
     platform::Dialogs* before_;
 };
 
-/// A desk on a practice of its own, with three patients and one stored record.
+/// A desk on a practice of its own, with three patients, on the database system that the run is for.
 class DeskFixture : public testing::Test {
 protected:
     DeskFixture() {
-        options_.databaseUrl = QStringLiteral("sqlite:") + folder_.filePath(QStringLiteral("studio.db"));
+        options_.databaseUrl = place_.url();
         rossi_ = addPatient("Rossi", "Mario", "RSSMRA80A01H501U");
         verdi_ = addPatient("Verdi", "Nicolò", "VRDNCL75C10F205X");
         addPatient("Rossini", "Ada", "RSSDAA62D41L219K");
@@ -59,7 +62,7 @@ protected:
     }
 
     QString addPatient(const char* surname, const char* name, const char* taxCode) {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         desk::PatientData patient;
         patient.Cognome = QString::fromUtf8(surname);
         patient.Nome = QString::fromUtf8(name);
@@ -87,6 +90,20 @@ protected:
         return found;
     }
 
+    static void press(QWidget& window, const char* button) {
+        auto* found = window.findChild<QPushButton*>(QLatin1String(button));
+        ASSERT_NE(found, nullptr) << button;
+        QTest::mouseClick(found, Qt::LeftButton);
+    }
+    /// Key by key, in place of what is there.
+    static void type(QWidget& window, const char* name, const QString& text) {
+        auto* field = window.findChild<QLineEdit*>(QLatin1String(name));
+        ASSERT_NE(field, nullptr) << name;
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_Delete);
+        QTest::keyClicks(field, text);
+    }
+
     /// Runs when a modal window of that name is up.
     static void whenModal(const char* name, std::function<void(QWidget&)> act) {
         auto* timer = new QTimer(qApp);
@@ -100,7 +117,13 @@ protected:
         timer->start(1);
     }
 
+    /// As another workstation has it open.
+    std::unique_ptr<desk::Database> elsewhere() const {
+        return desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+    }
+
     QTemporaryDir folder_;
+    PracticeDatabase place_; // before the desk, which must be closed when its place goes
     desk::Options options_;
     QString rossi_;
     QString verdi_;

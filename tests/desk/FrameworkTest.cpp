@@ -131,6 +131,11 @@ TEST_F(DeskFramework, ShowsReportsInThePreviewWithTheLayoutsOfThePractice) {
     EXPECT_TRUE(managed);
 }
 
+TEST_F(DeskFramework, AnIdentityHasTheLengthThatTheModuleCountsOn) {
+    EXPECT_EQ(desk_->host().API().GetGUID().size(), 38);
+    EXPECT_NE(desk_->host().API().GetGUID(), desk_->host().API().GetGUID());
+}
+
 TEST_F(DeskFramework, ReadsTheBooleansOfADatabase) {
     const struct {
         QVariant value;

@@ -47,6 +47,6 @@ TEST(DeskOptions, RefusesWhatMakesNoSenseAndNamesIt) {
 
 TEST(DeskOptions, HelpNamesEveryOptionAndWinsOverMistakes) {
     EXPECT_TRUE(Options::parse({QStringLiteral("--help"), QStringLiteral("--pippo")}).help);
-    for (const char* name : {"--db", "--config-dir", "--user", "--demo", "--scenario", "--out"})
+    for (const char* name : {"--db", "--config-dir", "--user", "--demo", "--scenario", "--out", "--reset-password"})
         EXPECT_TRUE(Options::helpText().contains(QLatin1String(name))) << name;
 }

@@ -8,9 +8,8 @@
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
 
-/// Answers questions in order, "Yes" when none is queued, and file dialogs with one path.
+/// Answers questions in order, "Yes" when none is queued.
 class ClinicalDialogs : public DeskDialogs {
 public:
     platform::Answer message(const QString& text, int value, const QString& title) override {
@@ -18,10 +17,8 @@ public:
         if (value != platform::MB_QUESTION_DEFAULT_NO) return platform::Answer::Ok;
         return answers.isEmpty() ? platform::Answer::Yes : answers.takeFirst();
     }
-    QString openFile(const QString&, const QString&, const QString&) override { return file; }
 
     QList<platform::Answer> answers;
-    QString file;
 };
 
 /// A desk with a patient open, whose doctor is the signed-in user. The clock stands.
@@ -77,9 +74,5 @@ protected:
             line->insert(text);
         }
     }
-    static void press(QWidget& window, const char* button) {
-        QTest::mouseClick(window.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
-    }
-
     ClinicalDialogs answers_;
 };

@@ -80,12 +80,36 @@ TEST_F(FileRoom, AFileIsAddedShownDescribedExtractedAndDeleted) {
     ASSERT_EQ(answers_.messages.size(), 1);
     EXPECT_TRUE(answers_.messages.first().contains(host().Utente().TempDir()));
 
+    answers_.file = folder_.filePath(QStringLiteral("di già.txt"));
+    for (const char* before : {"", "un altro testo, più lungo di quello che viene"}) {
+        if (*before) onDisk("di già.txt", before);
+        click("cbSalvaFile");
+        EXPECT_EQ(platform::files::read(answers_.file), QByteArray("Gentile collega, già visto"));
+    }
+    EXPECT_EQ(answers_.messages.size(), 1);
+    answers_.file = folder_.filePath(QStringLiteral("manca/copia.txt"));
+    click("cbSalvaFile");
+    EXPECT_TRUE(answers_.messages.value(1).startsWith(QStringLiteral("Il file non può essere salvato")));
+}
+
+TEST_F(FileRoom, ADeletedFileTakesItsEntriesInTheDiaryAlong) {
+    add(onDisk("lettera.txt", "Gentile collega"));
+    const QString id = patient().Files().Lista().first().ID;
+    for (const QString& file : {id, QString(), id}) {
+        host::Evento entry{{}, QStringLiteral("01/02/2026"), QStringLiteral("voce ") + file.left(1), file};
+        ASSERT_TRUE(patient().Eventi().Salva(entry));
+    }
     answers_.answers = {platform::Answer::No};
     click("cbEliminaFile");
+    EXPECT_EQ(answers_.messages.value(0).count(QStringLiteral("Anche la voce del diario del 01/02/2026")), 2);
     EXPECT_EQ(grid("rcFiles").rowCount(), 1);
+
     click("cbEliminaFile");
+    settle();
     EXPECT_EQ(grid("rcFiles").rowCount(), 0);
+    EXPECT_EQ(grid("rcEventi").rowCount(), 1);
     EXPECT_EQ(stored(QStringLiteral("ID"), QStringLiteral("tblFiles")), QStringList());
+    EXPECT_EQ(stored(QStringLiteral("descrizione"), QStringLiteral("tblEventi")), QStringList{QStringLiteral("voce ")});
 }
 
 TEST_F(FileRoom, PicturesHaveAWindowAndTheRestGoesToTheSystem) {
@@ -109,7 +133,7 @@ TEST_F(FileRoom, PicturesHaveAWindowAndTheRestGoesToTheSystem) {
         EXPECT_EQ(viewer != nullptr, each.own);
         EXPECT_EQ(opened_.size(), each.own ? 0 : 1);
         if (auto* image = viewer ? viewer->findChild<QLabel*>(QStringLiteral("laImmagine")) : nullptr) {
-            EXPECT_LT(image->pixmap().width(), 1000) << "fits the window";
+            EXPECT_NEAR(image->pixmap().width(), viewer->width(), 40) << "fills the window";
             press(*viewer, "cbReale");
             EXPECT_EQ(image->pixmap().width(), 1600);
             press(*viewer, "cbRiduci");

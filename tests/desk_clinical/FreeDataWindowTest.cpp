@@ -120,7 +120,7 @@ TEST_F(FreeDataWindow, AFolderGoesWithWhatIsInItAfterTheQuestion) {
     EXPECT_EQ(folders(), QStringList{QStringLiteral("Prima Nota Magazzini")});
 
     choose("Prima Nota Magazzini");
-    host().DB().Execute(QStringLiteral("alter table tessara.tblDati rename to tblAltrove"));
+    place_.execute(QStringLiteral("alter table tblDati rename to tblAltrove"));
     answers_.messages.clear();
     click("cbEliminaCartella");
     EXPECT_TRUE(answers_.messages.value(0).contains(QStringLiteral("Errore"))) << answers_.messages.size();

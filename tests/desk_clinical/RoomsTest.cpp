@@ -92,7 +92,7 @@ TEST_P(TextRooms, AFailingDatabaseIsToldAndLosesNeitherTextNorList) {
     add(QStringLiteral("presente"));
     const QString table = QLatin1String(GetParam().table);
     const auto rename = [this](const QString& from, const QString& to) {
-        host().DB().Execute(QStringLiteral("alter table tessara.%1 rename to %2").arg(from, to));
+        place_.execute(QStringLiteral("alter table %1 rename to %2").arg(from, to));
     };
     whenModal(GetParam().form, [&](QWidget& window) {
         paste(window, GetParam().field, QStringLiteral("da salvare"));

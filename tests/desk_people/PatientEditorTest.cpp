@@ -6,46 +6,24 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 
 class DeskPatientEditor : public DeskFixture {
 protected:
-    static void type(QWidget& window, const char* name, const char* text) {
-        auto* field = window.findChild<QLineEdit*>(QLatin1String(name));
-        ASSERT_NE(field, nullptr) << name;
-        field->selectAll();
-        QTest::keyClick(field, Qt::Key_Delete);
-        QTest::keyClicks(field, QString::fromUtf8(text));
-    }
-    static void press(QWidget& window, const char* name) {
-        QTest::mouseClick(window.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
-    }
-    /// As another program at the same file.
-    void execute(const char* sql) {
-        QSqlDatabase outsider = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("outsider"));
-        outsider.setDatabaseName(folder_.filePath(QStringLiteral("studio.db")));
-        ASSERT_TRUE(outsider.open());
-        QSqlQuery query(outsider);
-        EXPECT_TRUE(query.exec(QLatin1String(sql))) << query.lastError().text().toStdString();
-        query.clear();
-        outsider = QSqlDatabase();
-        QSqlDatabase::removeDatabase(QStringLiteral("outsider"));
+    static QString text(QWidget& window, const char* name) {
+        return window.findChild<QLineEdit*>(QLatin1String(name))->text();
     }
     void removePatient(const QString& id) {
         desk_->closePatient();
-        execute(qPrintable(QStringLiteral("delete from tblPazienti where ID = '%1'").arg(id)));
+        place_.execute(QStringLiteral("delete from tblPazienti where ID = '%1'").arg(id));
     }
 };
 
 TEST_F(DeskPatientEditor, ANewPatientIsStoredAndOpened) {
     whenModal("frmPaziente", [](QWidget& window) {
-        type(window, "tbCognome", "D'Angelo");
-        type(window, "tbNome", "Zoe");
-        type(window, "tbDataNascita", "3/6/2015");
-        type(window, "tbCodiceFiscale", "dngzoe15h43h501y");
+        type(window, "tbCognome", QStringLiteral("D'Angelo"));
+        type(window, "tbNome", QStringLiteral("Zoe"));
+        type(window, "tbDataNascita", QStringLiteral("3/6/2015"));
+        type(window, "tbCodiceFiscale", QStringLiteral("dngzoe15h43h501y"));
         press(window, "cbConferma");
     });
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Nuovo paziente")));
@@ -75,7 +53,7 @@ TEST_F(DeskPatientEditor, RefusesDataThatCannotBeAndKeepsTheWindow) {
         SCOPED_TRACE(std::string(each.field) + "=" + each.value);
         dialogs_.messages.clear();
         whenModal("frmPaziente", [&each](QWidget& window) {
-            type(window, each.field, each.value);
+            type(window, each.field, QString::fromUtf8(each.value));
             press(window, "cbConferma");
             EXPECT_TRUE(window.isVisible());
             window.close();
@@ -92,8 +70,8 @@ TEST_F(DeskPatientEditor, ChangedDataReachTheDeskAndTheModule) {
     ASSERT_TRUE(desk_->openPatient(rossi_));
     run_.events.clear();
     whenModal("frmPaziente", [](QWidget& window) {
-        EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("tbDataNascita"))->text(), QStringLiteral("01/01/1980"));
-        type(window, "tbCognome", "Rossi Bianchi");
+        EXPECT_EQ(text(window, "tbDataNascita"), QStringLiteral("01/01/1980"));
+        type(window, "tbCognome", QStringLiteral("Rossi Bianchi"));
         press(window, "cbConferma");
     });
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
@@ -106,14 +84,14 @@ TEST_F(DeskPatientEditor, ChangedDataReachTheDeskAndTheModule) {
 
 TEST_F(DeskPatientEditor, TheTaxCodeFillsInBirthAndSex) {
     whenModal("frmPaziente", [](QWidget& window) {
-        type(window, "tbCognome", "Rossi");
-        type(window, "tbNome", "Maria");
+        type(window, "tbCognome", QStringLiteral("Rossi"));
+        type(window, "tbNome", QStringLiteral("Maria"));
         window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         window.findChild<QLineEdit*>(QStringLiteral("tbCodiceFiscale"))->setFocus();
-        type(window, "tbCodiceFiscale", "rssmra80a41h501y");
+        type(window, "tbCodiceFiscale", QStringLiteral("rssmra80a41h501y"));
         QTest::keyClick(window.findChild<QLineEdit*>(QStringLiteral("tbCodiceFiscale")), Qt::Key_Tab);
-        EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("tbDataNascita"))->text(), QStringLiteral("01/01/1980"));
+        EXPECT_EQ(text(window, "tbDataNascita"), QStringLiteral("01/01/1980"));
         EXPECT_EQ(window.findChild<QComboBox*>(QStringLiteral("cbSesso"))->currentText(), QStringLiteral("F"));
         press(window, "cbConferma");
     });
@@ -142,11 +120,11 @@ TEST_F(DeskPatientEditor, AsksAboutWhatIsDoubtfulAndSavesOnlyOnYes) {
             dialogs_.messages.clear();
             dialogs_.answer = yes ? platform::Answer::Yes : platform::Answer::No;
             whenModal("frmPaziente", [&](QWidget& window) {
-                type(window, "tbCognome", each.surname);
-                type(window, "tbNome", "Mario");
-                type(window, "tbDataNascita", each.birth);
+                type(window, "tbCognome", QString::fromUtf8(each.surname));
+                type(window, "tbNome", QStringLiteral("Mario"));
+                type(window, "tbDataNascita", QString::fromUtf8(each.birth));
                 window.findChild<QComboBox*>(QStringLiteral("cbSesso"))->setCurrentText(QLatin1String(each.sex));
-                type(window, "tbCodiceFiscale", each.taxCode);
+                type(window, "tbCodiceFiscale", QString::fromUtf8(each.taxCode));
                 press(window, "cbConferma");
                 EXPECT_EQ(window.isVisible(), !yes);
                 if (window.isVisible()) window.close();
@@ -181,7 +159,7 @@ TEST_F(DeskPatientEditor, KeepsEveryFieldUncut) {
         EXPECT_EQ(desk_->host().paziente()->Cognome(), text);
         whenModal("frmPaziente", [&](QWidget& window) {
             for (const char* name : FIELDS)
-                EXPECT_EQ(window.findChild<QLineEdit*>(QLatin1String(name))->text(), text) << name;
+                EXPECT_EQ(DeskPatientEditor::text(window, name), text) << name;
             EXPECT_EQ(window.findChild<QPlainTextEdit*>(QStringLiteral("tbNote"))->toPlainText(),
                       text + QLatin1Char('\n') + text);
             window.close();
@@ -194,7 +172,7 @@ TEST_F(DeskPatientEditor, KeepsEveryFieldUncut) {
 TEST_F(DeskPatientEditor, ACodeThatCameWrongLetsTheRestBeChanged) {
     ASSERT_TRUE(desk_->openPatient(verdi_)); // VRDNCL75C10F205X has another check character
     whenModal("frmPaziente", [](QWidget& window) {
-        type(window, "tbTelefono", "06 1234");
+        type(window, "tbTelefono", QStringLiteral("06 1234"));
         press(window, "cbConferma");
         EXPECT_FALSE(window.isVisible());
     });
@@ -203,19 +181,59 @@ TEST_F(DeskPatientEditor, ACodeThatCameWrongLetsTheRestBeChanged) {
 }
 
 TEST_F(DeskPatientEditor, AFailingDatabaseLosesNoInput) {
-    execute("create trigger guasto before insert on tblPazienti begin select raise(abort, 'full'); end");
+    place_.execute(QStringLiteral("alter table tblPazienti rename column telefono to altrove"));
     whenModal("frmPaziente", [this](QWidget& window) {
-        type(window, "tbCognome", "Neri");
-        type(window, "tbNome", "Ugo");
+        type(window, "tbCognome", QStringLiteral("Neri"));
+        type(window, "tbNome", QStringLiteral("Ugo"));
         press(window, "cbConferma");
         EXPECT_TRUE(window.isVisible());
-        EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("tbCognome"))->text(), QStringLiteral("Neri"));
+        EXPECT_EQ(text(window, "tbCognome"), QStringLiteral("Neri"));
         ASSERT_EQ(dialogs_.messages.size(), 1);
         EXPECT_TRUE(dialogs_.messages.first().contains(QLatin1String("non sono stati salvati")));
-        execute("drop trigger guasto");
+        place_.execute(QStringLiteral("alter table tblPazienti rename column altrove to telefono"));
         press(window, "cbConferma");
         EXPECT_FALSE(window.isVisible());
     });
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Nuovo paziente")));
     EXPECT_EQ(desk_->host().paziente()->Cognome(), QStringLiteral("Neri"));
+}
+
+TEST_F(DeskPatientEditor, TwoWorkstationsOnOneCardLoseNothing) {
+    ASSERT_TRUE(desk_->openPatient(rossi_));
+    const auto changeElsewhere = [this](const char* town, const char* telephone, const char* notes) {
+        const auto database = elsewhere();
+        desk::PatientDirectory patients(*database, QStringLiteral("altra"));
+        desk::PatientData card = *patients.load(rossi_);
+        card.citta = QString::fromUtf8(town);
+        card.telefono = QString::fromUtf8(telephone);
+        card.note = QString::fromUtf8(notes);
+        ASSERT_TRUE(patients.update(card));
+    };
+    whenModal("frmPaziente", [&](QWidget& window) {
+        type(window, "tbTelefono", QStringLiteral("06 1"));
+        type(window, "tbEmail", QStringLiteral("m@example.com"));
+        window.findChild<QPlainTextEdit*>(QStringLiteral("tbNote"))->setPlainText(QStringLiteral("qui"));
+        changeElsewhere("L'Aquila", "06 2", "là");
+        press(window, "cbConferma");
+        EXPECT_TRUE(window.isVisible()) << "first the user looks at what came together";
+        const QString told = dialogs_.messages.value(0);
+        EXPECT_TRUE(told.contains(QStringLiteral("Ripreso da quella:\nCittà, Note"))) << told.toStdString();
+        EXPECT_TRUE(told.contains(QStringLiteral("Telefono, sull'altra “06 2”"))) << told.toStdString();
+        EXPECT_EQ(text(window, "tbCitta"), QStringLiteral("L'Aquila"));
+        EXPECT_EQ(text(window, "tbTelefono"), QStringLiteral("06 1"));
+
+        changeElsewhere("Bari", "06 2", "là");
+        press(window, "cbConferma");
+        EXPECT_TRUE(window.isVisible()) << "and once more";
+        press(window, "cbConferma");
+        EXPECT_FALSE(window.isVisible());
+    });
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
+    EXPECT_EQ(dialogs_.messages.size(), 2);
+    const auto database = elsewhere();
+    const auto card = desk::PatientDirectory(*database, QString()).load(rossi_);
+    EXPECT_EQ(card->citta, QStringLiteral("Bari"));
+    EXPECT_EQ(card->telefono, QStringLiteral("06 1"));
+    EXPECT_EQ(card->email, QStringLiteral("m@example.com"));
+    EXPECT_EQ(card->note, QStringLiteral("qui\n\nlà"));
 }

@@ -94,7 +94,7 @@ TEST_F(DeskPatientSearch, TheRibbonCommandOpensTheChosenPatient) {
 
 TEST_F(DeskPatientSearch, TellsHowManyMoreThereAre) {
     {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         desk::PatientDirectory patients(*database, QStringLiteral("prova"));
         for (int i = 0; i < desk::PatientDirectory::searchLimit + 7; ++i) {
             desk::PatientData patient;

@@ -22,14 +22,14 @@ protected:
     ~DeskSignIn() override { platform::releaseClock(); }
 
     void addUser(const char* code, int kind, const QString& password = {}) {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         const QString name = QString::fromUtf8(code);
         desk::UserData user{{}, name, name, QStringLiteral("Ada"), {}, kind, QStringLiteral("OD")};
         ASSERT_TRUE(desk::UserDirectory(*database).save(
             user, password.isEmpty() ? std::nullopt : std::optional(desk::hashPassword(password))));
     }
     void setPasswordOfFirst() {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         desk::UserDirectory users(*database);
         desk::UserData first = *users.forSignIn({});
         ASSERT_TRUE(users.save(first, desk::hashPassword(SECRET)));
@@ -93,6 +93,11 @@ TEST_F(DeskSignIn, APasswordIsAskedHoweverTheDeskIsStarted) {
     }
     whenModal("frmAccesso", [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
     EXPECT_THROW(desk::Desk::open(options_), desk::SignInCancelled);
+
+    options_.forgottenCode = QStringLiteral("nessuno");
+    EXPECT_THROW(desk::Desk::open(options_), desk::OptionError);
+    options_.forgottenCode = QStringLiteral("medico");
+    EXPECT_EQ(signedIn(), QStringLiteral("Utente: Medico dello studio")) << "nothing is asked any more";
 }
 
 TEST_F(DeskSignIn, CountsTheSecondsDownAfterFiveWrongPasswords) {
@@ -120,7 +125,7 @@ TEST_F(DeskSignIn, CountsTheSecondsDownAfterFiveWrongPasswords) {
 TEST_F(DeskSignIn, WhoLeftIsNeitherOfferedNorNamed) {
     addUser("ALBA", 3);
     {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         desk::UserDirectory users(*database);
         desk::UserData left = *users.byCode(QStringLiteral("ALBA"));
         left.attivo = false;

@@ -9,7 +9,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 
 /// Opens the list of users from the ribbon and works it; the first user is the one who runs the desk.
 class DeskUsers : public DeskFixture {
@@ -25,16 +24,6 @@ protected:
         });
         ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Utenti")));
     }
-    static void press(QWidget& window, const char* name) {
-        QTest::mouseClick(window.findChild<QPushButton*>(QLatin1String(name)), Qt::LeftButton);
-    }
-    static void type(QWidget& window, const char* name, const QString& text) {
-        auto* field = window.findChild<QLineEdit*>(QLatin1String(name));
-        ASSERT_NE(field, nullptr) << name;
-        field->selectAll();
-        QTest::keyClick(field, Qt::Key_Delete);
-        QTest::keyClicks(field, text);
-    }
     static void focusOn(platform::ReportGrid& grid, const QString& code) {
         for (int row = 0; row < grid.rowCount(); ++row) {
             if (grid.rowRecord(row)->cell(0).value == code) grid.setFocusedRecord(grid.rowRecord(row));
@@ -49,11 +38,11 @@ protected:
         press(list, button);
     }
     std::optional<desk::UserData> stored(const QString& code) {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         return desk::UserDirectory(*database).byCode(code);
     }
     desk::SignIn::Outcome attempt(const QString& code, const QString& password) {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         return desk::SignIn(*database).attempt(code, password);
     }
 };
@@ -152,10 +141,58 @@ TEST_F(DeskUsers, SetsChangesAndRemovesAPassword) {
     EXPECT_FALSE(stored(code)->conPassword);
 }
 
+TEST_F(DeskUsers, OnlyADoctorWithAPasswordResetsAForgottenOne) {
+    const QString own = QStringLiteral("quella del medico");
+    const QString forgotten = QStringLiteral("dimenticata");
+    const QString wanted = QStringLiteral("nuova parola");
+    {
+        const auto database = elsewhere();
+        desk::UserDirectory users(*database);
+        desk::UserData other{{}, QStringLiteral("ALBA"), QStringLiteral("Alba"), QStringLiteral("Ada"), {},
+                             3,  QStringLiteral("AS")};
+        ASSERT_TRUE(users.save(other, desk::hashPassword(forgotten)));
+    }
+    const struct {
+        int kind;
+        bool withPassword;
+        QString typed;
+        bool accepted;
+    } cases[] = {
+        {0, false, QString(), false},
+        {0, true, forgotten, false},
+        {3, true, own, false},
+        {0, true, own, true},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(testing::Message() << each.kind << each.withPassword << each.typed.toStdString());
+        dialogs_.messages.clear();
+        {
+            const auto database = elsewhere();
+            desk::UserDirectory users(*database);
+            desk::UserData signedIn = *users.byCode(QStringLiteral("MEDICO"));
+            signedIn.tipo = each.kind;
+            ASSERT_TRUE(users.save(signedIn, each.withPassword ? desk::hashPassword(own) : QString()));
+        }
+        workList([&](QWidget& list, platform::ReportGrid& grid) {
+            focusOn(grid, QStringLiteral("ALBA"));
+            inEditor(list, "cbModifica", [&](QWidget& window) {
+                EXPECT_EQ(window.findChild<QComboBox*>(QStringLiteral("cbTipo"))->isEnabled(), each.kind == 0);
+                type(window, "tbPasswordAttuale", each.typed);
+                type(window, "tbPasswordNuova", wanted);
+                type(window, "tbPasswordRipetuta", wanted);
+                press(window, "cbConferma");
+                EXPECT_EQ(window.isVisible(), !each.accepted);
+            });
+        });
+        EXPECT_EQ(dialogs_.messages.isEmpty(), each.accepted);
+        EXPECT_EQ(attempt(QStringLiteral("ALBA"), each.accepted ? wanted : forgotten), desk::SignIn::Outcome::Accepted);
+    }
+}
+
 TEST_F(DeskUsers, GuessingTheOldPasswordIsSlowedDownToo) {
     platform::setClock(QDateTime(QDate(2026, 3, 2), QTime(9, 0)));
     {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         desk::UserDirectory users(*database);
         desk::UserData user = *users.byCode(QStringLiteral("MEDICO"));
         ASSERT_TRUE(users.save(user, desk::hashPassword(QStringLiteral("segretissima"))));
@@ -177,7 +214,7 @@ TEST_F(DeskUsers, GuessingTheOldPasswordIsSlowedDownToo) {
 TEST_F(DeskUsers, DeletesOrDeactivatesButNeverTheUserAtWork) {
     const QString id = desk_->host().Utente().ID();
     {
-        const auto database = desk::Database::open(desk::DatabaseUrl::parse(options_.databaseUrl));
+        const auto database = elsewhere();
         desk::UserDirectory users(*database);
         desk::UserData free{{}, QStringLiteral("LIBERO"), QStringLiteral("Neri"), QStringLiteral("Ugo"), {},
                             3,  QStringLiteral("AS")};

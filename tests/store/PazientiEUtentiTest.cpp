@@ -26,6 +26,19 @@ TEST_F(PazientiEUtenti, UsersAreShownByNameAndFoundAgain) {
     EXPECT_EQ(DescrizioneUtente(QStringLiteral("XXX")), QStringLiteral("XXX"));
     EXPECT_EQ(CodiceFiscaleUtente(QStringLiteral("Nessuno dott. Tale")), QString());
     EXPECT_EQ(DescrizioneUtente(QString()), QString());
+
+    const QString uscito = QStringLiteral("MRCPLA68S03H501R");
+    archivio_.execute(QStringLiteral("update tblUtenti set attivo = 0 where codicefiscale = '%1'").arg(uscito));
+    EXPECT_EQ(DescrizioneUtente(uscito), QStringLiteral("Marchetti dott. Paolo")) << "his plans still name him";
+    EXPECT_FALSE(UtentiDaScegliere(0).isEmpty());
+    for (const host::VoceUtente& utente : UtentiDaScegliere(0))
+        EXPECT_NE(utente.codicefiscale, uscito);
+
+    archivio_.execute(QStringLiteral("alter table tblUtenti rename to tblAltrove"));
+    EXPECT_EQ(DescrizioneUtente(uscito), QString());
+    EXPECT_EQ(CodiceFiscaleUtente(QStringLiteral("Marchetti dott. Paolo")), QString());
+    EXPECT_TRUE(UtentiDaScegliere(0).isEmpty());
+    archivio_.execute(QStringLiteral("alter table tblAltrove rename to tblUtenti"));
 }
 
 TEST_F(PazientiEUtenti, APatientIsOpenedInTheDesk) {

@@ -48,24 +48,35 @@ public:
                        .arg(name_));
     }
 
+    /// Runs a statement as another program does that works on the same practice.
+    void execute(const QString& sql) const {
+        if (onServer_) return asOutsider(QStringLiteral("QPSQL"), name_, sql);
+        asOutsider(QStringLiteral("QSQLITE"), path(), sql);
+    }
+
 private:
     static void administer(const QString& sql) {
+        asOutsider(QStringLiteral("QPSQL"), QUrl(serverAddress()).path().mid(1), sql);
+    }
+    static void asOutsider(const QString& driver, const QString& database, const QString& sql) {
         const QUrl address(serverAddress());
         const QString connection = QStringLiteral("prova-gestione");
         QString fault;
         {
-            QSqlDatabase server = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connection);
-            server.setHostName(address.host());
-            server.setPort(address.port());
-            server.setUserName(address.userName());
-            server.setPassword(address.password());
-            server.setDatabaseName(address.path().mid(1));
-            if (!server.open()) {
-                fault = server.lastError().text();
-            } else {
-                QSqlQuery query(server);
-                if (!query.exec(sql)) fault = query.lastError().text();
-            }
+            QSqlDatabase outsider = QSqlDatabase::addDatabase(driver, connection);
+            outsider.setHostName(address.host());
+            outsider.setPort(address.port());
+            outsider.setUserName(address.userName());
+            outsider.setPassword(address.password());
+            outsider.setDatabaseName(database);
+            const bool open = outsider.open();
+            QSqlQuery query(outsider);
+            // A server is told where the practice's tables lie; a file holds nothing else.
+            if (!open ||
+                (driver == QLatin1String("QPSQL") && !query.exec(QStringLiteral("set search_path to tessara"))))
+                fault = outsider.lastError().text() + query.lastError().text();
+            else if (!query.exec(sql))
+                fault = query.lastError().text();
         }
         QSqlDatabase::removeDatabase(connection);
         if (!fault.isEmpty()) throw std::runtime_error(fault.toStdString());
