@@ -121,6 +121,25 @@ TEST_P(TextRooms, AFailingDatabaseIsToldAndLosesNeitherTextNorList) {
     EXPECT_FALSE(trouble->isVisibleTo(trouble->parentWidget()));
 }
 
+TEST_P(TextRooms, WhatAnotherWorkstationWroteIsNotOverwrittenUnasked) {
+    open();
+    add(QStringLiteral("prima"));
+    answers_.answers = {platform::Answer::No, platform::Answer::Yes};
+    whenModal(GetParam().form, [this](QWidget& window) {
+        paste(window, GetParam().field, QStringLiteral("qui"));
+        const QString theirs = QStringLiteral("update %1 set %2 = 'dall''altra'");
+        place_.execute(theirs.arg(QLatin1String(GetParam().table), QLatin1String(GetParam().stored)));
+        press(window, "cbConferma");
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(answers_.messages.value(0).contains(QStringLiteral("ora dice:\n\ndall'altra")));
+        EXPECT_EQ(all(), QStringList{QStringLiteral("dall'altra")});
+        press(window, "cbConferma");
+    });
+    click(button("cbModifica").c_str());
+    EXPECT_EQ(answers_.messages.size(), 2);
+    EXPECT_EQ(all(), QStringList{QStringLiteral("qui")});
+}
+
 INSTANTIATE_TEST_SUITE_P(Desk, TextRooms,
                          testing::Values(TextRoom{"Diario clinico", "Evento", "frmEditEvento", "tbDescrizione",
                                                   "rcEventi", 1, "tblEventi", "descrizione"},

@@ -25,6 +25,12 @@ QString DueDateEditor::whatIsWrong() {
     return QStringLiteral("Scrivere la descrizione della scadenza.");
 }
 
+QStringList DueDateEditor::storedNow() {
+    const auto dueDate = patient_.scadenze().Carica(dueDate_.ID);
+    if (!dueDate) return {};
+    return {dueDate->descrizione, dueDate->Data.toString(Qt::ISODate), QString::number(dueDate->chiusa)};
+}
+
 bool DueDateEditor::store(QString& id) {
     Scadenza dueDate = dueDate_;
     dueDate.Data = date_->date();

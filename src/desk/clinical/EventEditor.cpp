@@ -26,6 +26,12 @@ QString EventEditor::whatIsWrong() {
     return QStringLiteral("Scrivere la descrizione.");
 }
 
+QStringList EventEditor::storedNow() {
+    const auto event = patient_.Eventi().Carica(event_.ID);
+    if (!event) return {};
+    return {event->descrizione, event->Data};
+}
+
 bool EventEditor::store(QString& id) {
     host::Evento event = event_;
     event.Data = platform::regional().shortDate(date_->date());

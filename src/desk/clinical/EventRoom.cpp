@@ -5,21 +5,7 @@
 #include "desk/data/PatientRecord.h"
 #include "host/contract/HostError.h"
 
-#include <algorithm>
-#include <optional>
-
 namespace desk {
-
-namespace {
-
-std::optional<host::Evento> find(PatientRecord& patient, const QString& id) {
-    const QList<host::Evento> events = patient.Eventi().Lista();
-    const auto found = std::find_if(events.begin(), events.end(), [&id](const auto& event) { return event.ID == id; });
-    if (found == events.end()) return std::nullopt;
-    return *found;
-}
-
-} // namespace
 
 RoomTexts EventRoom::texts() const {
     return {QStringLiteral("Evento"), QStringLiteral("rcEventi"), QStringLiteral("Diario clinico"),
@@ -43,13 +29,13 @@ QList<RoomRow> EventRoom::rows() {
 
 RoomEditor* EventRoom::editor(const QString& id, QWidget* parent) {
     if (id.isEmpty()) return new EventEditor(patient_, {}, services_, parent);
-    const auto event = find(patient_, id);
+    const auto event = patient_.Eventi().Carica(id);
     if (!event) throw host::HostError(QStringLiteral("La voce del diario non è più nell'archivio."));
     return new EventEditor(patient_, *event, services_, parent);
 }
 
 QString EventRoom::removalQuestion(const QString& id) {
-    const auto event = find(patient_, id);
+    const auto event = patient_.Eventi().Carica(id);
     if (!event) return {};
     const QString question = QStringLiteral("Eliminare dal diario la voce del %1?").arg(event->Data);
     if (event->idfiles.isEmpty()) return question;
@@ -64,7 +50,7 @@ bool EventRoom::remove(const QString& id) {
 
 QList<RoomAction> EventRoom::actions() {
     return {{QStringLiteral("cbApriFile"), QStringLiteral("Apri &file"), [this](const QString& id) {
-                 const auto event = find(patient_, id);
+                 const auto event = patient_.Eventi().Carica(id);
                  if (!event || event->idfiles.isEmpty())
                      throw host::HostError(QStringLiteral("Questa voce del diario non ha un file."));
                  FileRoom(patient_, services_).show(event->idfiles);

@@ -84,6 +84,12 @@ QString FileEditor::whatIsWrong() {
     return QStringLiteral("Scrivere la descrizione del file.");
 }
 
+QStringList FileEditor::storedNow() {
+    const auto file = patient_.Files().Carica(file_.ID);
+    if (!file) return {};
+    return {file->Descrizione, file->file};
+}
+
 bool FileEditor::store(QString& id) {
     QString stored = file_.ID;
     const QString description = memoText(text_);

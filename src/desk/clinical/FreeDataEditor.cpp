@@ -31,6 +31,12 @@ QString FreeDataEditor::whatIsWrong() {
     return QStringLiteral("Scrivere la descrizione.");
 }
 
+QStringList FreeDataEditor::storedNow() {
+    const auto item = archive_.Carica(item_.ID);
+    if (!item) return {};
+    return {item->file, item->descrizione, item->Cartella};
+}
+
 bool FreeDataEditor::store(QString& id) {
     // Writing would bring back an item that was deleted elsewhere meanwhile.
     if (!item_.ID.isEmpty() && !archive_.Carica(item_.ID)) return false;

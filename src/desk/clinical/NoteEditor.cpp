@@ -37,6 +37,12 @@ QDateTime NoteEditor::moment() const {
     return QDateTime(date_->date(), note_.Data.time());
 }
 
+QStringList NoteEditor::storedNow() {
+    const auto note = patient_.Appunti().Carica(note_.ID);
+    if (!note) return {};
+    return {note->m1, note->Data.toString(Qt::ISODate), note->b1.toString(), note->b2.toString()};
+}
+
 bool NoteEditor::store(QString& id) {
     host::Appunto note = note_;
     note.Data = moment();

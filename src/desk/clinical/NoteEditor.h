@@ -16,6 +16,7 @@ public:
 
 protected:
     QString whatIsWrong() override;
+    QStringList storedNow() override;
     bool store(QString& id) override;
 
 private:

@@ -98,6 +98,7 @@ void RoomEditor::finish(QWidget* first, const QSize& size) {
     resize(size);
     first->setFocus();
     untouched_ = contents();
+    storedBefore_ = storedNow();
     platform::FormRegistry::add(this);
 }
 
@@ -132,9 +133,11 @@ bool RoomEditor::isChanged() const {
 
 void RoomEditor::save() {
     QString wrong;
+    bool sure = true;
     const QString failure = guarded([&] {
         wrong = whatIsWrong();
-        if (!wrong.isEmpty()) return;
+        sure = wrong.isEmpty() && mayOverwrite();
+        if (!sure) return;
         const WaitCursor wait;
         const Database::Quiet quiet(services_.database);
         services_.database.takeFailure();
@@ -152,8 +155,22 @@ void RoomEditor::save() {
         platform::dialogs().message(wrong, platform::MB_WARNING, windowTitle());
         return;
     }
+    if (!sure) return;
     if (services_.setDialogCancel) services_.setDialogCancel(false);
     accept();
+}
+
+bool RoomEditor::mayOverwrite() {
+    constexpr qsizetype ENOUGH = 600; // letters that a message box still shows well
+    const QStringList now = storedNow();
+    if (now.isEmpty() || now == storedBefore_) return true;
+    QString theirs = now.first();
+    if (theirs.size() > ENOUGH) theirs = theirs.left(ENOUGH) + QStringLiteral("\u2026");
+    return platform::dialogs().message(
+               QStringLiteral("Un'altra postazione ha modificato intanto questa voce, che ora dice:\n\n%1\n\n"
+                              "Scriverci sopra?")
+                   .arg(theirs),
+               platform::MB_QUESTION_DEFAULT_NO, windowTitle()) == platform::Answer::Yes;
 }
 
 void RoomEditor::reject() {

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QHash>
 #include <QList>
+#include <QStringList>
 
 class QCheckBox;
 class QDateEdit;
@@ -17,7 +18,8 @@ class QPushButton;
 namespace desk {
 
 /// The editor of one row of a room. It is accepted only when the row could be stored; what is wrong, and a database
-/// that fails, is told and leaves the window open with all that was typed. Leaving a changed row asks first.
+/// that fails, is told and leaves the window open with all that was typed. Leaving a changed row asks first, and so
+/// does writing over a row that another workstation changed meanwhile.
 class RoomEditor : public QDialog {
     Q_OBJECT
 
@@ -43,10 +45,13 @@ protected:
     const RoomServices& services() const { return services_; }
 
     virtual QString whatIsWrong() { return {}; } ///< Empty when nothing is; the field at fault gets the focus.
-    virtual bool store(QString& id) = 0;         ///< Writes the id of the stored row; tells everybody of the change.
+    /// What is stored of the row now, its text first; empty for a new one and one that is gone.
+    virtual QStringList storedNow() { return {}; }
+    virtual bool store(QString& id) = 0; ///< Writes the id of the stored row; tells everybody of the change.
 
 private:
     void save();
+    bool mayOverwrite();
     QStringList contents() const;
 
     RoomServices services_;
@@ -54,6 +59,7 @@ private:
     QList<QWidget*> fields_;
     QHash<const QPlainTextEdit*, QString> originals_;
     QStringList untouched_;
+    QStringList storedBefore_;
     QString savedId_;
 };
 

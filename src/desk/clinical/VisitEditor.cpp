@@ -31,6 +31,12 @@ QString VisitEditor::whatIsWrong() {
     return QStringLiteral("Scrivere la descrizione della visita.");
 }
 
+QStringList VisitEditor::storedNow() {
+    const auto visit = patient_.VisiteAmbDom().Carica(visit_.ID);
+    if (!visit) return {};
+    return {visit->descrizione, visit->Data.toString(Qt::ISODate)};
+}
+
 bool VisitEditor::store(QString& id) {
     host::Visita visit = visit_;
     visit.Data = QDateTime(date_->date(), time_->time());

@@ -18,6 +18,7 @@ public:
 
 protected:
     QString whatIsWrong() override;
+    QStringList storedNow() override;
     bool store(QString& id) override;
 
 private:

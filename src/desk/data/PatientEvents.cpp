@@ -5,6 +5,14 @@
 
 namespace desk {
 
+namespace {
+
+host::Evento eventOf(const Query& query) {
+    return {query.text(0), platform::regional().shortDate(query.date(1)), query.text(2), query.text(3)};
+}
+
+} // namespace
+
 PatientEvents::PatientEvents(const PatientScope& scope)
     : database_(scope.database)
     , table_(scope, QStringLiteral("tblEventi"),
@@ -14,11 +22,20 @@ QList<host::Evento> PatientEvents::Lista() {
     try {
         QList<host::Evento> list;
         for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
-            list << host::Evento{query.text(0), platform::regional().shortDate(query.date(1)), query.text(2),
-                                 query.text(3)};
+            list << eventOf(query);
         return list;
     } catch (const DatabaseError&) {
         return {};
+    }
+}
+
+std::optional<host::Evento> PatientEvents::Carica(const QString& id) {
+    try {
+        Query query = table_.row(id);
+        if (!query.next()) return std::nullopt;
+        return eventOf(query);
+    } catch (const DatabaseError&) {
+        return std::nullopt;
     }
 }
 

@@ -15,6 +15,8 @@ public:
     bool Elimina(const QString& id) override;
     void Refresh() override;
 
+    std::optional<host::Evento> Carica(const QString& id);
+
 private:
     Database& database_;
     PatientTable table_;
