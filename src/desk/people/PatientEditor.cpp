@@ -116,7 +116,7 @@ PatientEditor::PatientEditor(PatientDirectory& patients, const QList<UserData>& 
     column->addLayout(platform::form::buttonRow({confirm, cancel}));
     setTabs({doctor_, notes_, confirm, cancel});
     connect(confirm, &QPushButton::clicked, this, &PatientEditor::save);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cancel, &QPushButton::clicked, this, &PatientEditor::reject);
     connect(texts_[TAX_CODE], &QLineEdit::editingFinished, this, &PatientEditor::readTaxCode);
     resize(780, 560);
     platform::FormRegistry::add(this);
@@ -185,6 +185,7 @@ void PatientEditor::fill(const PatientData& patient) {
     patient_ = patient;
     setWindowTitle(patient.ID.isEmpty() ? QStringLiteral("Nuovo paziente") : QStringLiteral("Dati anagrafici"));
     show(patient);
+    untouched_ = fromFields();
     texts_[SURNAME]->setFocus();
 }
 
@@ -266,6 +267,14 @@ QString PatientEditor::doubtAbout(const PatientData& patient) {
     if ((patient.ID.isEmpty() || renamed) && !patients_.idByNameAndBirth(patient).isEmpty())
         doubts << QStringLiteral("Un altro paziente ha gi\u00e0 lo stesso nome e la stessa data di nascita.");
     return doubts.isEmpty() ? QString() : doubts.join(QLatin1Char('\n')) + QStringLiteral("\n\nSalvare ugualmente?");
+}
+
+void PatientEditor::reject() {
+    if (fromFields() != untouched_ &&
+        platform::dialogs().message(QStringLiteral("Chiudere senza salvare le modifiche?"),
+                                    platform::MB_QUESTION_DEFAULT_NO, windowTitle()) != platform::Answer::Yes)
+        return;
+    QDialog::reject();
 }
 
 void PatientEditor::save() {

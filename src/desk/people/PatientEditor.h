@@ -29,6 +29,8 @@ public:
     void fill(const PatientData& patient); ///< Without `ID` it is a new patient.
     const PatientData& patient() const { return patient_; }
 
+    void reject() override; ///< Asks first when something was typed.
+
 private:
     static constexpr std::size_t TEXTS = 15;
 
@@ -51,7 +53,8 @@ private:
 
     PatientDirectory& patients_;
     QList<UserData> users_;
-    PatientData patient_;
+    PatientData patient_;   ///< As it lies in the archive, when it was last looked at.
+    PatientData untouched_; ///< The fields before anything was typed.
     std::array<QLineEdit*, TEXTS> texts_{};
     QLineEdit* birth_ = nullptr;
     QComboBox* sex_ = nullptr;
