@@ -23,35 +23,28 @@ protected:
     }
 };
 
-TEST_F(DeskPatientSearch, FollowsTheTypingAndEnterChooses) {
-    const QString chosen = search([](QLineEdit& text, platform::ReportGrid& grid, QWidget&) {
-        EXPECT_EQ(grid.rowCount(), 3);
-        QTest::keyClicks(&text, QStringLiteral("ross"));
-        EXPECT_EQ(grid.rowCount(), 2);
-        QTest::keyClicks(&text, QStringLiteral("i m"));
-        EXPECT_EQ(grid.rowCount(), 1);
-        QTest::keyClick(&text, Qt::Key_Return);
-    });
-    EXPECT_EQ(chosen, QStringLiteral("RSSMRA80A01H501U"));
-}
-
-TEST_F(DeskPatientSearch, ArrowsWalkWhileTyping) {
-    const QString chosen = search([](QLineEdit& text, platform::ReportGrid&, QWidget&) {
-        QTest::keyClicks(&text, QStringLiteral("ross"));
-        QTest::keyClick(&text, Qt::Key_Down);
-        QTest::keyClick(&text, Qt::Key_Return);
-    });
-    EXPECT_EQ(chosen, QStringLiteral("RSSDAA62D41L219K"));
-}
-
-TEST_F(DeskPatientSearch, ADoubleClickChooses) {
-    const QString chosen = search([](QLineEdit&, platform::ReportGrid& grid, QWidget&) {
-        const QModelIndex verdi = grid.view()->model()->index(2, 0);
-        const QPoint place = grid.view()->visualRect(verdi).center();
-        QTest::mouseClick(grid.view()->viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(grid.view()->viewport(), Qt::LeftButton, {}, place);
-    });
-    EXPECT_EQ(chosen, QStringLiteral("VRDNCL75C10F205X"));
+TEST_F(DeskPatientSearch, FollowsTheTypingAndChoosesByEnterArrowsOrDoubleClick) {
+    EXPECT_EQ(search([](QLineEdit& text, platform::ReportGrid& grid, QWidget&) {
+                  EXPECT_EQ(grid.rowCount(), 3);
+                  QTest::keyClicks(&text, QStringLiteral("ross"));
+                  EXPECT_EQ(grid.rowCount(), 2);
+                  QTest::keyClicks(&text, QStringLiteral("i m"));
+                  EXPECT_EQ(grid.rowCount(), 1);
+                  QTest::keyClick(&text, Qt::Key_Return);
+              }),
+              QStringLiteral("RSSMRA80A01H501U"));
+    EXPECT_EQ(search([](QLineEdit& text, platform::ReportGrid&, QWidget&) {
+                  QTest::keyClicks(&text, QStringLiteral("ross"));
+                  QTest::keyClick(&text, Qt::Key_Down);
+                  QTest::keyClick(&text, Qt::Key_Return);
+              }),
+              QStringLiteral("RSSDAA62D41L219K"));
+    EXPECT_EQ(search([](QLineEdit&, platform::ReportGrid& grid, QWidget&) {
+                  const QPoint place = grid.view()->visualRect(grid.view()->model()->index(2, 0)).center();
+                  QTest::mouseClick(grid.view()->viewport(), Qt::LeftButton, {}, place);
+                  QTest::mouseDClick(grid.view()->viewport(), Qt::LeftButton, {}, place);
+              }),
+              QStringLiteral("VRDNCL75C10F205X"));
 }
 
 TEST_F(DeskPatientSearch, StartsInTheColumnAskedForAndEscapeCancels) {

@@ -37,6 +37,15 @@ protected:
         });
         press(list, button);
     }
+    static desk::UserData person(const char* code, const char* surname, int kind) {
+        return {{},   QString::fromUtf8(code), QString::fromUtf8(surname), QStringLiteral("Ada"), {},
+                kind, QStringLiteral("OD")};
+    }
+    /// From another workstation.
+    void store(desk::UserData& user, const std::optional<QString>& passwordHash = std::nullopt) {
+        const auto database = elsewhere();
+        ASSERT_TRUE(desk::UserDirectory(*database).save(user, passwordHash));
+    }
     std::optional<desk::UserData> stored(const QString& code) {
         const auto database = elsewhere();
         return desk::UserDirectory(*database).byCode(code);
@@ -145,13 +154,8 @@ TEST_F(DeskUsers, OnlyADoctorWithAPasswordResetsAForgottenOne) {
     const QString own = QStringLiteral("quella del medico");
     const QString forgotten = QStringLiteral("dimenticata");
     const QString wanted = QStringLiteral("nuova parola");
-    {
-        const auto database = elsewhere();
-        desk::UserDirectory users(*database);
-        desk::UserData other{{}, QStringLiteral("ALBA"), QStringLiteral("Alba"), QStringLiteral("Ada"), {},
-                             3,  QStringLiteral("AS")};
-        ASSERT_TRUE(users.save(other, desk::hashPassword(forgotten)));
-    }
+    desk::UserData other = person("ALBA", "Alba", 3);
+    store(other, desk::hashPassword(forgotten));
     const struct {
         int kind;
         bool withPassword;
@@ -166,13 +170,9 @@ TEST_F(DeskUsers, OnlyADoctorWithAPasswordResetsAForgottenOne) {
     for (const auto& each : cases) {
         SCOPED_TRACE(testing::Message() << each.kind << each.withPassword << each.typed.toStdString());
         dialogs_.messages.clear();
-        {
-            const auto database = elsewhere();
-            desk::UserDirectory users(*database);
-            desk::UserData signedIn = *users.byCode(QStringLiteral("MEDICO"));
-            signedIn.tipo = each.kind;
-            ASSERT_TRUE(users.save(signedIn, each.withPassword ? desk::hashPassword(own) : QString()));
-        }
+        desk::UserData signedIn = *stored(QStringLiteral("MEDICO"));
+        signedIn.tipo = each.kind;
+        store(signedIn, each.withPassword ? desk::hashPassword(own) : QString());
         workList([&](QWidget& list, platform::ReportGrid& grid) {
             focusOn(grid, QStringLiteral("ALBA"));
             inEditor(list, "cbModifica", [&](QWidget& window) {
@@ -191,12 +191,8 @@ TEST_F(DeskUsers, OnlyADoctorWithAPasswordResetsAForgottenOne) {
 
 TEST_F(DeskUsers, GuessingTheOldPasswordIsSlowedDownToo) {
     platform::setClock(QDateTime(QDate(2026, 3, 2), QTime(9, 0)));
-    {
-        const auto database = elsewhere();
-        desk::UserDirectory users(*database);
-        desk::UserData user = *users.byCode(QStringLiteral("MEDICO"));
-        ASSERT_TRUE(users.save(user, desk::hashPassword(QStringLiteral("segretissima"))));
-    }
+    desk::UserData signedIn = *stored(QStringLiteral("MEDICO"));
+    store(signedIn, desk::hashPassword(QStringLiteral("segretissima")));
     workList([&](QWidget& list, platform::ReportGrid&) {
         inEditor(list, "cbModifica", [&](QWidget& window) {
             type(window, "tbPasswordNuova", QStringLiteral("nuova parola"));
@@ -213,14 +209,12 @@ TEST_F(DeskUsers, GuessingTheOldPasswordIsSlowedDownToo) {
 
 TEST_F(DeskUsers, DeletesOrDeactivatesButNeverTheUserAtWork) {
     const QString id = desk_->host().Utente().ID();
+    desk::UserData free = person("LIBERO", "Neri", 3);
+    desk::UserData busy = person("CURANTE", "D'Amico", 0);
+    store(free);
+    store(busy);
     {
         const auto database = elsewhere();
-        desk::UserDirectory users(*database);
-        desk::UserData free{{}, QStringLiteral("LIBERO"), QStringLiteral("Neri"), QStringLiteral("Ugo"), {},
-                            3,  QStringLiteral("AS")};
-        desk::UserData busy{{}, QStringLiteral("CURANTE"), QStringLiteral("D'Amico"), QStringLiteral("Sara"), {},
-                            0,  QStringLiteral("OD")};
-        ASSERT_TRUE(users.save(free) && users.save(busy));
         desk::PatientDirectory patients(*database, QStringLiteral("prova"));
         desk::PatientData rossi = *patients.load(rossi_);
         rossi.idMedico = busy.ID;
@@ -237,7 +231,7 @@ TEST_F(DeskUsers, DeletesOrDeactivatesButNeverTheUserAtWork) {
     };
     EXPECT_TRUE(remove("MEDICO", platform::Answer::Yes).contains(QStringLiteral("sta usando")));
     EXPECT_EQ(stored(QStringLiteral("MEDICO"))->ID, id);
-    EXPECT_EQ(remove("LIBERO", platform::Answer::No), QStringLiteral("Eliminare l'utente Neri Ugo?"));
+    EXPECT_EQ(remove("LIBERO", platform::Answer::No), QStringLiteral("Eliminare l'utente Neri Ada?"));
     EXPECT_TRUE(stored(QStringLiteral("LIBERO")));
     remove("LIBERO", platform::Answer::Yes);
     EXPECT_FALSE(stored(QStringLiteral("LIBERO")));
@@ -252,7 +246,7 @@ TEST_F(DeskUsers, DeletesOrDeactivatesButNeverTheUserAtWork) {
         ASSERT_TRUE(desk_->openPatient(patient));
         whenModal("frmPaziente", [&](QWidget& window) {
             auto* doctors = window.findChild<QComboBox*>(QStringLiteral("cbMedico"));
-            EXPECT_EQ(doctors->findText(QStringLiteral("D'Amico Sara")) >= 0, patient == rossi_);
+            EXPECT_EQ(doctors->findText(QStringLiteral("D'Amico Ada")) >= 0, patient == rossi_);
             window.close();
         });
         ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Dati anagrafici")));
