@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 using platform::form::arrayName;
 
@@ -19,6 +20,7 @@ constexpr int TWIPS_PER_PIXEL = 15;
 constexpr int MARK_TWIPS_FROM_EDGE = 240;
 constexpr QSize PICTURE(40, 84); ///< The box that offsets and picture sizes are meant for.
 constexpr int MARK = 14;
+constexpr double LARGEST_MARK = 1.7;
 
 PictureLabel* layer(const QString& name, QWidget* parent) {
     auto* label = platform::form::named(new PictureLabel(parent), name);
@@ -98,7 +100,7 @@ void ToothBox::placeMark() {
     imStatusLavori_->setVisible(tooth_.stato != StatoDente::Nessuno);
     if (tooth_.stato == StatoDente::Nessuno) return;
     const double scale = double(imTooth_->height()) / PICTURE.height();
-    const QSize size = QSize(MARK, MARK) * scale;
+    const QSize size = QSize(MARK, MARK) * std::min(scale, LARGEST_MARK); // a large tooth is there to be seen
     imStatusLavori_->setDrawing(size,
                                 [file = tooth_.immagineStato, stato = tooth_.stato](const QSize& room, qreal ratio) {
                                     const QPixmap own = loadPicture(file, room, ratio);

@@ -64,6 +64,8 @@ QList<platform::ReportColumn> colonne() {
         colonna.sortable = false; // the order of the rows is the user's own
         if (colonne.size() == OPERATORE || colonne.size() == ASSISTENTE)
             colonna.sample = QStringLiteral("Bianchi dott. Giovanni");
+        if (colonne.size() == INIZIO || colonne.size() == FINE)
+            colonna.sample = QStringLiteral("00/00/0000"); // in bold on the rows of the tooth that was clicked
         colonne << colonna;
     }
     return colonne;

@@ -16,7 +16,7 @@ using namespace rigogriglia;
 
 namespace {
 
-constexpr QSize MISURA(1240, 520);
+constexpr QSize MISURA(1560, 520); // where names and descriptions stand in full in the larger letters
 constexpr double INGRANDIMENTO = 1.15;
 
 } // namespace
@@ -47,13 +47,17 @@ frmZoomRighiTrattamento::frmZoomRighiTrattamento(const QString& numero, QWidget*
 void frmZoomRighiTrattamento::costruisciGriglia() {
     rcRighi_ = platform::form::named(new platform::ReportGrid(this), QStringLiteral("rcRighi"));
     rcRighi_->setAccessibleName(QStringLiteral("Righi del trattamento"));
-    QFont carattere = font();
-    carattere.setPointSizeF(carattere.pointSizeF() * INGRANDIMENTO);
-    rcRighi_->setFont(carattere);
+    // On a small screen whole words matter more than large letters.
+    if (screen()->availableGeometry().width() >= MISURA.width()) {
+        QFont carattere = font();
+        carattere.setPointSizeF(carattere.pointSizeF() * INGRANDIMENTO);
+        rcRighi_->setFont(carattere);
+    }
     for (platform::ReportColumn colonna : colonne()) {
         // Here the people give way too: there is room for their names in full.
         const int indice = rcRighi_->columnCount();
         colonna.resizable = colonna.resizable || indice == OPERATORE || indice == ASSISTENTE;
+        if (indice == DESCRIZIONE) colonna.sample = QStringLiteral("Otturazione in composito, due superfici");
         rcRighi_->addColumn(colonna);
     }
     rcRighi_->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QString());
