@@ -28,6 +28,13 @@ void Measures::printRatio(const char* what, const std::string& measured, const s
                 best(floor) / 1e3, ratio, limit, ratio <= limit ? "ok" : "TOO SLOW");
 }
 
+void Measures::printLimit(const char* what, const std::string& measured, double limit) const {
+    const double milliseconds = best(measured) / 1e6;
+    if (milliseconds <= 0) return;
+    std::printf("%-44s %9.2f ms  limit %.0f ms  %s\n", what, milliseconds, limit,
+                milliseconds <= limit ? "ok" : "TOO SLOW");
+}
+
 double peakMemory() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);

@@ -15,6 +15,9 @@ public:
     /// One line: measure, floor, ratio and limit.
     void printRatio(const char* what, const std::string& measured, const std::string& floor, double limit) const;
 
+    /// One line: measure and limit, in milliseconds.
+    void printLimit(const char* what, const std::string& measured, double limit) const;
+
 private:
     std::map<std::string, double> best_;
 };
