@@ -1,3 +1,4 @@
+#include "BenchPractice.h"
 #include "Measures.h"
 #include "PlanSample.h"
 
@@ -6,9 +7,6 @@
 #include "chart/ToothChart.h"
 #include "chart/clsGraphical.h"
 #include "desk/shell/Desk.h"
-#include "desk/shell/DeskApplication.h"
-#include "desk/shell/MessageFilter.h"
-#include "desk/shell/Options.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "module/Plugin.h"
@@ -18,7 +16,6 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <cstdio>
 #include <utility>
 
@@ -148,18 +145,10 @@ QString storedPlan(int rows) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    desk::installMessageFilter();
-    desk::DeskApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    const QTemporaryDir folder;
-    desk::Options options;
-    options.databaseUrl = QStringLiteral("sqlite:") + folder.filePath(QStringLiteral("studio.db"));
-    options.configDir = folder.filePath(QStringLiteral("profilo"));
-    options.demo = true;
+    BenchPractice practice(argc, argv);
+    practice.options.demo = true;
     sAppPath = QStringLiteral(CORVALA_APP_DIR);
-    const auto desk = desk::Desk::open(options);
+    const auto desk = desk::Desk::open(practice.options);
     if (!desk->attachModule(std::make_unique<Plugin>())) return 1;
     if (!desk->openPatientByTaxCode(QStringLiteral("RSSMRA80A01H501U"))) return 1;
     const QString usual = storedPlan(ROWS);

@@ -1,12 +1,10 @@
+#include "BenchPractice.h"
 #include "Floor.h"
 #include "Measures.h"
 #include "PlanSample.h"
 
 #include "desk/data/Transaction.h"
 #include "desk/shell/Desk.h"
-#include "desk/shell/DeskApplication.h"
-#include "desk/shell/MessageFilter.h"
-#include "desk/shell/Options.h"
 #include "desk/shell/Practice.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
@@ -23,7 +21,6 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QTemporaryDir>
 #include <cstdio>
 
 // The practice-wide list of plans in its real window: query, patients, memos and grid rows, against the bare query with
@@ -130,20 +127,11 @@ void scrollList(benchmark::State& state, frmMDITrattamenti& window) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    desk::installMessageFilter();
-    desk::DeskApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("studio.db"));
-    desk::Options options;
-    options.databaseUrl = QStringLiteral("sqlite:") + file;
-    options.configDir = folder.filePath(QStringLiteral("profilo"));
-    fill(options);
+    BenchPractice practice(argc, argv);
+    fill(practice.options);
 
     platform::setClock(QDateTime(QDate(2024, 1, 1), QTime(9, 0))); // The window opens on an empty month.
-    const auto desk = desk::Desk::open(options);
+    const auto desk = desk::Desk::open(practice.options);
     oHost = &desk->host();
     clsTrattamenti plans;
     oTrattamenti = &plans;
@@ -151,7 +139,7 @@ int main(int argc, char** argv) {
     window.resize(1920, 1080);
     window.show();
     QSqlDatabase floor = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("floor"));
-    floor.setDatabaseName(file);
+    floor.setDatabaseName(practice.file());
     if (!floor.open()) return 1;
     std::printf("before the lists: peak memory %.0f MiB\n", peakMemory());
 

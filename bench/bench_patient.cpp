@@ -1,11 +1,9 @@
+#include "BenchPractice.h"
 #include "Measures.h"
 #include "PlanSample.h"
 
 #include "desk/data/Transaction.h"
 #include "desk/shell/Desk.h"
-#include "desk/shell/DeskApplication.h"
-#include "desk/shell/MessageFilter.h"
-#include "desk/shell/Options.h"
 #include "desk/shell/Practice.h"
 #include "host/context.h"
 #include "host/contract/Forms.h"
@@ -19,7 +17,6 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
@@ -118,28 +115,19 @@ double buildRibbon(const desk::Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    desk::installMessageFilter();
-    desk::DeskApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
+    BenchPractice practice(argc, argv);
     sAppPath = QCoreApplication::applicationDirPath();
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("studio.db"));
-    desk::Options options;
-    options.databaseUrl = QStringLiteral("sqlite:") + file;
-    options.configDir = folder.filePath(QStringLiteral("profilo"));
-    const QString id = fill(options);
-    const double ribbon = buildRibbon(options);
+    const QString id = fill(practice.options);
+    const double ribbon = buildRibbon(practice.options);
 
-    const auto desk = desk::Desk::open(options);
+    const auto desk = desk::Desk::open(practice.options);
     if (!desk->attachModule(std::make_unique<Plugin>())) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(desk->moduleError()));
         return 1;
     }
     desk->window()->show();
     QSqlDatabase floor = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("floor"));
-    floor.setDatabaseName(file);
+    floor.setDatabaseName(practice.file());
     if (!floor.open()) return 1;
     benchmark::RegisterBenchmark("openPatient", [&](benchmark::State& state) {
         openPatient(state, *desk, id);

@@ -13,7 +13,7 @@
 #include <memory>
 
 /// The editor as a person works it, by the names of its controls.
-class EditorDiProva : public StudioDiProva {
+class EditorDiProva : public FinestraDiProva<frmEditTrattamento> {
 protected:
     void apri(const QString& id) {
         finestra_.reset();
@@ -21,12 +21,6 @@ protected:
         finestra_ = std::make_unique<frmEditTrattamento>();
         finestra_->show();
         QTest::qWait(1);
-    }
-    template <class T>
-    T* trova(const QString& nome) {
-        T* trovato = finestra_->findChild<T*>(nome);
-        EXPECT_NE(trovato, nullptr) << nome.toStdString();
-        return trovato;
     }
     QLineEdit* dato(int indice) { return trova<QLineEdit>(platform::form::arrayName("tbDati", indice)); }
     platform::ReportGrid* righi() { return trova<platform::ReportGrid>(QStringLiteral("rcRighi")); }
@@ -51,6 +45,4 @@ protected:
         QTest::keyClick(righi()->view(), key, modifiers);
         QTest::qWait(1);
     }
-
-    std::unique_ptr<frmEditTrattamento> finestra_;
 };

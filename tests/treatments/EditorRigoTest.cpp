@@ -15,7 +15,7 @@ using platform::form::arrayName;
 
 namespace {
 
-class EditorRigo : public StudioDiProva {
+class EditorRigo : public FinestraDiProva<frmEditRigoTrattamento> {
 protected:
     EditorRigo() {
         rigo_.progressivo = QStringLiteral("01");
@@ -39,12 +39,6 @@ protected:
         finestra_->show();
         QTest::qWait(1);
     }
-    template <class T>
-    T* trova(const QString& nome) {
-        T* trovato = finestra_->findChild<T*>(nome);
-        EXPECT_NE(trovato, nullptr) << nome.toStdString();
-        return trovato;
-    }
     QCheckBox* casella(const char* nome, int indice) { return trova<QCheckBox>(arrayName(nome, indice)); }
     QString testo(const QString& nome) { return trova<QLineEdit>(nome)->text(); }
     clsItemRigoTrattamento scritto() {
@@ -54,7 +48,6 @@ protected:
     }
 
     clsItemRigoTrattamento rigo_;
-    std::unique_ptr<frmEditRigoTrattamento> finestra_;
 };
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "treatments/clsTrattamenti.h"
 #include "treatments/clsViewTrattamenti.h"
 
+#include <memory>
 #include <optional>
 
 /// The practice with the module running and the patient without records open.
@@ -41,4 +42,17 @@ protected:
         EXPECT_TRUE(trattamenti().Salva(item));
         return item;
     }
+};
+
+/// The same with a window, whose controls are found by their names.
+template <class Finestra>
+class FinestraDiProva : public StudioDiProva {
+protected:
+    template <class T>
+    T* trova(const QString& nome) {
+        T* trovato = finestra_->template findChild<T*>(nome);
+        EXPECT_NE(trovato, nullptr) << nome.toStdString();
+        return trovato;
+    }
+    std::unique_ptr<Finestra> finestra_;
 };

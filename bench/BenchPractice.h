@@ -1,0 +1,34 @@
+#pragma once
+
+#include "desk/shell/DeskApplication.h"
+#include "desk/shell/MessageFilter.h"
+#include "desk/shell/Options.h"
+
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+/// What a benchmark of the desk runs in: the application, without a screen where there is none, and the options of a
+/// practice that does not exist yet, in a folder of its own.
+class BenchPractice {
+public:
+    BenchPractice(int& argc, char** argv)
+        : application_(withoutScreen(argc), argv) {
+        benchmark::Initialize(&argc, argv);
+        options.databaseUrl = QStringLiteral("sqlite:") + file();
+        options.configDir = folder_.filePath(QStringLiteral("profilo"));
+    }
+    QString file() const { return folder_.filePath(QStringLiteral("studio.db")); } ///< Of the database.
+
+    desk::Options options;
+
+private:
+    static int& withoutScreen(int& argc) {
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        desk::installMessageFilter();
+        return argc;
+    }
+
+    desk::DeskApplication application_;
+    QTemporaryDir folder_;
+};
