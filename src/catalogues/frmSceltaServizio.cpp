@@ -143,20 +143,20 @@ void frmSceltaServizio::showGroup(QTreeWidgetItem* node) {
 }
 
 void frmSceltaServizio::fill(const std::function<bool(const clsItemServizio&)>& passes) {
+    static const platform::Collection<clsItemServizio> none;
+    const auto& services = oServizi == nullptr ? none : oServizi->Lista();
     rcLista_->beginUpdate();
     rcLista_->clear();
     const bool onlyTreatments = laSoloTrattamenti_->text() == QLatin1String("S");
-    if (oServizi != nullptr) {
-        for (const clsItemServizio& item : oServizi->Lista()) {
-            if ((onlyTreatments && !item.usabileInPianoTrattamento) || !passes(item)) continue;
-            platform::ReportRecord* record = rcLista_->addRecord();
-            record->tag = item.ID;
-            record->cell(CODE).value = item.ID;
-            record->cell(VAT).value = descriptionOfVat(item.codiceIva);
-            record->cell(UNIT).value = item.UM;
-            record->cell(GROUP).value = DescrizioneRaggrMerc(item.raggruppamento);
-            record->cell(DESCRIPTION).value = item.descrizione.trimmed();
-        }
+    for (const clsItemServizio& item : services) {
+        if ((onlyTreatments && !item.usabileInPianoTrattamento) || !passes(item)) continue;
+        platform::ReportRecord* record = rcLista_->addRecord();
+        record->tag = item.ID;
+        record->cell(CODE).value = item.ID;
+        record->cell(VAT).value = descriptionOfVat(item.codiceIva);
+        record->cell(UNIT).value = item.UM;
+        record->cell(GROUP).value = DescrizioneRaggrMerc(item.raggruppamento);
+        record->cell(DESCRIPTION).value = item.descrizione.trimmed();
     }
     rcLista_->endUpdate();
     rcLista_->populate();

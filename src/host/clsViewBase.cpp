@@ -5,6 +5,7 @@
 #include "platform/ReportGrid.h"
 
 #include <QColor>
+#include <QScopeGuard>
 
 namespace {
 
@@ -32,11 +33,13 @@ void clsViewBase::refreshGrid(QObject* grid, const QString& idToSelect) {
     griglia_ = report;
     if (report->columnCount() == 0) preparaGriglia(*report);
 
-    report->beginUpdate();
-    report->clear();
-    adattaColonne(*report);
-    if (PazienteAperto()) riempi(*report);
-    report->endUpdate();
+    {
+        report->beginUpdate();
+        const auto mostra = qScopeGuard([report] { report->endUpdate(); }); // even when the host cannot list them
+        report->clear();
+        adattaColonne(*report);
+        if (PazienteAperto()) riempi(*report);
+    }
 
     platform::ReportRecord* scelto = nullptr;
     for (int i = 0; i < report->recordCount() && !idToSelect.isEmpty() && !scelto; ++i) {

@@ -19,6 +19,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 #include <stdexcept>
 
@@ -112,9 +113,11 @@ void ElencoPeriodo::ricarica(const QString& idDaSelezionare) {
     pbAttesa_->raise();
     QCoreApplication::processEvents();
     if (!viva) return;
-    leggi();
-    seleziona(id);
-    pbAttesa_->hide();
+    {
+        const auto fine = qScopeGuard([this] { pbAttesa_->hide(); });
+        leggi();
+        seleziona(id);
+    }
     QCoreApplication::processEvents();
 }
 
@@ -124,12 +127,12 @@ void ElencoPeriodo::leggi() {
     titolo_->setText(impostazioni_.titolo + platform::regional().shortDate(da) + QLatin1String(" - ") +
                      platform::regional().shortDate(a));
     griglia_->beginUpdate();
+    const auto mostra = qScopeGuard([this] { griglia_->endUpdate(); }); // what there is, should the database go
     griglia_->clear();
     if (const auto righe = oHost->DB().OpenRecordset(queryPeriodo(impostazioni_.t1, da, a))) {
         for (; !righe->isEOF(); righe->MoveNext())
             aggiungi(*righe);
     }
-    griglia_->endUpdate();
 }
 
 void ElencoPeriodo::aggiungi(const host::Recordset& riga) {

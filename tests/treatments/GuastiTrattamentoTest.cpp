@@ -240,3 +240,22 @@ TEST_F(Guasti, TellsInWhichPhaseTheChartFailedAndGoesOn) {
     EXPECT_EQ(pannello.dente(IndiceDaDente(QStringLiteral("4.6"))).strati[0].servizio, QStringLiteral("IMPIANTO"));
     EXPECT_EQ(pannello.dente(IndiceDaDente(QStringLiteral("4.6"))).stato, StatoDente::Aperto);
 }
+
+TEST_F(Guasti, TheListOfThePracticeComesBackWithTheDatabase) {
+    if (archivio_.onServer()) GTEST_SKIP() << "renames a table of the file";
+    salvato(QStringLiteral("2026"), QStringLiteral("0001"));
+    frmMDITrattamenti elenco;
+    elenco.show();
+    const auto* griglia = elenco.findChild<platform::ReportGrid*>(QStringLiteral("rcTrattamenti"));
+    auto* filtra = elenco.findChild<QPushButton*>(QStringLiteral("cbFiltra"));
+    for (const char* tabella : {"tblWorkspace", "tblPazienti"}) {
+        SCOPED_TRACE(tabella);
+        ASSERT_EQ(griglia->rowCount(), 1);
+        esegui(QStringLiteral("alter table %1 rename to altrove").arg(QLatin1String(tabella)));
+        QTest::mouseClick(filtra, Qt::LeftButton);
+        EXPECT_FALSE(elenco.findChild<QWidget*>(QStringLiteral("pbAttesa"))->isVisible());
+        esegui(QStringLiteral("alter table altrove rename to %1").arg(QLatin1String(tabella)));
+        QTest::mouseClick(filtra, Qt::LeftButton);
+        EXPECT_EQ(griglia->rowCount(), 1);
+    }
+}
