@@ -15,5 +15,5 @@ std::unique_ptr<host::Paziente> CercaPaziente(const QString& nominativo, const Q
 bool SelezionaPaziente(const QString& nominativo, const QString& codicefiscale);
 
 /// Makes the host open that patient and waits a while until it has; goes on regardless then. False only without a
-/// patient.
+/// patient, or when the host cannot even be asked.
 bool ApriPaziente(const host::Paziente* paziente);

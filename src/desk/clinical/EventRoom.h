@@ -1,18 +1,13 @@
 #pragma once
 
-#include "desk/clinical/Room.h"
-#include "desk/clinical/RoomServices.h"
+#include "desk/clinical/PatientRoom.h"
 
 namespace desk {
 
-class PatientRecord;
-
-/// The diary of a patient. An entry may hold a file, which a button shows. Borrows the patient.
-class EventRoom : public Room {
+/// The diary of a patient. An entry may hold a file, which a button shows.
+class EventRoom : public PatientRoom {
 public:
-    EventRoom(PatientRecord& patient, RoomServices services)
-        : patient_(patient)
-        , services_(std::move(services)) {}
+    using PatientRoom::PatientRoom;
 
     RoomTexts texts() const override;
     QList<platform::ReportColumn> columns() const override;
@@ -21,10 +16,6 @@ public:
     QString removalQuestion(const QString& id) override;
     bool remove(const QString& id) override;
     QList<RoomAction> actions() override;
-
-private:
-    PatientRecord& patient_;
-    RoomServices services_;
 };
 
 } // namespace desk

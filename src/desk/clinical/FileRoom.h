@@ -1,20 +1,15 @@
 #pragma once
 
-#include "desk/clinical/Room.h"
-#include "desk/clinical/RoomServices.h"
+#include "desk/clinical/PatientRoom.h"
 #include "host/contract/Paziente.h"
 
 namespace desk {
 
-class PatientRecord;
-
 /// The files of a patient: added from the disk, shown, extracted into the folder of the run or saved to one of the
-/// user. A file that is deleted takes its entries in the diary with it. Borrows the patient.
-class FileRoom : public Room {
+/// user. A file that is deleted takes its entries in the diary with it.
+class FileRoom : public PatientRoom {
 public:
-    FileRoom(PatientRecord& patient, RoomServices services)
-        : patient_(patient)
-        , services_(std::move(services)) {}
+    using PatientRoom::PatientRoom;
 
     RoomTexts texts() const override;
     QList<platform::ReportColumn> columns() const override;
@@ -32,8 +27,6 @@ private:
     QString extracted(const QString& id); ///< Path of a copy; throws HostError.
     [[noreturn]] void failed(const QString& id, const QString& otherwise);
     QList<host::Evento> entriesOf(const QString& id); ///< In the diary.
-    PatientRecord& patient_;
-    RoomServices services_;
 };
 
 } // namespace desk

@@ -12,9 +12,10 @@ FolderEditor::FolderEditor(FreeData& archive, const QString& folder, const RoomS
     , archive_(archive)
     , folder_(folder) {
     name_ = addLine(QStringLiteral("tbCartella"), QStringLiteral("&Cartella:"), folder);
-    name_->setToolTip(QStringLiteral("I livelli si dividono con \u201c/\u201d"));
     name_->selectAll();
-    finish(name_, QSize(460, 110));
+    addText(QStringLiteral("laAiuto"), QString(),
+            QStringLiteral("I livelli si dividono con \u201c/\u201d: così una cartella si sposta anche in un'altra."));
+    finish(name_, QSize(520, 120));
 }
 
 QString FolderEditor::whatIsWrong() {

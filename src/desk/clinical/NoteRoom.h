@@ -1,20 +1,15 @@
 #pragma once
 
-#include "desk/clinical/Room.h"
-#include "desk/clinical/RoomServices.h"
+#include "desk/clinical/PatientRoom.h"
 #include "host/contract/Paziente.h"
 
 namespace desk {
 
-class PatientRecord;
-
 /// The notes of a patient. Private ones are for the patient's own doctor alone: nobody else sees, changes or deletes
-/// them here. Borrows the patient.
-class NoteRoom : public Room {
+/// them here.
+class NoteRoom : public PatientRoom {
 public:
-    NoteRoom(PatientRecord& patient, RoomServices services)
-        : patient_(patient)
-        , services_(std::move(services)) {}
+    using PatientRoom::PatientRoom;
 
     RoomTexts texts() const override;
     QList<platform::ReportColumn> columns() const override;
@@ -25,8 +20,6 @@ public:
 
 private:
     bool maySee(const host::Appunto& note) const;
-    PatientRecord& patient_;
-    RoomServices services_;
 };
 
 } // namespace desk

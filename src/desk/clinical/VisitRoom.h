@@ -1,18 +1,13 @@
 #pragma once
 
-#include "desk/clinical/Room.h"
-#include "desk/clinical/RoomServices.h"
+#include "desk/clinical/PatientRoom.h"
 
 namespace desk {
 
-class PatientRecord;
-
-/// The visits of a patient, in the surgery and at home. Borrows the patient.
-class VisitRoom : public Room {
+/// The visits of a patient, in the surgery and at home.
+class VisitRoom : public PatientRoom {
 public:
-    VisitRoom(PatientRecord& patient, RoomServices services)
-        : patient_(patient)
-        , services_(std::move(services)) {}
+    using PatientRoom::PatientRoom;
 
     RoomTexts texts() const override;
     QList<platform::ReportColumn> columns() const override;
@@ -20,10 +15,6 @@ public:
     RoomEditor* editor(const QString& id, QWidget* parent) override;
     QString removalQuestion(const QString& id) override;
     bool remove(const QString& id) override;
-
-private:
-    PatientRecord& patient_;
-    RoomServices services_;
 };
 
 } // namespace desk

@@ -132,14 +132,23 @@ void UserEditor::fill(const UserData& user) {
     kind_->setEnabled(signedIn_.isDoctor());
     secret_->setTitle(user.conPassword ? QStringLiteral("Password (impostata)")
                                        : QStringLiteral("Password (non impostata: si accede con un clic)"));
-    oldPassword_->setEnabled(user.conPassword);
     noPassword_->setEnabled(user.conPassword);
-    oldCaption_->setText(isSignedIn() || !user.conPassword ? QStringLiteral("&Password attuale:")
-                         : &whosePassword() == &signedIn_  ? QStringLiteral("La &propria password:")
-                                                           : QStringLiteral("&Password dell'utente:"));
-    oldPassword_->setAccessibleName(oldCaption_->text().remove(QLatin1Char('&')).chopped(1));
-    oldPassword_->setPlaceholderText(user.conPassword ? QStringLiteral("solo per cambiarla o toglierla") : QString());
+    askForPassword();
     code_->setFocus();
+}
+
+/// Says whose password is wanted for a change.
+void UserEditor::askForPassword() {
+    const bool own = isSignedIn() || !user_.conPassword;
+    const bool resets = &whosePassword() == &signedIn_;
+    oldCaption_->setText(own      ? QStringLiteral("&Password attuale:")
+                         : resets ? QStringLiteral("La &propria password:")
+                                  : QStringLiteral("&Password dell'utente:"));
+    oldPassword_->setAccessibleName(oldCaption_->text().remove(QLatin1Char('&')).chopped(1));
+    oldPassword_->setEnabled(user_.conPassword);
+    if (!user_.conPassword) return oldPassword_->setPlaceholderText(QString());
+    oldPassword_->setPlaceholderText(resets ? QStringLiteral("quella di ") + signedIn_.nomeCompleto()
+                                            : QStringLiteral("solo per cambiarla o toglierla"));
 }
 
 UserData UserEditor::fromFields() const {
@@ -195,7 +204,7 @@ QString UserEditor::whatIsWrongWithPassword() {
 
 // Who has no password proves nothing by signing in, so only one who has may reset that of another.
 const UserData& UserEditor::whosePassword() const {
-    const bool mayReset = !isSignedIn() && signedIn_.isDoctor() && signedIn_.conPassword;
+    const bool mayReset = user_.conPassword && !isSignedIn() && signedIn_.isDoctor() && signedIn_.conPassword;
     return mayReset ? signedIn_ : user_;
 }
 

@@ -37,6 +37,7 @@ private:
     QString whatIsWrong(const UserData& user);
     QString whatIsWrongWithPassword();
     QString judgePassword();
+    void askForPassword();
     bool changesPassword() const;
     bool isSignedIn() const { return user_.ID == signedIn_.ID; }
     const UserData& whosePassword() const; ///< The user whose present password allows a change.
