@@ -6,6 +6,7 @@
 #include "chart/StatusMark.h"
 #include "platform/FormLayout.h"
 
+#include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -16,7 +17,10 @@ using platform::form::named;
 
 namespace {
 
-constexpr QSize STRIP_BOX(52, 52);
+constexpr QSize STRIP_BOX(52, 52); ///< Border included.
+constexpr int STRIP_BORDER = 2;
+constexpr int STRIP_COLUMNS = 4;
+constexpr int MARK_COLUMNS = 6;
 constexpr QSize SHORT_BOX(20, 20);
 constexpr QSize MARK_BOX(30, 30);
 
@@ -41,8 +45,15 @@ void fill(ServiceBadge* badge, const ServizioEvidenziato& entry, const QSize& si
 EvidencePanel::EvidencePanel(QWidget* parent)
     : QWidget(parent) {
     const ComposizioneDenti::Options places;
-    for (int place = 0; place < places.stripPlaces; ++place)
-        strip_.append(box(arrayName("pbLavoriSeri", place), STRIP_BOX));
+    for (int place = 0; place < places.stripPlaces; ++place) {
+        auto* border = named(new QFrame(this), arrayName("shLavoriSeri", place));
+        border->setFrameStyle(QFrame::Box | QFrame::Plain);
+        border->setLineWidth(STRIP_BORDER);
+        border->setFixedSize(STRIP_BOX);
+        border->hide();
+        borders_.append(border);
+        strip_.append(box(arrayName("pbLavoriSeri", place), STRIP_BOX - 2 * QSize(STRIP_BORDER, STRIP_BORDER)));
+    }
     for (int place = 0; place < places.shortListPlaces; ++place) {
         shortList_.append(box(arrayName("pbInEvidenzaBreve", place), SHORT_BOX));
         shortTexts_.append(box(arrayName("laInEvidenzaBreve", place), QSize()));
@@ -68,13 +79,15 @@ void EvidencePanel::layOut() {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     auto* strip = new QGridLayout;
-    for (int place = 0; place < strip_.size(); ++place)
-        strip->addWidget(strip_[place], place / 5, place % 5);
-    for (ServiceBadge* badge : strip_) {
-        badge->setFrameStyle(QFrame::Box | QFrame::Plain);
-        badge->setLineWidth(2);
+    for (int place = 0; place < strip_.size(); ++place) {
+        auto* inside = new QVBoxLayout(borders_[place]);
+        inside->setContentsMargins({});
+        inside->addWidget(strip_[place]);
+        strip->addWidget(borders_[place], place / STRIP_COLUMNS, place % STRIP_COLUMNS);
     }
-    strip->setColumnStretch(5, 1);
+    // Its room is kept, so that the teeth stand still when the first service comes.
+    setMinimumWidth(STRIP_COLUMNS * (STRIP_BOX.width() + strip->spacing()) - strip->spacing());
+    strip->setColumnStretch(STRIP_COLUMNS, 1);
     layout->addLayout(strip);
 
     shortListArea_ =
@@ -91,19 +104,15 @@ void EvidencePanel::layOut() {
     auto* marks = new QGridLayout(marksArea_);
     marks->setContentsMargins(0, 0, 0, 0);
     for (int place = 0; place < marks_.size(); ++place)
-        marks->addWidget(marks_[place], place / 6, place % 6);
-    marks->setColumnStretch(6, 1);
+        marks->addWidget(marks_[place], place / MARK_COLUMNS, place % MARK_COLUMNS);
+    marks->setColumnStretch(MARK_COLUMNS, 1);
     layout->addWidget(marksArea_);
     layout->addStretch();
 }
 
 void EvidencePanel::setComposition(const ComposizioneDenti& composition) {
-    for (int place = 0; place < strip_.size(); ++place) {
-        if (place < composition.strip().size())
-            showInStrip(strip_[place], composition.strip()[place]);
-        else
-            strip_[place]->free();
-    }
+    for (int place = 0; place < strip_.size(); ++place)
+        showInStrip(place, composition.strip().value(place));
     showShortList(composition);
     for (int place = 0; place < marks_.size(); ++place) {
         const ServizioEvidenziato& entry = composition.atAGlance()[static_cast<std::size_t>(place)];
@@ -116,12 +125,15 @@ void EvidencePanel::setComposition(const ComposizioneDenti& composition) {
     marksArea_->setVisible(composition.options().saltaAllOcchio);
 }
 
-void EvidencePanel::showInStrip(ServiceBadge* badge, const ServizioEvidenziato& entry) {
-    fill(badge, entry, STRIP_BOX);
-    // The colours of the frame are its own, not those of the marks: red is work going on, not work to begin.
-    QPalette palette = badge->palette();
+void EvidencePanel::showInStrip(int place, const ServizioEvidenziato& entry) {
+    QFrame* border = borders_[place];
+    border->setVisible(!entry.servizio.isEmpty());
+    if (entry.servizio.isEmpty()) return strip_[place]->free();
+    fill(strip_[place], entry, STRIP_BOX);
+    // The colours of the borders are their own, not those of the marks: red is work going on, not work to begin.
+    QPalette palette = border->palette();
     palette.setColor(QPalette::WindowText, colourOf(entry.stato));
-    if (palette != badge->palette()) badge->setPalette(palette);
+    if (palette != border->palette()) border->setPalette(palette);
 }
 
 void EvidencePanel::showShortList(const ComposizioneDenti& composition) {

@@ -4,13 +4,14 @@
 #include <QWidget>
 
 class ComposizioneDenti;
+class QFrame;
 class ServiceBadge;
 struct ServizioEvidenziato;
 
-/// What stands beside the tooth chart: the strip pbLavoriSeri(i) of services in evidence, framed in the colour of their
-/// state, the short list pbInEvidenzaBreve(i) with laInEvidenzaBreve(i) under "In Evidenza", and the marks
-/// imSaltaAllOcchio(i). Each holds its service in the property "tag", and can be reached with Tab and pressed
-/// with Space.
+/// What stands beside the tooth chart: the strip pbLavoriSeri(i) of services in evidence, each in a border
+/// shLavoriSeri(i) of the colour of its state, the short list pbInEvidenzaBreve(i) with laInEvidenzaBreve(i) under "In
+/// Evidenza", and the marks imSaltaAllOcchio(i). Each holds its service in the property "tag", and can be reached with
+/// Tab and pressed with Space.
 class EvidencePanel : public QWidget {
     Q_OBJECT
 
@@ -25,9 +26,10 @@ signals:
 private:
     ServiceBadge* box(const QString& name, const QSize& size);
     void layOut();
-    static void showInStrip(ServiceBadge* badge, const ServizioEvidenziato& entry);
+    void showInStrip(int place, const ServizioEvidenziato& entry);
     void showShortList(const ComposizioneDenti& composition);
 
+    QList<QFrame*> borders_;
     QList<ServiceBadge*> strip_;
     QList<ServiceBadge*> shortList_;
     QList<ServiceBadge*> shortTexts_;

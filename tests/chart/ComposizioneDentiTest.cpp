@@ -1,6 +1,6 @@
 #include "chart/ComposizioneDenti.h"
-#include "support/ServiceFile.h"
 #include "chart/GraphicFile.h"
+#include "support/ServiceFile.h"
 
 #include <QFile>
 #include <gtest/gtest.h>

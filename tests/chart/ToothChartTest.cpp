@@ -268,8 +268,8 @@ TEST(EvidencePanel, EachEntryTellsItsService) {
     auto* first = qobject_cast<QLabel*>(part(panel, "pbLavoriSeri(0)"));
     EXPECT_EQ(first->text(), u8("B")) << "a service whose picture is missing shows its code";
     EXPECT_EQ(first->toolTip(), u8("Ponte"));
-    EXPECT_EQ(first->palette().color(QPalette::WindowText), QColor(192, 192, 0));
-    EXPECT_EQ(part(panel, "pbLavoriSeri(1)")->palette().color(QPalette::WindowText), QColor(0, 192, 0));
+    EXPECT_EQ(part(panel, "shLavoriSeri(0)")->palette().color(QPalette::WindowText), QColor(192, 192, 0));
+    EXPECT_EQ(part(panel, "shLavoriSeri(1)")->palette().color(QPalette::WindowText), QColor(0, 192, 0));
     EXPECT_FALSE(part(panel, "pbLavoriSeri(2)")->isVisible());
     EXPECT_FALSE(part(panel, "pbEvidenziaInBreve")->isVisible());
     QSignalSpy clicked(&panel, &EvidencePanel::serviceClicked);
