@@ -172,32 +172,6 @@ TEST_F(Editor, ReopensAStoredPlanAndSavesItUnchanged) {
     EXPECT_EQ(riga(QStringLiteral("2026-0007"))->m1.toStdString(), memo.toStdString());
 }
 
-TEST_F(Editor, KeepsTheRowsNumberedWhenTheyGoAndMove) {
-    apri(QString());
-    for (const char* servizio : {"VISITA", "CORONA", "IGIENE"})
-        nuovoRigo(QLatin1String(servizio));
-    scegliRiga(0);
-    premi(arrayName("cbRighi", 2));
-    ASSERT_EQ(righi()->rowCount(), 2);
-    EXPECT_EQ(cella(0, NUMERO) + cella(0, SERVIZIO), QStringLiteral("01CORONA"));
-    EXPECT_EQ(cella(1, NUMERO) + cella(1, SERVIZIO), QStringLiteral("02IGIENE"));
-
-    scegliRiga(0);
-    tasto(Qt::Key_Down, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(cella(1, NUMERO) + cella(1, SERVIZIO), QStringLiteral("02CORONA"));
-    EXPECT_EQ(righi()->focusedRecord(), righi()->rowRecord(1));
-    tasto(Qt::Key_Down, Qt::ControlModifier | Qt::AltModifier); // at the end already
-    EXPECT_EQ(cella(1, SERVIZIO), QStringLiteral("CORONA"));
-    tasto(Qt::Key_Up, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(cella(0, NUMERO) + cella(0, SERVIZIO), QStringLiteral("01CORONA"));
-    QTest::keyClick(finestra_.get(), Qt::Key_F3);
-    QTest::qWait(1);
-    EXPECT_EQ(righi()->rowCount(), 3);
-    QTest::keyClick(finestra_.get(), Qt::Key_F5);
-    QTest::qWait(1);
-    EXPECT_EQ(righi()->rowCount(), 2);
-}
-
 TEST_F(Editor, RefusesADateThatIsNone) {
     apri(QString());
     nuovoRigo(QStringLiteral("VISITA"));

@@ -104,17 +104,6 @@ TEST_F(Elenchi, LeavesOutThePlansOfAPatientWhoIsNotThere) {
     EXPECT_EQ(griglia(finestra)->rowRecord(0)->cell(PROGRESSIVO).value, QStringLiteral("2026-0042"));
 }
 
-TEST_F(Elenchi, ShowsAPlanThatCannotBeReadWhole) {
-    QString id;
-    const QString doppio = QStringLiteral("<trattamento anno='2026' progressivo='0043' data='10/03/2026'><righi>"
-                                          "<rigo progressivo='01'/><rigo progressivo='01'/></righi></trattamento>");
-    ASSERT_TRUE(paziente().corvala().Salva(
-        id, {QStringLiteral("10/03/2026"), QStringLiteral("2026-0043"), {}, QStringLiteral("TRT"), doppio}));
-    frmMDITrattamenti finestra;
-    ASSERT_EQ(griglia(finestra)->rowCount(), 1);
-    EXPECT_EQ(griglia(finestra)->rowRecord(0)->cell(PROGRESSIVO).value, QStringLiteral("2026-0043"));
-}
-
 TEST_F(Elenchi, OpensThePlanOfAnotherPatientOnDoubleClickAndEnter) {
     salvato(QStringLiteral("2026"), QStringLiteral("0041"));
     const QString suo = paziente().ID();

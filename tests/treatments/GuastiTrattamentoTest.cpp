@@ -58,6 +58,8 @@ TEST_F(Guasti, OneBadPlanHidesNoOther) {
     vista().refreshGrid(&griglia, doppio.ID);
     EXPECT_EQ(griglia.rowCount(), 3);
     EXPECT_EQ(griglia.focusedRecord()->tag, doppio.ID);
+    frmMDITrattamenti elenco;
+    EXPECT_EQ(elenco.findChild<platform::ReportGrid*>(QStringLiteral("rcTrattamenti"))->rowCount(), 3);
     EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
     EXPECT_THROW(trattamenti().Carica(doppio.ID), platform::DuplicateKey);
 }
