@@ -16,6 +16,8 @@ struct TextRoom {
     int column;
     const char* table;
     const char* stored;
+
+    friend void PrintTo(const TextRoom& room, std::ostream* out) { *out << room.item; }
 };
 
 class TextRooms : public ClinicalDesk, public testing::WithParamInterface<TextRoom> {

@@ -62,6 +62,14 @@ TEST_F(DeskSignIn, AsksNobodyWhereThereIsNothingToAsk) {
     options_.userCode.clear();
     options_.asksWhoSignsIn = false;
     EXPECT_EQ(signedIn(), QStringLiteral("Utente: Medico dello studio")) << "nobody to ask: the first doctor";
+    desk_.reset();
+
+    place_.execute(QStringLiteral("update tblUtenti set attivo = 0 where codice = 'ALBA'"));
+    options_.asksWhoSignsIn = true;
+    EXPECT_EQ(signedIn(), QStringLiteral("Utente: Medico dello studio")) << "who left is no choice";
+    desk_.reset();
+    options_.userCode = QStringLiteral("ALBA");
+    EXPECT_THROW(desk::Desk::open(options_), desk::OptionError);
 }
 
 TEST_F(DeskSignIn, AClickOnAUserWithoutPasswordIsEnough) {
@@ -120,20 +128,4 @@ TEST_F(DeskSignIn, CountsTheSecondsDownAfterFiveWrongPasswords) {
         enter(window, SECRET);
     });
     EXPECT_EQ(signedIn(), QStringLiteral("Utente: Medico dello studio"));
-}
-
-TEST_F(DeskSignIn, WhoLeftIsNeitherOfferedNorNamed) {
-    addUser("ALBA", 3);
-    {
-        const auto database = elsewhere();
-        desk::UserDirectory users(*database);
-        desk::UserData left = *users.byCode(QStringLiteral("ALBA"));
-        left.attivo = false;
-        ASSERT_TRUE(users.save(left));
-    }
-    options_.asksWhoSignsIn = true;
-    EXPECT_EQ(signedIn(), QStringLiteral("Utente: Medico dello studio")) << "no choice is left";
-    desk_.reset();
-    options_.userCode = QStringLiteral("ALBA");
-    EXPECT_THROW(desk::Desk::open(options_), desk::OptionError);
 }
