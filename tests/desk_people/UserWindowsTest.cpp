@@ -37,6 +37,30 @@ protected:
         });
         press(list, button);
     }
+    void inNewUser(const std::function<void(QWidget&)>& act) {
+        workList([&](QWidget& list, platform::ReportGrid&) { inEditor(list, "cbNuovo", act); });
+    }
+    void inUser(const char* code, const std::function<void(QWidget&)>& act) {
+        workList([&](QWidget& list, platform::ReportGrid& grid) {
+            focusOn(grid, QLatin1String(code));
+            inEditor(list, "cbModifica", act);
+        });
+    }
+    /// An empty wanted one takes the password away.
+    void changePassword(const char* code, const QString& present, const QString& wanted, bool accepted) {
+        dialogs_.messages.clear();
+        inUser(code, [&](QWidget& window) {
+            if (!present.isEmpty()) type(window, "tbPasswordAttuale", present);
+            type(window, "tbPasswordNuova", wanted);
+            type(window, "tbPasswordRipetuta", wanted);
+            if (wanted.isEmpty())
+                QTest::mouseClick(window.findChild<QCheckBox*>(QStringLiteral("ckTogliPassword")), Qt::LeftButton, {},
+                                  QPoint(8, 8));
+            press(window, "cbConferma");
+            EXPECT_EQ(window.isVisible(), !accepted);
+        });
+        EXPECT_EQ(dialogs_.messages.isEmpty(), accepted);
+    }
     static desk::UserData person(const char* code, const char* surname, int kind) {
         return {{},   QString::fromUtf8(code), QString::fromUtf8(surname), QStringLiteral("Ada"), {},
                 kind, QStringLiteral("OD")};
@@ -97,15 +121,13 @@ TEST_F(DeskUsers, RefusesWhatCannotBeAndKeepsTheWindow) {
     for (const auto& each : cases) {
         SCOPED_TRACE(std::string(each.field) + "=" + each.value);
         dialogs_.messages.clear();
-        workList([&](QWidget& list, platform::ReportGrid&) {
-            inEditor(list, "cbNuovo", [&](QWidget& window) {
-                type(window, "tbCodice", QStringLiteral("NERI"));
-                type(window, "tbCognome", QStringLiteral("Neri"));
-                type(window, "tbNome", QStringLiteral("Ugo"));
-                type(window, each.field, QString::fromUtf8(each.value));
-                press(window, "cbConferma");
-                EXPECT_TRUE(window.isVisible());
-            });
+        inNewUser([&](QWidget& window) {
+            type(window, "tbCodice", QStringLiteral("NERI"));
+            type(window, "tbCognome", QStringLiteral("Neri"));
+            type(window, "tbNome", QStringLiteral("Ugo"));
+            type(window, each.field, QString::fromUtf8(each.value));
+            press(window, "cbConferma");
+            EXPECT_TRUE(window.isVisible());
         });
         ASSERT_EQ(dialogs_.messages.size(), 1);
         EXPECT_TRUE(dialogs_.messages.first().contains(QString::fromUtf8(each.complaint)))
@@ -119,23 +141,7 @@ TEST_F(DeskUsers, SetsChangesAndRemovesAPassword) {
     const QString second = QStringLiteral("seconda parola");
     const QString code = QStringLiteral("MEDICO");
     const auto change = [&](const QString& old, const QString& wanted, bool accepted) {
-        dialogs_.messages.clear();
-        workList([&](QWidget& list, platform::ReportGrid&) {
-            inEditor(list, "cbModifica", [&](QWidget& window) {
-                auto* field = window.findChild<QLineEdit*>(QStringLiteral("tbPasswordAttuale"));
-                if (field->isEnabled()) type(window, "tbPasswordAttuale", old);
-                if (wanted.isEmpty())
-                    QTest::mouseClick(window.findChild<QCheckBox*>(QStringLiteral("ckTogliPassword")), Qt::LeftButton,
-                                      {}, QPoint(8, 8));
-                else {
-                    type(window, "tbPasswordNuova", wanted);
-                    type(window, "tbPasswordRipetuta", wanted);
-                }
-                press(window, "cbConferma");
-                EXPECT_EQ(window.isVisible(), !accepted);
-            });
-        });
-        EXPECT_EQ(dialogs_.messages.isEmpty(), accepted);
+        changePassword("MEDICO", old, wanted, accepted);
     };
     change({}, first, true);
     EXPECT_TRUE(stored(code)->conPassword);
@@ -169,22 +175,13 @@ TEST_F(DeskUsers, OnlyADoctorWithAPasswordResetsAForgottenOne) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(testing::Message() << each.kind << each.withPassword << each.typed.toStdString());
-        dialogs_.messages.clear();
         desk::UserData signedIn = *stored(QStringLiteral("MEDICO"));
         signedIn.tipo = each.kind;
         store(signedIn, each.withPassword ? desk::hashPassword(own) : QString());
-        workList([&](QWidget& list, platform::ReportGrid& grid) {
-            focusOn(grid, QStringLiteral("ALBA"));
-            inEditor(list, "cbModifica", [&](QWidget& window) {
-                EXPECT_EQ(window.findChild<QComboBox*>(QStringLiteral("cbTipo"))->isEnabled(), each.kind == 0);
-                type(window, "tbPasswordAttuale", each.typed);
-                type(window, "tbPasswordNuova", wanted);
-                type(window, "tbPasswordRipetuta", wanted);
-                press(window, "cbConferma");
-                EXPECT_EQ(window.isVisible(), !each.accepted);
-            });
+        changePassword("ALBA", each.typed, wanted, each.accepted);
+        inUser("ALBA", [&](QWidget& window) {
+            EXPECT_EQ(window.findChild<QComboBox*>(QStringLiteral("cbTipo"))->isEnabled(), each.kind == 0);
         });
-        EXPECT_EQ(dialogs_.messages.isEmpty(), each.accepted);
         EXPECT_EQ(attempt(QStringLiteral("ALBA"), each.accepted ? wanted : forgotten), desk::SignIn::Outcome::Accepted);
     }
 }
@@ -193,15 +190,13 @@ TEST_F(DeskUsers, GuessingTheOldPasswordIsSlowedDownToo) {
     platform::setClock(QDateTime(QDate(2026, 3, 2), QTime(9, 0)));
     desk::UserData signedIn = *stored(QStringLiteral("MEDICO"));
     store(signedIn, desk::hashPassword(QStringLiteral("segretissima")));
-    workList([&](QWidget& list, platform::ReportGrid&) {
-        inEditor(list, "cbModifica", [&](QWidget& window) {
-            type(window, "tbPasswordNuova", QStringLiteral("nuova parola"));
-            type(window, "tbPasswordRipetuta", QStringLiteral("nuova parola"));
-            for (int i = 0; i <= desk::SignIn::freeTries; ++i) {
-                type(window, "tbPasswordAttuale", QStringLiteral("x%1").arg(i));
-                press(window, "cbConferma");
-            }
-        });
+    inUser("MEDICO", [&](QWidget& window) {
+        type(window, "tbPasswordNuova", QStringLiteral("nuova parola"));
+        type(window, "tbPasswordRipetuta", QStringLiteral("nuova parola"));
+        for (int i = 0; i <= desk::SignIn::freeTries; ++i) {
+            type(window, "tbPasswordAttuale", QStringLiteral("x%1").arg(i));
+            press(window, "cbConferma");
+        }
     });
     ASSERT_EQ(dialogs_.messages.size(), desk::SignIn::freeTries + 1);
     EXPECT_EQ(dialogs_.messages.last(), QStringLiteral("Troppi tentativi errati: riprovare fra 30 secondi."));
@@ -254,12 +249,10 @@ TEST_F(DeskUsers, DeletesOrDeactivatesButNeverTheUserAtWork) {
 }
 
 TEST_F(DeskUsers, TheUserAtWorkStaysActiveAndTheWindowShowsTheNewName) {
-    workList([&](QWidget& list, platform::ReportGrid&) {
-        inEditor(list, "cbModifica", [&](QWidget& window) {
-            EXPECT_FALSE(window.findChild<QCheckBox*>(QStringLiteral("ckAttivo"))->isEnabled());
-            type(window, "tbCognome", QStringLiteral("D'Angelo"));
-            press(window, "cbConferma");
-        });
+    inUser("MEDICO", [](QWidget& window) {
+        EXPECT_FALSE(window.findChild<QCheckBox*>(QStringLiteral("ckAttivo"))->isEnabled());
+        type(window, "tbCognome", QStringLiteral("D'Angelo"));
+        press(window, "cbConferma");
     });
     EXPECT_EQ(control<QLabel>("laUtente")->text(), QStringLiteral("Utente: D'Angelo dello studio"));
 }
