@@ -7,10 +7,6 @@
 
 namespace {
 
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 RigoGrafico row(const char* tooth, const char* service, const char* start = "", const char* end = "") {
     const QString dente = u8(tooth);
     const bool several = dente.startsWith(u'+');

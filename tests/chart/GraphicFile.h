@@ -7,6 +7,10 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+inline QString u8(const char* text) {
+    return QString::fromUtf8(text);
+}
+
 /// A Graphical.xml of its own with real pictures beside it; "[app.path]" is its folder for its lifetime.
 class GraphicFile {
 public:

@@ -6,14 +6,6 @@
 #include <QSet>
 #include <gtest/gtest.h>
 
-namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-} // namespace
-
 TEST(Graphical, LookUpsAnswerFalseWithoutAFile) {
     GraphicFile file;
     QString image = u8("prima");

@@ -1,14 +1,7 @@
 #include "chart/modDenti.h"
+#include "chart/GraphicFile.h"
 
 #include <gtest/gtest.h>
-
-namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-} // namespace
 
 TEST(ModDenti, EveryToothKeepsItsPlaceInTheChart) {
     const QString chart = u8("1.8;1.7;1.6;1.5;1.4;1.3;1.2;1.1;2.1;2.2;2.3;2.4;2.5;2.6;2.7;2.8;"

@@ -1,3 +1,4 @@
+#include "chart/GraphicFile.h"
 #include "chart/frmSceltaDente.h"
 #include "chart/modSceltaDenti.h"
 #include "platform/FormLayout.h"
@@ -13,10 +14,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A person at the window.
 struct Visit {
@@ -112,34 +109,33 @@ TEST(SceltaDente, NumberPictureAndBoxToggleTheToothAndColourItsNumber) {
     EXPECT_EQ(selection, u8("8.5"));
 }
 
-TEST(SceltaDente, AnArrowTakesItsQuadrantAndNothingElse) {
-    const char* quadrants[] = {"+1.8;1.7;1.6;1.5;1.4;1.3;1.2;1.1",
-                               "+2.1;2.2;2.3;2.4;2.5;2.6;2.7;2.8",
-                               "+3.8;3.7;3.6;3.5;3.4;3.3;3.2;3.1",
-                               "+4.1;4.2;4.3;4.4;4.5;4.6;4.7;4.8",
-                               "+5.5;5.4;5.3;5.2;5.1",
-                               "+6.1;6.2;6.3;6.4;6.5",
-                               "+7.5;7.4;7.3;7.2;7.1",
-                               "+8.1;8.2;8.3;8.4;8.5"};
-    for (int arrow = 0; arrow < 8; ++arrow) {
-        SCOPED_TRACE(arrow);
+TEST(SceltaDente, AnArrowTakesItsQuadrantAndNoToothIsAChoiceToo) {
+    const struct {
+        const char* button;
+        const char* selection;
+        qint16 count;
+    } cases[] = {
+        {"arrow(0)", "+1.8;1.7;1.6;1.5;1.4;1.3;1.2;1.1", 8},
+        {"arrow(1)", "+2.1;2.2;2.3;2.4;2.5;2.6;2.7;2.8", 8},
+        {"arrow(2)", "+3.8;3.7;3.6;3.5;3.4;3.3;3.2;3.1", 8},
+        {"arrow(3)", "+4.1;4.2;4.3;4.4;4.5;4.6;4.7;4.8", 8},
+        {"arrow(4)", "+5.5;5.4;5.3;5.2;5.1", 5},
+        {"arrow(5)", "+6.1;6.2;6.3;6.4;6.5", 5},
+        {"arrow(6)", "+7.5;7.4;7.3;7.2;7.1", 5},
+        {"arrow(7)", "+8.1;8.2;8.3;8.4;8.5", 5},
+        {"cbNessuno", "", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.button);
         QString selection = u8("+1.1;8.5;3.3");
-        qint16 count = 0;
-        EXPECT_TRUE(choose(selection, count, [arrow](const Visit& visit) {
-            visit.click(platform::form::arrayName("arrow", arrow));
+        qint16 count = 3;
+        EXPECT_TRUE(choose(selection, count, [&c](const Visit& visit) {
+            visit.press(c.button);
             EXPECT_FALSE(visit.window->isVisible());
         }));
-        EXPECT_EQ(selection, u8(quadrants[arrow]));
-        EXPECT_EQ(count, arrow < 4 ? 8 : 5);
+        EXPECT_EQ(selection, u8(c.selection));
+        EXPECT_EQ(count, c.count);
     }
-}
-
-TEST(SceltaDente, NoToothIsAChoiceToo) {
-    QString selection = u8("+1.1;1.2");
-    qint16 count = 2;
-    EXPECT_TRUE(choose(selection, count, [](const Visit& visit) { visit.press("cbNessuno"); }));
-    EXPECT_TRUE(selection.isEmpty());
-    EXPECT_EQ(count, 0);
 }
 
 TEST(SceltaDente, TwoDigitsToggleAToothWhereverTheFocusIs) {
