@@ -60,8 +60,8 @@ def lighter(colour, share=.28):
 
 
 def sheen(colour):
-    return ("sheen", ("linearGradient", f' x1="0" y1="0" x2="0" y2="1"><stop offset="0" stop-color="{lighter(colour)}"/>'
-                      f'<stop offset="1" stop-color="{colour}"/></linearGradient>'))
+    return ("sheen", "linearGradient", f' x1="0" y1="0" x2="0" y2="1"><stop offset="0" stop-color="{lighter(colour)}"/>'
+                      f'<stop offset="1" stop-color="{colour}"/></linearGradient>')
 
 
 def tile(service):

@@ -46,15 +46,17 @@ class Canvas:
 
     # ------------------------------------------------------------------------------------------------ places
 
-    def at(self, x, y):
+    def box(self, x, y):
+        """In units of the box, as the tooth would stand in the upper arch on the right side."""
         scale = self.tooth.scale * self.zoom
-        across = MIDDLE + x * scale * (1 if self.side == "dx" else -1)
-        down = EDGE - (self.tooth.length - y + self.lift) * scale
-        return across, down if self.arch == "sup" else H - down
+        return MIDDLE + x * scale, EDGE - (self.tooth.length - y + self.lift) * scale
 
-    def unit(self, x, y):
-        """The same for points given in units of the box, upper arch and right side."""
+    def turned(self, x, y):
+        """From there to where the tooth stands."""
         return (x if self.side == "dx" else W - x), (y if self.arch == "sup" else H - y)
+
+    def at(self, x, y):
+        return self.turned(*self.box(x, y))
 
     def lit(self, x):
         """The place across that lies on the side of the light when `x` is below 0."""
@@ -80,31 +82,31 @@ class Canvas:
 
     # ------------------------------------------------------------------------------------------------ paints
 
-    def _paint(self, kind, attributes, stops):
+    def paint(self, kind, attributes, stops):
+        """A gradient; each of its stops is place, colour and, if it is seen through, opacity."""
         marks = "".join(f'<stop offset="{n(offset)}" stop-color="{colour}"' +
                         (f' stop-opacity="{n(opacity[0])}"' if opacity else "") + "/>" for offset, colour, *opacity in stops)
         name = f"p{len(self.paints)}"
         body = f' gradientUnits="userSpaceOnUse" {attributes}>{marks}</{kind}>'
-        for other, known in self.paints:
-            if known == (kind, body):
+        for other, *known in self.paints:
+            if known == [kind, body]:
                 return f"url(#{other})"
-        self.paints.append((name, (kind, body)))
+        self.paints.append((name, kind, body))
         return f"url(#{name})"
 
     def along(self, y0, y1, *stops):
         """From one height of the tooth to another."""
-        _, a = self.at(0, y0)
-        _, b = self.at(0, y1)
-        return self._paint("linearGradient", f'x1="0" y1="{n(a)}" x2="0" y2="{n(b)}"', stops)
+        (_, a), (_, b) = self.at(0, y0), self.at(0, y1)
+        return self.paint("linearGradient", f'x1="0" y1="{n(a)}" x2="0" y2="{n(b)}"', stops)
 
     def across(self, x0, x1, *stops):
         """From the side of the light to the other, whatever the quarter."""
         (a, _), (b, _) = sorted((self.at(x0, 0), self.at(x1, 0)))
-        return self._paint("linearGradient", f'x1="{n(a)}" y1="0" x2="{n(b)}" y2="0"', stops)
+        return self.paint("linearGradient", f'x1="{n(a)}" y1="0" x2="{n(b)}" y2="0"', stops)
 
     def glow(self, x, y, radius, *stops):
         cx, cy = self.at(x, y)
-        return self._paint("radialGradient", f'cx="{n(cx)}" cy="{n(cy)}" r="{n(radius * self.tooth.scale)}"', stops)
+        return self.paint("radialGradient", f'cx="{n(cx)}" cy="{n(cy)}" r="{n(radius * self.tooth.scale)}"', stops)
 
     # ------------------------------------------------------------------------------------------------ parts
 
@@ -138,7 +140,7 @@ class Canvas:
 
 def svg(parts, width, height, paints=(), shapes=None):
     body = "".join(parts)
-    used = "".join(f'<{kind} id="{name}"{rest}' for name, (kind, rest) in paints if f"url(#{name})" in body)
+    used = "".join(f'<{kind} id="{name}"{rest}' for name, kind, rest in paints if f"url(#{name})" in body)
     used += "".join(f'<path id="{name}" d="{path}"/>' for path, name in (shapes or {}).items())
     link = ' xmlns:xlink="http://www.w3.org/1999/xlink"' if "xlink:" in body else ""
     defs = f"<defs>{used}</defs>" if used else ""

@@ -205,7 +205,7 @@ def buried(canvas):
     enamel(canvas)
     canvas.fill(canvas.line(sac, closed=False), "#e9857f", .16)
     canvas.stroke(canvas.line(sac), "#b9504f", .8, .8, ' stroke-dasharray="2 1.6"')
-    gum(canvas, toothed=False)
+    gum(canvas, toothed=False, drop=11)
 
 
 def stump(canvas):

@@ -1,5 +1,5 @@
 """How a tooth, its gum and what a dentist puts on it are shaded."""
-from .canvas import H, MIDDLE, W
+from .canvas import MIDDLE, W
 
 BONE_SIDE, PAPILLA = 35.0, 65.5  # heights in the box, alike for all teeth so that the gum runs on from one to the next
 MILK_BONE_SIDE, MILK_PAPILLA = 44.0, 70.0
@@ -23,15 +23,17 @@ def crown_path(canvas):
 
 def root_path(canvas, roots=None):
     roots = roots or canvas.tooth.roots
-    points = list(roots[0].distal) + list(reversed(roots[0].mesial))[1:]
-    if len(roots) > 1:  # up to the fork, round it, and down the other root
-        first, second = roots
-        points = list(first.distal) + list(reversed(first.mesial))[1:-2]
-        points += [((first.mesial[2][0] + second.distal[2][0]) / 2, first.fork + .35)]
-        points += list(second.distal)[2:] + list(reversed(second.mesial))[1:]
-    else:
-        points = list(roots[0].distal) + list(reversed(roots[0].mesial))[1:]
-    return canvas.line(points) + "Z"
+    first, last = roots[0], roots[-1]
+    if len(roots) == 1:
+        return canvas.line([*first.distal, *reversed(first.mesial[:-1])]) + "Z"
+    # Down one root and up to the fork, round it, and down the other.
+    fork = (parting(canvas.tooth), first.fork + .35)
+    return canvas.line([*first.distal, *reversed(first.mesial[2:-1]), fork, *last.distal[2:], *reversed(last.mesial[:-1])]) + "Z"
+
+
+def parting(tooth):
+    """Where two roots part, across."""
+    return (tooth.roots[0].mesial[2][0] + tooth.roots[1].distal[2][0]) / 2
 
 
 def shade_root(canvas, limb, strength=1.0):
@@ -70,10 +72,9 @@ def root(canvas):
     path = root_path(canvas)
     canvas.again(path, root_colour(canvas))
     if len(tooth.roots) > 1:
-        (mx, _), (dx, _) = tooth.crown[0][:2], tooth.crown[-1][:2]
-        fork = tooth.roots[0].fork
-        parting = (tooth.roots[0].mesial[2][0] + tooth.roots[1].distal[2][0]) / 2
-        canvas.soft(canvas.line([((parting + (mx + dx) / 2) / 2, .4), (parting, fork * .5), (parting, fork + .1)]), "#7d5826", 3.2, .3, 3)
+        across, fork = parting(tooth), tooth.roots[0].fork
+        middle = (tooth.crown[0][0] + tooth.crown[-1][0]) / 2
+        canvas.soft(canvas.line([((across + middle) / 2, .4), (across, fork * .5), (across, fork + .1)]), "#7d5826", 3.2, .3, 3)
     for limb in tooth.roots:
         shade_root(canvas, limb)
     canvas.again(path, "none", "#8d6b3c", .6, .85)
@@ -114,27 +115,22 @@ def gold(canvas):
     cover(canvas, canvas.across(far, wide, *GOLD), "#7a560c", .35, gloss=.55, behind="#c99a35")
 
 
-def gum(canvas, toothed=True):
-    """The gum of this tooth's part of the arch, seen through where it lies over the root. Without a tooth it closes."""
-    milk = canvas.tooth.scale > 3
-    deep, papilla = (MILK_BONE_SIDE, MILK_PAPILLA) if milk else (BONE_SIDE, PAPILLA)
-    here = canvas.unit
+def gum(canvas, toothed=True, drop=0.0):
+    """The gum of this tooth's part of the arch, seen through where it lies over the root. Without a tooth it closes; over one that
+    is still to come it hangs lower."""
+    deep, papilla = (MILK_BONE_SIDE, MILK_PAPILLA) if canvas.tooth.scale > 3 else (BONE_SIDE, PAPILLA)
+    papilla += drop
     if toothed:
-        line = [canvas.at(x, y - .12) for x, y in reversed(cervix(canvas.tooth))]
-        line = line if canvas.side == "dx" else line[::-1]
-        if canvas.arch == "inf":
-            line = [(x, H - y) for x, y in line]
-        if canvas.side == "sx":
-            line = [(W - x, y) for x, y in line[::-1]]
-        (dx, dy), (mx, my) = line[0], line[-1]
-        margin = [(0, papilla), (dx * .55, (dy + papilla) / 2 + .6), *line, ((mx + W) / 2 + (W - mx) * .05, (my + papilla) / 2 + .6), (W, papilla)]
+        neck = [canvas.box(x, y - .12) for x, y in reversed(cervix(canvas.tooth))]
+        (dx, dy), (mx, my) = neck[0], neck[-1]
+        margin = [(0, papilla), (dx * .55, (dy + papilla) / 2 + .6), *neck, (W - (W - mx) * .45, (my + papilla) / 2 + .6), (W, papilla)]
     else:
         margin = [(0, papilla - 2), (8, papilla - 4.5), (MIDDLE, papilla - 5.5), (W - 8, papilla - 4.5), (W, papilla - 2)]
-    edge = canvas.line(margin, place=here)
-    body = edge + "L" + canvas.text(here(W, deep), here(0, deep)) + "Z"
-    (_, a), (_, b) = here(0, deep), here(0, papilla)
-    fade = canvas._paint("linearGradient", f'x1="0" y1="{a:g}" x2="0" y2="{b:g}"',
-                         ((0, "#e79a94", 0), (.4, "#e9a09b", .16), (.8, "#e48d89", .42), (1, "#df7f7c", .6)))
+    edge = canvas.line(margin, place=canvas.turned)
+    body = edge + "L" + canvas.text(canvas.turned(W, deep), canvas.turned(0, deep)) + "Z"
+    (_, top), (_, low) = canvas.turned(0, deep), canvas.turned(0, papilla)
+    fade = canvas.paint("linearGradient", f'x1="0" y1="{top:g}" x2="0" y2="{low:g}"',
+                        ((0, "#e79a94", 0), (.4, "#e9a09b", .16), (.8, "#e48d89", .42), (1, "#df7f7c", .6)))
     canvas.fill(body, fade)
     canvas.soft(edge, "#fbd5d0", 1.6, .5, 2)
     canvas.again(edge, "none", "#b9504f", .5, .5)
