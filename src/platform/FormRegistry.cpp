@@ -14,8 +14,12 @@ QList<QPointer<QObject>>& forms() {
 } // namespace
 
 void FormRegistry::add(QObject* form) {
-    forms().removeIf([form](const QPointer<QObject>& known) { return known.isNull() || known == form; });
+    remove(form);
     if (form) forms().append(form);
+}
+
+void FormRegistry::remove(const QObject* form) {
+    forms().removeIf([form](const QPointer<QObject>& known) { return known.isNull() || known == form; });
 }
 
 QObject* FormRegistry::find(const QString& name) {

@@ -79,7 +79,52 @@ TEST_F(DeskPatientPanel, ClosingTheTabClosesThePatient) {
     QApplication::processEvents();
     EXPECT_EQ(desk_->host().paziente(), nullptr);
     EXPECT_EQ(run_.events.last(), QStringLiteral("chiuditutto"));
-    EXPECT_TRUE(area->subWindowList().isEmpty());
+    EXPECT_EQ(area->activeSubWindow(), nullptr);
+    EXPECT_FALSE(control<QWidget>("frmAmbulatorio")->isVisible());
+}
+
+// One desk serves all patients: what the former one had must not be seen with the next, whatever fails.
+TEST_F(DeskPatientPanel, NothingOfTheFormerPatientIsLeft) {
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Appunti")));
+    auto* notes = control<platform::ReportGrid>("rcAppunti");
+    notes->addRecord()->cell(1).value = QStringLiteral("allergico al lattice");
+    ASSERT_EQ(notes->rowCount(), 1);
+    grid_->setFocusedRecord(grid_->rowRecord(0));
+
+    desk_->closePatient();
+    EXPECT_EQ(grid_->rowCount(), 0);
+    EXPECT_EQ(notes->rowCount(), 0);
+    QStringList texts;
+    for (const QLabel* label : control<QWidget>("frmAmbulatorio")->findChildren<QLabel*>())
+        texts.append(label->text());
+    EXPECT_FALSE(texts.join(u' ').contains(QLatin1String("RSSMRA80A01H501U"))) << texts.join(u' ').toStdString();
+
+    run_.view.failOnRefresh = true;
+    ASSERT_TRUE(desk_->openPatient(verdi_));
+    EXPECT_EQ(grid_->rowCount(), 0);
+    EXPECT_EQ(control<platform::ReportGrid>("pannello(Prova: Lista Prova)"), grid_) << "the panel was built anew";
+    EXPECT_EQ(notes->rowCount(), 0);
+    EXPECT_TRUE(notes->isVisible()) << "the room in front is another one";
+}
+
+TEST_F(DeskPatientPanel, WhatWasBegunForAPatientIsDroppedWithThePatient) {
+    whenModal("frmEditProva", [this](QWidget& editor) {
+        ASSERT_TRUE(desk_->openPatient(verdi_));
+        run_.view.confirmEdit = false;
+        framework().setDialogCancel(false);
+        static_cast<QDialog&>(editor).accept();
+    });
+    const int before = run_.view.refreshes;
+    doubleClick(row_);
+    EXPECT_EQ(run_.view.refreshes, before + 1) << "the former patient's record is looked for in the next one's list";
+
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Appunti")));
+    whenModal("frmEditAppunto", [this](QWidget& editor) {
+        ASSERT_TRUE(desk_->openPatient(rossi_));
+        EXPECT_FALSE(editor.isVisible());
+    });
+    QTest::mouseClick(control<QWidget>("cbNuovoAppunto"), Qt::LeftButton);
+    EXPECT_EQ(desk_->host().paziente()->ID(), rossi_);
 }
 
 TEST_F(DeskPatientPanel, AViewThatFailsIsToldAndLeavesTheDesk) {

@@ -10,6 +10,10 @@
 #include "desk/data/PatientRecord.h"
 #include "platform/ReportGrid.h"
 
+#include <QVBoxLayout>
+#include <utility>
+#include <vector>
+
 namespace desk {
 
 namespace {
@@ -38,18 +42,29 @@ QObject* makeRoomEditor(RoomKind kind, PatientRecord& patient, const RoomService
     return makeRoom(kind, patient, services)->editor(id, nullptr);
 }
 
-ClinicalRooms::ClinicalRooms(std::unique_ptr<PatientRecord> patient, const RoomServices& services, QWidget* parent)
+/// A patient who left, with the rooms; they go when those who still work with them have returned.
+struct ClinicalRooms::Former : QObject {
+    std::unique_ptr<PatientRecord> patient;
+    std::vector<std::unique_ptr<Room>> rooms; ///< Go before the patient on whom they hold.
+
+    ~Former() override { rooms.clear(); }
+};
+
+ClinicalRooms::ClinicalRooms(const RoomServices& services, QWidget* parent)
     : QTabWidget(parent)
-    , patient_(std::move(patient)) {
+    , services_(services)
+    , pages_(std::size(KINDS), nullptr) {
     setObjectName(QStringLiteral("cartella"));
     setAccessibleName(QStringLiteral("Cartella clinica"));
     setDocumentMode(true);
+    PatientRecord nobody(services_.database, QString());
     for (const RoomKind kind : KINDS) {
-        auto* page = new RoomPage(makeRoom(kind, *patient_, services), services.database, this);
-        addTab(page, page->room().texts().caption);
-        pages_.append(page);
+        auto* place = new QWidget(this);
+        auto* column = new QVBoxLayout(place);
+        column->setContentsMargins(0, 0, 0, 0);
+        addTab(place, makeRoom(kind, nobody, services_)->texts().caption);
     }
-    refresh();
+    connect(this, &QTabWidget::currentChanged, this, &ClinicalRooms::showFront);
 }
 
 // The pages go first, since their rooms hold on to the patient.
@@ -57,13 +72,51 @@ ClinicalRooms::~ClinicalRooms() {
     qDeleteAll(pages_);
 }
 
+void ClinicalRooms::enter(std::unique_ptr<PatientRecord> patient) {
+    patient_ = std::move(patient);
+    for (const RoomKind kind : KINDS) {
+        if (RoomPage* page = pages_[static_cast<int>(kind)]) page->setRoom(makeRoom(kind, *patient_, services_));
+    }
+}
+
+void ClinicalRooms::leave() {
+    if (!patient_) return;
+    auto* former = new Former;
+    former->setParent(this);
+    former->patient = std::move(patient_);
+    for (RoomPage* page : std::as_const(pages_))
+        if (page) former->rooms.push_back(page->takeRoom());
+    former->deleteLater();
+}
+
+void ClinicalRooms::showFront() {
+    if (isVisible() && patient_) page(KINDS[currentIndex()]);
+}
+
+void ClinicalRooms::showEvent(QShowEvent* event) {
+    QTabWidget::showEvent(event);
+    showFront();
+}
+
+RoomPage& ClinicalRooms::page(RoomKind kind) {
+    const auto tab = static_cast<int>(kind);
+    RoomPage*& page = pages_[tab];
+    if (!page) {
+        QWidget* place = widget(tab);
+        page = new RoomPage(makeRoom(kind, *patient_, services_), services_.database, place);
+        place->layout()->addWidget(page);
+        page->refresh();
+    }
+    return *page;
+}
+
 void ClinicalRooms::refresh() {
     for (RoomPage* page : std::as_const(pages_))
-        page->refresh();
+        if (page && patient_) page->refresh();
 }
 
 void ClinicalRooms::showRoom(RoomKind kind) {
-    setCurrentWidget(&page(kind));
+    setCurrentIndex(static_cast<int>(kind));
     page(kind).grid().view()->setFocus();
 }
 

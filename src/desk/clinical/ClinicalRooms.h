@@ -23,22 +23,32 @@ std::unique_ptr<Room> makeRoom(RoomKind kind, PatientRecord& patient, const Room
 /// cancel; throws HostError when the row is gone or not for this user.
 QObject* makeRoomEditor(RoomKind kind, PatientRecord& patient, const RoomServices& services, const QString& id);
 
-/// The rooms of one patient, a tab each. Owns its own binding of the patient, so that it does not matter who lets go of
-/// the patient first.
+/// The rooms of a patient, a tab each, whose list is built and read when it is first in front. They serve patient after
+/// patient. Owns its own binding of the patient, so that it does not matter who lets go of the patient first.
 class ClinicalRooms : public QTabWidget {
     Q_OBJECT
 
 public:
-    ClinicalRooms(std::unique_ptr<PatientRecord> patient, const RoomServices& services, QWidget* parent = nullptr);
+    explicit ClinicalRooms(const RoomServices& services, QWidget* parent = nullptr);
     ~ClinicalRooms() override;
+
+    void enter(std::unique_ptr<PatientRecord> patient);
+    void leave(); ///< No list keeps a row of the patient, and no editor stays open.
 
     void refresh();
     void showRoom(RoomKind kind); ///< Brings it forward with the keyboard in its list.
-    RoomPage& page(RoomKind kind) { return *pages_.at(static_cast<int>(kind)); }
+    RoomPage& page(RoomKind kind);
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
+    struct Former;
+    void showFront();
+
     std::unique_ptr<PatientRecord> patient_;
-    QList<RoomPage*> pages_;
+    RoomServices services_;
+    QList<RoomPage*> pages_; ///< In the order of the tabs; null for one not yet seen.
 };
 
 } // namespace desk

@@ -20,29 +20,30 @@ using platform::ReportGrid;
 RoomPage::RoomPage(std::unique_ptr<Room> room, Database& database, QWidget* parent)
     : QWidget(parent)
     , room_(std::move(room))
+    , sitting_(std::make_unique<QObject>())
+    , texts_(room_->texts())
     , database_(database)
     , actions_(room_->actions()) {
-    const RoomTexts texts = room_->texts();
-    setObjectName(QStringLiteral("pagina") + texts.item);
+    setObjectName(QStringLiteral("pagina") + texts_.item);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(6, 6, 6, 6);
     column->setSpacing(6);
 
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(6);
-    QPushButton* add = addButton(QStringLiteral("cbNuovo"), texts.newCaption, *buttons);
+    QPushButton* add = addButton(QStringLiteral("cbNuovo"), texts_.newCaption, *buttons);
     connect(add, &QPushButton::clicked, this, [this] { edit(QString()); });
     QPushButton* change = addButton(QStringLiteral("cbModifica"), QStringLiteral("&Modifica"), *buttons);
     connect(change, &QPushButton::clicked, this, [this] { edit(focusedId()); });
     QPushButton* remove = addButton(QStringLiteral("cbElimina"), QStringLiteral("&Elimina"), *buttons);
     connect(remove, &QPushButton::clicked, this, &RoomPage::removeFocused);
     onRow_ = {change, remove};
-    for (const RoomAction& action : std::as_const(actions_)) {
-        QPushButton* button = addButton(action.name, action.caption, *buttons);
-        connect(button, &QPushButton::clicked, this, [this, action] { run(action); });
+    for (qsizetype i = 0; i < actions_.size(); ++i) {
+        QPushButton* button = addButton(actions_[i].name, actions_[i].caption, *buttons);
+        connect(button, &QPushButton::clicked, this, [this, i] { run(actions_.at(i)); });
         onRow_.append(button);
     }
-    trouble_ = platform::form::named(new QLabel(this), QStringLiteral("laErrore") + texts.item);
+    trouble_ = platform::form::named(new QLabel(this), QStringLiteral("laErrore") + texts_.item);
     trouble_->setTextFormat(Qt::PlainText);
     trouble_->setWordWrap(true);
     trouble_->setStyleSheet(QStringLiteral("color: #a02020"));
@@ -58,26 +59,44 @@ RoomPage::RoomPage(std::unique_ptr<Room> room, Database& database, QWidget* pare
 RoomPage::~RoomPage() = default;
 
 QPushButton* RoomPage::addButton(const QString& name, const QString& caption, QLayout& row) {
-    QPushButton* button = platform::form::button(name + room_->texts().item, caption, this);
+    QPushButton* button = platform::form::button(name + texts_.item, caption, this);
     button->setAutoDefault(false);
     row.addWidget(button);
     return button;
 }
 
 void RoomPage::buildGrid() {
-    const RoomTexts texts = room_->texts();
     grid_ = new ReportGrid(this);
-    grid_->setObjectName(texts.grid);
-    grid_->setAccessibleName(texts.caption);
+    grid_->setObjectName(texts_.grid);
+    grid_->setAccessibleName(texts_.caption);
     for (const platform::ReportColumn& column : room_->columns())
         grid_->addColumn(column);
-    grid_->setTexts(texts.empty, QString(), QString());
+    grid_->setTexts(texts_.empty, QString(), QString());
     grid_->setGroupBoxVisible(false);
     grid_->setSort(-1, Qt::AscendingOrder);
     connect(grid_, &ReportGrid::rowDoubleClicked, this, &RoomPage::open);
     connect(grid_, &ReportGrid::rowRightClicked, this, [this](auto* record, int) { showMenu(record); });
     connect(grid_, &ReportGrid::keyPressed, this, &RoomPage::keyPressed);
     connect(grid_, &ReportGrid::focusedRecordChanged, this, &RoomPage::followFocus);
+}
+
+std::unique_ptr<Room> RoomPage::takeRoom() {
+    sitting_.reset();
+    actions_.clear();
+    grid_->clear();
+    for (RoomEditor* editor : findChildren<RoomEditor*>(QString(), Qt::FindDirectChildrenOnly)) {
+        editor->hide(); // ends its loop
+        editor->deleteLater();
+    }
+    return std::move(room_);
+}
+
+void RoomPage::setRoom(std::unique_ptr<Room> room) {
+    room_ = std::move(room);
+    sitting_ = std::make_unique<QObject>();
+    actions_ = room_->actions();
+    trouble_->hide();
+    refresh();
 }
 
 QString RoomPage::focusedId() const {
@@ -123,20 +142,20 @@ void RoomPage::fill(const QList<RoomRow>& rows, const QString& idToSelect) {
 }
 
 void RoomPage::attempt(const std::function<void()>& step) {
-    const QPointer<RoomPage> alive(this);
+    const QPointer<QObject> alive(sitting_.get());
     const QString why = guarded(step);
     if (why.isEmpty() || !alive) return;
-    platform::dialogs().message(why, platform::MB_WARNING, room_->texts().caption);
+    platform::dialogs().message(why, platform::MB_WARNING, texts_.caption);
     if (alive) refresh();
 }
 
 void RoomPage::edit(const QString& id) {
     attempt([this, id] {
-        const QPointer<RoomPage> alive(this);
+        const QPointer<QObject> alive(sitting_.get());
         const QPointer<RoomEditor> editor(room_->editor(id, this));
         if (!editor) return;
         editor->exec();
-        // The patient may have been closed meanwhile, and the editor with this page.
+        // The patient may have been closed meanwhile, and the editor with it.
         if (!alive) return;
         const std::unique_ptr<RoomEditor> closed(editor);
         const QString saved = closed ? closed->savedId() : QString();
@@ -150,13 +169,12 @@ void RoomPage::removeFocused() {
     const QString id = focusedId();
     if (id.isEmpty()) return;
     attempt([this, id] {
-        const QPointer<RoomPage> alive(this);
+        const QPointer<QObject> alive(sitting_.get());
         const Database::Quiet quiet(database_);
         database_.takeFailure();
         const QString question = room_->removalQuestion(id);
         if (!question.isEmpty()) {
-            const auto answer =
-                platform::dialogs().message(question, platform::MB_QUESTION_DEFAULT_NO, room_->texts().caption);
+            const auto answer = platform::dialogs().message(question, platform::MB_QUESTION_DEFAULT_NO, texts_.caption);
             if (answer != platform::Answer::Yes || !alive) return;
             if (room_->remove(id)) {
                 refresh();
@@ -186,12 +204,11 @@ void RoomPage::showMenu(platform::ReportRecord* record) {
     if (record) grid_->setFocusedRecord(record);
     const auto plain = [](QString caption) { return caption.remove(QLatin1Char('&')); };
     const bool onRow = record != nullptr;
-    QList<platform::MenuEntry> entries{{plain(room_->texts().newCaption), true},
-                                       {QStringLiteral("Modifica"), onRow},
-                                       {QStringLiteral("Elimina"), onRow}};
+    QList<platform::MenuEntry> entries{
+        {plain(texts_.newCaption), true}, {QStringLiteral("Modifica"), onRow}, {QStringLiteral("Elimina"), onRow}};
     for (const RoomAction& action : std::as_const(actions_))
         entries.append({plain(action.caption), onRow});
-    const QPointer<RoomPage> alive(this);
+    const QPointer<QObject> alive(sitting_.get());
     const int chosen = platform::dialogs().popup(entries);
     if (chosen < 0 || !alive) return;
     if (chosen == 0) return edit(QString());

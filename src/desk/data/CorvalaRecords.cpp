@@ -18,7 +18,9 @@ CorvalaRecords::CorvalaRecords(const PatientScope& scope)
     , table_(scope, QStringLiteral("tblWorkspace"),
              {QStringLiteral("Data"), QStringLiteral("idrif1"), QStringLiteral("descrizione"), QStringLiteral("m1"),
               QStringLiteral("t1"), QStringLiteral("tiporecord")},
-             QStringLiteral(" and tiporecord = %1").arg(tiporecord)) {}
+             QStringLiteral(" and tiporecord = %1").arg(tiporecord)) {
+    table_.setLongText(QStringLiteral("m1"));
+}
 
 QList<host::RigaCorvala> CorvalaRecords::Lista() {
     try {

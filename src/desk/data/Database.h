@@ -87,6 +87,7 @@ private:
     [[noreturn]] void fail(const QSqlQuery& statement);
     [[noreturn]] void failedWhileReading(const QSqlQuery& statement);
     void tell(const DatabaseError& error);
+    std::optional<qint64> foreignWrites();
     QString transactionName();                     ///< Empty when it wrote nothing.
     bool wasCommitted(const QString& transaction); ///< Asked after the connection broke; false when nobody can tell.
 

@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <memory>
-#include <optional>
 
 class QSqlDatabase;
 class QSqlError;
@@ -30,9 +29,9 @@ public:
     virtual QString beginWriting() const = 0; ///< Statement that starts a transaction which is going to write.
     virtual QString tables(const QString& schema) const = 0;   ///< A query for the names of all tables.
     virtual QString contains(const QString& column) const = 0; ///< That the bound text occurs in it, letter by letter.
-    /// A number that changes when another connection has written; nothing when the system cannot
-    /// tell.
-    virtual std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const = 0;
+    virtual QString longText(const QString& column) const = 0; ///< The column as a long text is read fastest.
+    /// A question for a number that changes when another connection has written; empty when the system cannot tell.
+    virtual QString foreignWrites() const { return {}; }
     /// What went wrong in words for the user.
     virtual QString explain(const QSqlError& error) const = 0;
     virtual bool endsConnection(const QSqlError& error) const = 0; ///< After it, no statement can succeed any more.

@@ -13,15 +13,22 @@ PatientTable::PatientTable(const PatientScope& scope, QString name, QStringList 
     , columns_(std::move(columns))
     , condition_(std::move(condition)) {}
 
+QString PatientTable::selected() const {
+    QStringList columns = columns_;
+    const qsizetype memo = columns.indexOf(longText_);
+    if (memo >= 0) columns[memo] = scope_.database.dialect().longText(longText_);
+    return QStringLiteral("ID, ") + columns.join(QStringLiteral(", "));
+}
+
 Query PatientTable::rows(const QString& order) const {
-    return scope_.database.run(QStringLiteral("select ID, %1 from {schema}.%2 where idpaziente = ?%3 order by %4")
-                                   .arg(columns_.join(QStringLiteral(", ")), name_, condition_, order),
+    return scope_.database.run(QStringLiteral("select %1 from {schema}.%2 where idpaziente = ?%3 order by %4")
+                                   .arg(selected(), name_, condition_, order),
                                {scope_.patient.ID()});
 }
 
 Query PatientTable::row(const QString& id) const {
-    return scope_.database.run(QStringLiteral("select ID, %1 from {schema}.%2 where ID = ? and idpaziente = ?%3")
-                                   .arg(columns_.join(QStringLiteral(", ")), name_, condition_),
+    return scope_.database.run(QStringLiteral("select %1 from {schema}.%2 where ID = ? and idpaziente = ?%3")
+                                   .arg(selected(), name_, condition_),
                                {id, scope_.patient.ID()});
 }
 

@@ -14,6 +14,8 @@ class PatientTable {
 public:
     /// `condition`, such as " and a=1", narrows the table down.
     PatientTable(const PatientScope& scope, QString name, QStringList columns, QString condition = {});
+    /// That this column holds texts long enough for the way in which they are read to matter.
+    void setLongText(const QString& column) { longText_ = column; }
 
     Query rows(const QString& order) const; ///< ID, then the columns.
     Query row(const QString& id) const;
@@ -25,11 +27,13 @@ private:
     void insert(const QString& id, const QVariantList& values) const;
     bool update(const QString& id, const QVariantList& values) const;
     QVariantList stamped(const QVariantList& values) const;
+    QString selected() const;
 
     PatientScope scope_;
     QString name_;
     QStringList columns_;
     QString condition_;
+    QString longText_;
 };
 
 } // namespace desk

@@ -89,17 +89,15 @@ QString PostgresDialect::tables(const QString& schema) const {
     return QStringLiteral("select table_name from information_schema.tables where table_schema='%1'").arg(schema);
 }
 
+QString PostgresDialect::longText(const QString& column) const {
+    return column;
+}
+
 QString PostgresDialect::contains(const QString& column) const {
     return QStringLiteral("strpos(%1, ?) > 0").arg(column);
 }
 
 // No cheap sign of other workstations' writes: whoever asks must assume them.
-std::optional<qint64> PostgresDialect::foreignWrites(QSqlDatabase& connection, const QString& schema) const {
-    Q_UNUSED(connection);
-    Q_UNUSED(schema);
-    return std::nullopt;
-}
-
 QString PostgresDialect::explain(const QSqlError& error) const {
     return QStringLiteral("Errore del server: %1").arg(firstLine(error));
 }

@@ -14,7 +14,7 @@ public:
     QString beginWriting() const override { return QStringLiteral("begin"); }
     QString tables(const QString& schema) const override;
     QString contains(const QString& column) const override;
-    std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const override;
+    QString longText(const QString& column) const override;
     QString explain(const QSqlError& error) const override;
     bool endsConnection(const QSqlError& error) const override;
     QString transactionName() const override;

@@ -3,8 +3,36 @@
 #include "desk/data/Database.h"
 
 #include <QSqlError>
+#include <optional>
 
 namespace desk {
+
+namespace {
+
+/// The number that stands in some places of a text; nothing when there is anything else.
+std::optional<int> numberAt(QStringView text, qsizetype place, qsizetype digits) {
+    int number = 0;
+    for (const QChar c : text.mid(place, digits)) {
+        if (c < u'0' || c > u'9') return std::nullopt;
+        number = 10 * number + (c.unicode() - u'0');
+    }
+    return number;
+}
+
+/// "2025-03-01 09:30:00", as this program writes it. Qt's own reading of it took longer than the rest of a patient's
+/// row.
+std::optional<QDateTime> usualMoment(QStringView text) {
+    if (text.size() != 19 || text[4] != u'-' || text[7] != u'-' || text[13] != u':' || text[16] != u':') return {};
+    const auto year = numberAt(text, 0, 4), month = numberAt(text, 5, 2), day = numberAt(text, 8, 2);
+    const auto hour = numberAt(text, 11, 2), minute = numberAt(text, 14, 2), second = numberAt(text, 17, 2);
+    if (!year || !month || !day || !hour || !minute || !second) return {};
+    const QDate date(*year, *month, *day);
+    const QTime time(*hour, *minute, *second);
+    if (!date.isValid() || !time.isValid()) return {};
+    return QDateTime(date, time);
+}
+
+} // namespace
 
 Query::Query(Database& database, QString sql, std::unique_ptr<QSqlQuery> statement)
     : database_(&database)
@@ -58,6 +86,7 @@ QVariant storedDate(const QDate& date) {
 QDateTime momentOf(const QVariant& stored) {
     if (stored.typeId() != QMetaType::QString) return stored.toDateTime();
     QString text = stored.toString();
+    if (const std::optional<QDateTime> usual = usualMoment(text)) return *usual;
     if (text.size() > 10) text[10] = QLatin1Char('T');
     return QDateTime::fromString(text, Qt::ISODate);
 }

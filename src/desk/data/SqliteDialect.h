@@ -15,7 +15,8 @@ public:
     QString beginWriting() const override { return QStringLiteral("begin immediate"); }
     QString tables(const QString& schema) const override;
     QString contains(const QString& column) const override;
-    std::optional<qint64> foreignWrites(QSqlDatabase& connection, const QString& schema) const override;
+    QString longText(const QString& column) const override;
+    QString foreignWrites() const override;
     QString explain(const QSqlError& error) const override;
     bool endsConnection(const QSqlError&) const override { return false; }
     QString lossText() const override { return QStringLiteral("L'archivio non è aperto."); }

@@ -25,10 +25,9 @@ ChildWindows::ChildWindows(QWidget* parent)
     setTabsClosable(true);
     setTabsMovable(true);
     setDocumentMode(true);
-    if (auto* tabs = findChild<QTabBar*>()) {
-        tabs->setExpanding(false);
-        tabs->setElideMode(Qt::ElideMiddle);
-    }
+    tabs_ = findChild<QTabBar*>();
+    tabs_->setExpanding(false);
+    tabs_->setElideMode(Qt::ElideMiddle);
     setBackground(palette().color(QPalette::Window));
 }
 
@@ -68,7 +67,23 @@ bool ChildWindows::bringForward(const QString& caption) {
 }
 
 void ChildWindows::bringForward(QWidget* form) {
-    if (QMdiSubWindow* holder = holderOf(form)) setActiveSubWindow(holder);
+    QMdiSubWindow* holder = holderOf(form);
+    if (!holder) return;
+    showTab(holder, true);
+    holder->show();
+    setActiveSubWindow(holder);
+}
+
+void ChildWindows::putAway(QWidget* form) {
+    QMdiSubWindow* holder = holderOf(form);
+    if (!holder) return;
+    holder->hide();
+    showTab(holder, false);
+}
+
+// Tabs stand in the order of the windows, also after one was dragged.
+void ChildWindows::showTab(QMdiSubWindow* holder, bool shown) {
+    tabs_->setTabVisible(static_cast<int>(subWindowList().indexOf(holder)), shown);
 }
 
 void ChildWindows::closeCaption(const QString& caption) {

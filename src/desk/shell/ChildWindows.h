@@ -5,6 +5,7 @@
 #include <QPointer>
 
 class QMdiSubWindow;
+class QTabBar;
 
 namespace desk {
 
@@ -19,9 +20,11 @@ public:
     /// Takes a window in, not yet shown: it appears when it is shown itself, and goes with its last close.
     void adopt(QWidget* form);
     bool bringForward(const QString& caption); ///< False when no window has this caption.
-    void bringForward(QWidget* form);
+    void bringForward(QWidget* form);          ///< Also one that was put away.
     void closeCaption(const QString& caption);
-    /// Takes a window off the screen without asking; it is deleted when its callers have returned.
+    /// Takes a window off the screen, tab and all, without asking; `bringForward` shows it again.
+    void putAway(QWidget* form);
+    /// The same for good: it is deleted when its callers have returned.
     void discard(QWidget* form);
     /// Asks every window but one to close; false when another wants to stay.
     bool closeAll(const QWidget* except);
@@ -34,7 +37,9 @@ protected:
 private:
     QMdiSubWindow* find(const QString& caption) const;
     static QMdiSubWindow* holderOf(QObject* form);
+    void showTab(QMdiSubWindow* holder, bool shown);
 
+    QTabBar* tabs_;
     QList<QPointer<QMdiSubWindow>> discarded_;
 };
 

@@ -15,6 +15,7 @@ public:
 
     host::Utente& Utente() override;
     host::Paziente* paziente() override { return patient_.get(); }
+    bool hasPatient() const { return patient_ != nullptr; }
     host::Framework& Framework() override { return framework_; }
     host::Archivio& Archivio() override { return archive_; }
     host::DB& DB() override;

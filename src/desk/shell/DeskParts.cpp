@@ -17,6 +17,7 @@
 #include <QMdiSubWindow>
 #include <QStatusBar>
 #include <QTimer>
+#include <algorithm>
 
 namespace desk {
 
@@ -120,7 +121,7 @@ void Desk::Parts::endModule() {
 }
 
 bool Desk::Parts::openPatient(const QString& id) {
-    if (patientDesk && host.paziente() && host.paziente()->ID() == id) {
+    if (openDesk() && host.paziente()->ID() == id) {
         window.children().bringForward(patientDesk);
         return true;
     }
@@ -138,26 +139,36 @@ bool Desk::Parts::openPatient(const QString& id) {
     return opened;
 }
 
+PatientDesk& Desk::Parts::deskForPanels() {
+    const QList<Panel> arranged = framework.layout().arrange(panels);
+    if (patientDesk && patientDesk->panels() == arranged) return *patientDesk;
+    window.children().discard(patientDesk);
+    patientDesk = new PatientDesk(arranged, framework, roomServices());
+    connect(patientDesk, &PatientDesk::closeRequested, this,
+            [this] { QTimer::singleShot(0, this, [this] { closePatient(); }); });
+    connect(patientDesk, &PatientDesk::failed, this, &Parts::tell);
+    window.children().adopt(patientDesk);
+    return *patientDesk;
+}
+
+PatientDesk* Desk::Parts::openDesk() const {
+    return host.hasPatient() ? patientDesk : nullptr;
+}
+
 void Desk::Parts::showPatient(const PatientData& data) {
     const host::Medico doctor = host.paziente()->medico();
-    auto* desk = new PatientDesk(data, QStringLiteral("%1 %2").arg(doctor.Cognome, doctor.Nome).trimmed());
-    patientDesk = desk;
-    connect(desk, &PatientDesk::closeRequested, this,
-            [this] { QTimer::singleShot(0, this, [this] { closePatient(); }); });
-    connect(desk, &PatientDesk::failed, this, &Parts::tell);
+    PatientDesk& desk = deskForPanels();
+    desk.enter(data, QStringLiteral("%1 %2").arg(doctor.Cognome, doctor.Nome).trimmed());
     window.showPatient(data.Cognome + QLatin1Char(' ') + data.Nome);
     enablePatientCommands(commands, true);
     // The module forgets the patient before, only then the panels ask it for the records of this one.
-    if (module) module->formLoad(*desk);
-    if (patientDesk != desk) return;
-    desk->addPanels(framework.layout().arrange(panels), framework);
-    std::unique_ptr<PatientRecord> own = practice->newPatient();
-    if (own->Init(data.ID)) desk->addRooms(new ClinicalRooms(std::move(own), roomServices(), desk));
-    for (const QString& panel : lastPanels)
-        desk->activatePanel(panel);
-    window.children().adopt(desk);
-    desk->show();
-    window.children().bringForward(desk);
+    const int own = ++sitting;
+    if (module) module->formLoad(desk);
+    if (own != sitting) return;
+    std::unique_ptr<PatientRecord> record = practice->newPatient();
+    if (record->Init(data.ID)) desk.fill(std::move(record));
+    desk.show();
+    window.children().bringForward(&desk);
     if (module) module->raise(QStringLiteral("ambulatorio.ready"));
 }
 
@@ -167,10 +178,10 @@ void Desk::Parts::closePatient() {
     // Callers on the stack may still hold the patient that closes; it goes when they have returned.
     if (std::shared_ptr<host::Paziente> leaving = host.setPatient(nullptr))
         QTimer::singleShot(0, this, [leaving] { Q_UNUSED(leaving) });
-    if (PatientDesk* desk = patientDesk) {
-        lastPanels = desk->activePanels();
-        patientDesk = nullptr;
-        window.children().discard(desk);
+    ++sitting;
+    if (patientDesk) {
+        window.children().putAway(patientDesk);
+        patientDesk->leave();
     }
     window.showPatient(QString());
     enablePatientCommands(commands, false);
@@ -191,8 +202,10 @@ QString Desk::Parts::choosePatient(const QString& value, const QString& column) 
 }
 
 bool Desk::Parts::isPanelLoaded(const QString& name) const {
-    const PatientDesk* desk = patientDesk;
-    return desk && desk->hasPanel(name);
+    const PatientDesk* desk = openDesk();
+    if (!desk) return false;
+    const auto named = [&name](const Panel& panel) { return panel.name == name; };
+    return std::any_of(desk->panels().cbegin(), desk->panels().cend(), named);
 }
 
 void Desk::Parts::refreshPanelsSoon() {
@@ -200,7 +213,7 @@ void Desk::Parts::refreshPanelsSoon() {
     if (std::exchange(refreshPending, true)) return;
     QTimer::singleShot(0, this, [this] {
         refreshPending = false;
-        if (PatientDesk* desk = patientDesk) desk->refreshPanels();
+        if (PatientDesk* desk = openDesk()) desk->refreshPanels();
     });
 }
 
@@ -227,11 +240,11 @@ void Desk::Parts::connectRooms() {
 }
 
 void Desk::Parts::showRoom(qint32 command) {
-    PatientDesk* desk = patientDesk;
-    if (!desk || !desk->rooms()) return;
+    PatientDesk* desk = openDesk();
+    if (!desk) return;
     window.children().bringForward(desk);
     for (const RoomCommand& room : ROOM_COMMANDS)
-        if (room.id == command) desk->rooms()->showRoom(room.kind);
+        if (room.id == command) desk->rooms().showRoom(room.kind);
 }
 
 void Desk::Parts::showFreeData() {

@@ -33,6 +33,8 @@ struct Desk::Parts : public QObject {
 
     bool openPatient(const QString& id);
     void showPatient(const PatientData& data);
+    PatientDesk& deskForPanels();  ///< Built anew only when the panels are others.
+    PatientDesk* openDesk() const; ///< Null while no patient is open.
     void closePatient();
     bool closeEverything();
     QString choosePatient(const QString& value, const QString& column);
@@ -70,8 +72,8 @@ struct Desk::Parts : public QObject {
     DatabaseWatch watch;
     BackupCommands backup;
     QList<Panel> panels;
-    QPointer<PatientDesk> patientDesk;
-    QStringList lastPanels; ///< Those in front, kept from one patient to the next.
+    QPointer<PatientDesk> patientDesk; ///< Put away while no patient is open.
+    int sitting = 0;                   ///< Changes with each patient who opens or closes.
     QString moduleError;
     bool refreshPending = false;
     bool placeIsKept = false;

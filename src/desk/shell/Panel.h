@@ -14,6 +14,8 @@ struct Panel {
     host::View* view = nullptr;
     bool onTheRight = false;
 
+    bool operator==(const Panel&) const = default;
+
     /// The part after the module's own name.
     QString caption() const {
         const QString own = name.section(QStringLiteral(": "), 1);

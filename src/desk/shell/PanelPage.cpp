@@ -37,15 +37,21 @@ void PanelPage::refresh(const QString& idToSelect) {
     if (!why.isEmpty()) emit failed(why);
 }
 
+void PanelPage::leave() {
+    ++sitting_;
+    grid_->clear();
+}
+
 void PanelPage::showMenu(platform::ReportRecord* record) {
-    // The command may open another patient, with which this page goes away.
+    // The command may open another patient, or end the desk with this page.
     const QPointer<PanelPage> alive(this);
     const QString why = guarded([&] {
         if (record) grid_->setFocusedRecord(record);
         PanelMenu menu;
         panel_.view->Popup(menu, grid_);
+        const int sitting = sitting_;
         const int command = menu.choose();
-        if (command != 0 && alive) panel_.view->PopupExecute(command, grid_);
+        if (command != 0 && alive && sitting == sitting_) panel_.view->PopupExecute(command, grid_);
     });
     if (alive && !why.isEmpty()) emit failed(why);
 }
@@ -55,9 +61,11 @@ void PanelPage::edit(platform::ReportRecord* record) {
     const QString id = record->tag;
     const QPointer<PanelPage> alive(this);
     const QString why = guarded([&] {
+        const int sitting = sitting_;
         framework_.setDialogCancel(true);
         if (!showModally(panel_.view->EditForm(id))) return;
-        if (alive && !framework_.DialogCancel()) panel_.view->refreshGrid(grid_, id);
+        const bool confirmed = alive && sitting == sitting_ && !framework_.DialogCancel();
+        if (confirmed) panel_.view->refreshGrid(grid_, id);
     });
     if (alive && !why.isEmpty()) emit failed(why);
 }

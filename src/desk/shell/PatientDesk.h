@@ -1,15 +1,13 @@
 #pragma once
 
-#include "desk/data/PatientData.h"
 #include "desk/shell/Panel.h"
 #include "host/contract/Forms.h"
 
 #include <QList>
 #include <QWidget>
+#include <memory>
 
 class QSplitter;
-class QTabWidget;
-class QVBoxLayout;
 
 namespace host {
 class Framework;
@@ -19,25 +17,29 @@ namespace desk {
 
 class ClinicalRooms;
 class PanelPage;
+class PatientHeader;
+class PatientRecord;
+struct PatientData;
+struct RoomServices;
 
-/// The desk of the open patient, "frmAmbulatorio": who it is, and the panels of the module below. Made anew for each
-/// patient. Closing its tab only asks for the patient to be closed.
+/// The desk of the open patient, "frmAmbulatorio": who it is, the panels of the module, and the patient's rooms below.
+/// One desk serves patient after patient, since its lists are slow to build: `leave` empties it of all that the former
+/// one had. Borrows the views of the panels. Closing its tab only asks for the patient to be closed.
 class PatientDesk : public QWidget, public host::HostForm {
     Q_OBJECT
 
 public:
-    PatientDesk(const PatientData& patient, const QString& doctor, QWidget* parent = nullptr);
+    PatientDesk(const QList<Panel>& panels, host::Framework& framework, const RoomServices& services);
 
     QString Name() const override { return objectName(); }
 
-    void addPanels(const QList<Panel>& panels, host::Framework& framework);
-    /// The rooms of the patient, below the panels or, without any, in their place.
-    void addRooms(ClinicalRooms* rooms);
-    ClinicalRooms* rooms() const { return rooms_; }
-    bool hasPanel(const QString& name) const;
-    void refreshPanels();             ///< And the rooms.
-    QStringList activePanels() const; ///< Captions, one a side.
-    void activatePanel(const QString& caption);
+    void enter(const PatientData& patient, const QString& doctor);
+    void fill(std::unique_ptr<PatientRecord> patient); ///< Panels and rooms, with the records of who entered.
+    void leave();
+
+    const QList<Panel>& panels() const { return panels_; }
+    ClinicalRooms& rooms() { return *rooms_; }
+    void refreshPanels(); ///< And the rooms.
 
 signals:
     void closeRequested();
@@ -47,13 +49,12 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void fillPanels();
     void addSide(const QList<Panel>& panels, host::Framework& framework, QSplitter& splitter);
-    QWidget* buildHeader(const PatientData& patient, const QString& doctor);
 
-    QVBoxLayout* column_;
-    QSplitter* stack_; ///< Panels above, rooms below.
-    ClinicalRooms* rooms_ = nullptr;
-    QList<QTabWidget*> sides_;
+    QList<Panel> panels_;
+    PatientHeader* header_;
+    ClinicalRooms* rooms_;
     QList<PanelPage*> pages_;
 };
 
