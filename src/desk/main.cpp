@@ -1,4 +1,5 @@
-#include "desk/data/DatabaseError.h"
+#include "desk/data/Database.h"
+#include "desk/data/PracticeTransfer.h"
 #include "desk/people/SignInWindow.h"
 #include "desk/scenario/DeskScenario.h"
 #include "desk/shell/Desk.h"
@@ -52,6 +53,18 @@ void tellUser(const QString& text, const desk::Options& options) {
     platform::dialogs().message(text, platform::MB_CRITICAL, QStringLiteral("Tessara 5000"));
 }
 
+int copyPractice(const desk::Options& options) {
+    const desk::DatabaseUrl from = desk::DatabaseUrl::parse(options.databaseUrl);
+    if (from.kind == desk::DatabaseUrl::Kind::Sqlite && !QFile::exists(from.path))
+        throw desk::OptionError(QStringLiteral("Il file %1 non esiste.").arg(from.toDisplay()));
+    const auto source = desk::Database::open(from);
+    const auto target = desk::Database::open(desk::DatabaseUrl::parse(options.copyTo));
+    for (const auto& [table, rows] : desk::practice_transfer::run(*source, *target))
+        std::printf("%-20s %8d\n", qUtf8Printable(table), rows);
+    std::puts("L'archivio \u00e8 stato copiato per intero.");
+    return 0;
+}
+
 std::unique_ptr<desk::Desk> openDesk(const desk::Options& options) {
     std::unique_ptr<desk::Desk> desk = desk::Desk::open(options);
     desk->loadModule(QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(MODULE_FILE));
@@ -82,7 +95,8 @@ int main(int argc, char** argv) {
         std::fputs(qUtf8Printable(desk::Options::helpText()), stdout);
         return 0;
     }
-    if (!hasScreen() && options.scenarioFile.isEmpty()) {
+    const bool copies = !options.copyTo.isEmpty();
+    if (!hasScreen() && !copies && options.scenarioFile.isEmpty()) {
         tellOnConsole(QStringLiteral("nessuno schermo disponibile: manca DISPLAY. Senza schermo si può eseguire uno "
                                      "scenario, con --scenario."));
         return EXIT_USAGE;
@@ -99,7 +113,7 @@ int main(int argc, char** argv) {
     platform::QtDialogs dialogs;
     platform::installDialogs(&dialogs);
     try {
-        return runDesk(options);
+        return copies ? copyPractice(options) : runDesk(options);
     } catch (const desk::SignInCancelled&) {
         return options.scenarioFile.isEmpty() ? 0 : EXIT_FAILED;
     } catch (const desk::DatabaseError& error) {

@@ -20,14 +20,22 @@ qreal unit(const QTreeView& view) {
     return std::max(1.0, (date + 8) / 64.0);
 }
 
-int sampleWidth(const QTreeView& view, const QString& sample) {
-    if (sample.isEmpty()) return 0;
-    constexpr int margins = 10;
-    QFont bold = view.font();
-    bold.setBold(true);
-    return QFontMetrics(bold).horizontalAdvance(sample) + margins;
-}
 } // namespace
+
+// Remembered, since a list shows itself often and its font hardly ever changes.
+int ReportColumnWidths::sampleWidth(const QString& sample) {
+    if (sample.isEmpty()) return 0;
+    if (font_ != view_.font()) {
+        font_ = view_.font();
+        sampleWidths_.clear();
+    }
+    int& width = sampleWidths_[sample];
+    if (width > 0) return width;
+    constexpr int margins = 10;
+    QFont bold = view_.font();
+    bold.setBold(true);
+    return width = QFontMetrics(bold).horizontalAdvance(sample) + margins;
+}
 
 void ReportColumnWidths::apply() {
     if (applying_) return;
@@ -44,8 +52,8 @@ void ReportColumnWidths::apply() {
             shared.append(i);
             continue;
         }
-        const int width = dragged_.contains(i) ? dragged_.value(i)
-                                               : std::max(scaled(column.width), sampleWidth(view_, column.sample));
+        const int width =
+            dragged_.contains(i) ? dragged_.value(i) : std::max(scaled(column.width), sampleWidth(column.sample));
         view_.setColumnWidth(i, width);
         room -= width;
     }
@@ -58,7 +66,7 @@ void ReportColumnWidths::share(QList<int> columns, int room, const std::function
     const qreal scale = unit(view_);
     const auto weight = [this, scale](int i) {
         const ReportColumn& column = model_.column(i);
-        return std::max({column.width, static_cast<int>(sampleWidth(view_, column.sample) / scale), 1});
+        return std::max({column.width, static_cast<int>(sampleWidth(column.sample) / scale), 1});
     };
     const auto total = [&] {
         return std::accumulate(columns.cbegin(), columns.cend(), 0, [&](int sum, int i) { return sum + weight(i); });
@@ -98,7 +106,7 @@ void ReportColumnWidths::wholeSamples(QList<int>& columns, int& room, const std:
     };
     for (const int i : QList<int>(columns)) {
         const int others = sum(readable) - readable(i);
-        const int width = std::min(sampleWidth(view_, model_.column(i).sample), room - others);
+        const int width = std::min(sampleWidth(model_.column(i).sample), room - others);
         if (width <= room * weight(i) / sum(weight)) continue;
         view_.setColumnWidth(i, width);
         room -= width;

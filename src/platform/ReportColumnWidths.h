@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QHash>
 #include <QList>
 #include <functional>
@@ -21,12 +22,15 @@ public:
     void dragged(int column, int width);
 
 private:
+    int sampleWidth(const QString& sample); ///< Of the longest text that should fit, in bold.
     void wholeSamples(QList<int>& columns, int& room, const std::function<int(int)>& weight);
     void share(QList<int> columns, int room, const std::function<int(int)>& least);
 
     ReportGridModel& model_;
     QTreeView& view_;
     QHash<int, int> dragged_;
+    QHash<QString, int> sampleWidths_;
+    QFont font_;
     bool applying_ = false;
 };
 

@@ -204,7 +204,7 @@ TEST_F(ClinicalDesk, TheFormsOfTheContractStoreAndAnswer) {
         EXPECT_EQ(stored(QLatin1String(each.column), QLatin1String(each.table)),
                   QStringList{QStringLiteral("dal modulo")});
     }
-    settle();
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Scadenze")));
     EXPECT_EQ(cell("rcScadenze", 0, 1), QStringLiteral("dal modulo"));
     EXPECT_THROW(patient().scadenze().EditForm(QStringLiteral("nessuna")), host::HostError);
 }
@@ -238,6 +238,7 @@ TEST_F(ClinicalDesk, OverdueDatesStandOutUntilTheyAreDone) {
 }
 
 TEST_F(ClinicalDesk, WhatAModuleWritesShowsAfterItSaysSo) {
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Diario clinico")));
     host::Evento event{{}, QStringLiteral("01/02/2026"), QStringLiteral("igiene"), {}};
     ASSERT_TRUE(patient().Eventi().Salva(event));
     EXPECT_EQ(grid("rcEventi").rowCount(), 0);

@@ -105,6 +105,7 @@ RoomPage& ClinicalRooms::page(RoomKind kind) {
         QWidget* place = widget(tab);
         page = new RoomPage(makeRoom(kind, *patient_, services_), services_.database, place);
         place->layout()->addWidget(page);
+        page->show();
         page->refresh();
     }
     return *page;

@@ -141,14 +141,16 @@ bool Desk::Parts::openPatient(const QString& id) {
 
 PatientDesk& Desk::Parts::deskForPanels() {
     const QList<Panel> arranged = framework.layout().arrange(panels);
-    if (patientDesk && patientDesk->panels() == arranged) return *patientDesk;
-    window.children().discard(patientDesk);
-    patientDesk = new PatientDesk(arranged, framework, roomServices());
-    connect(patientDesk, &PatientDesk::closeRequested, this,
+    PatientDesk* desk = patientDesk;
+    if (desk && desk->panels() == arranged) return *desk;
+    window.children().discard(desk);
+    desk = new PatientDesk(arranged, framework, roomServices());
+    patientDesk = desk;
+    connect(desk, &PatientDesk::closeRequested, this,
             [this] { QTimer::singleShot(0, this, [this] { closePatient(); }); });
-    connect(patientDesk, &PatientDesk::failed, this, &Parts::tell);
-    window.children().adopt(patientDesk);
-    return *patientDesk;
+    connect(desk, &PatientDesk::failed, this, &Parts::tell);
+    window.children().adopt(desk);
+    return *desk;
 }
 
 PatientDesk* Desk::Parts::openDesk() const {

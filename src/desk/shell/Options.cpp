@@ -13,6 +13,7 @@ constexpr TextOption TEXT_OPTIONS[] = {
     {"--db", &Options::databaseUrl}, {"--config-dir", &Options::configDir},
     {"--user", &Options::userCode},  {"--scenario", &Options::scenarioFile},
     {"--out", &Options::outDir},     {"--reset-password", &Options::forgottenCode},
+    {"--copy-to", &Options::copyTo},
 };
 
 const TextOption* findOption(const QString& name) {
@@ -56,6 +57,8 @@ Options Options::parse(const QStringList& arguments) {
     }
     if (options.scenarioFile.isEmpty() && !options.outDir.isEmpty())
         throw OptionError(QStringLiteral("L'opzione --out ha senso solo con --scenario."));
+    if (!options.copyTo.isEmpty() && (options.demo || !options.scenarioFile.isEmpty()))
+        throw OptionError(QStringLiteral("L'opzione --copy-to non va con --demo n\u00e9 con --scenario."));
     return options;
 }
 
@@ -71,6 +74,8 @@ QString Options::helpText() {
         "  --reset-password CODICE\n"
         "                     toglie la password dimenticata di un utente, che poi accede con un clic\n"
         "  --demo             riempie un archivio vuoto con uno studio di esempio\n"
+        "  --copy-to URL      copia tutto l'archivio in un altro, vuoto, e termina: per passare\n"
+        "                     dal file al server, o dal server a un file\n"
         "  --scenario FILE    esegue i comandi del file nelle finestre e termina\n"
         "  --out DIR          cartella dei risultati dello scenario\n"
         "  --help             mostra questo testo\n");

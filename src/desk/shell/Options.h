@@ -23,6 +23,7 @@ struct Options {
     QString forgottenCode; ///< User whose password is taken away.
     QString scenarioFile;
     QString outDir;
+    QString copyTo; ///< Address of an empty database into which the practice is copied; then the program ends.
     /// Whether somebody sits at the screen who can say who they are; a script takes the first user.
     bool asksWhoSignsIn = false;
     bool demo = false;

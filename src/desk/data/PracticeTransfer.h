@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace desk {
+
+class Database;
+
+/// A practice that moves to another database system, from its file to a server or back.
+namespace practice_transfer {
+
+struct Moved {
+    QString table;
+    int rows = 0;
+};
+
+/// Copies every row of every table and counts them again in the end. All or nothing: throws DatabaseError with words
+/// for the user and leaves the target as it was; the source is only read, and nobody can change it meanwhile. Refuses
+/// a source without users and a target that holds anything.
+QList<Moved> run(Database& source, Database& target);
+
+} // namespace practice_transfer
+
+} // namespace desk
