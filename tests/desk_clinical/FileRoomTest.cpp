@@ -107,6 +107,7 @@ TEST_F(FileRoom, ADeletedFileTakesItsEntriesInTheDiaryAlong) {
     click("cbEliminaFile");
     settle();
     EXPECT_EQ(grid("rcFiles").rowCount(), 0);
+    ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Diario clinico")));
     EXPECT_EQ(grid("rcEventi").rowCount(), 1);
     EXPECT_EQ(stored(QStringLiteral("ID"), QStringLiteral("tblFiles")), QStringList());
     EXPECT_EQ(stored(QStringLiteral("descrizione"), QStringLiteral("tblEventi")), QStringList{QStringLiteral("voce ")});
