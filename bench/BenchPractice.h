@@ -1,11 +1,12 @@
 #pragma once
 
+#include "Measures.h"
+
 #include "desk/shell/DeskApplication.h"
 #include "desk/shell/MessageFilter.h"
 #include "desk/shell/Options.h"
 
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 
 /// What a benchmark of the desk runs in: the application, without a screen where there is none, and the options of a
 /// practice that does not exist yet, in a folder of its own.
@@ -13,7 +14,7 @@ class BenchPractice {
 public:
     BenchPractice(int& argc, char** argv)
         : application_(withoutScreen(argc), argv) {
-        benchmark::Initialize(&argc, argv);
+        Measures::initialize(argc, argv);
         options.databaseUrl = QStringLiteral("sqlite:") + file();
         options.configDir = folder_.filePath(QStringLiteral("profilo"));
     }

@@ -67,7 +67,7 @@ BENCHMARK(planWrite);
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
+    Measures::initialize(argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv) || readBare(memo().toUtf8()) == 0) return 1;
     Measures measures;
     benchmark::RunSpecifiedBenchmarks(&measures);

@@ -28,6 +28,7 @@ ChildWindows::ChildWindows(QWidget* parent)
     tabs_ = findChild<QTabBar*>();
     tabs_->setExpanding(false);
     tabs_->setElideMode(Qt::ElideMiddle);
+    connect(this, &QMdiArea::subWindowActivated, this, &ChildWindows::showTabsIfAny);
     setBackground(palette().color(QPalette::Window));
 }
 
@@ -84,6 +85,15 @@ void ChildWindows::putAway(QWidget* form) {
 // Tabs stand in the order of the windows, also after one was dragged.
 void ChildWindows::showTab(QMdiSubWindow* holder, bool shown) {
     tabs_->setTabVisible(static_cast<int>(subWindowList().indexOf(holder)), shown);
+    showTabsIfAny();
+}
+
+// A bar without any tab to see would still draw the one that was in front.
+void ChildWindows::showTabsIfAny() {
+    bool any = false;
+    for (int i = 0; i < tabs_->count(); ++i)
+        any = any || tabs_->isTabVisible(i);
+    tabs_->setVisible(any);
 }
 
 void ChildWindows::closeCaption(const QString& caption) {

@@ -38,6 +38,7 @@ private:
     QMdiSubWindow* find(const QString& caption) const;
     static QMdiSubWindow* holderOf(QObject* form);
     void showTab(QMdiSubWindow* holder, bool shown);
+    void showTabsIfAny();
 
     QTabBar* tabs_;
     QList<QPointer<QMdiSubWindow>> discarded_;
