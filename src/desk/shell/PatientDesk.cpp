@@ -39,10 +39,12 @@ PatientDesk::PatientDesk(const QList<Panel>& panels, host::Framework& framework,
             (panel.onTheRight ? right : left).append(panel);
         addSide(left, framework, *splitter);
         addSide(right, framework, *splitter);
-        stack->setStretchFactor(0, 3);
     }
     rooms_ = new ClinicalRooms(services, stack);
-    stack->setStretchFactor(stack->indexOf(rooms_), 2);
+    // Their lists are not built yet and cannot say how much room they need.
+    stack->setStretchFactor(0, 3);
+    stack->setStretchFactor(1, 2);
+    stack->setSizes({540, 460});
 }
 
 void PatientDesk::addSide(const QList<Panel>& panels, host::Framework& framework, QSplitter& splitter) {

@@ -49,12 +49,11 @@ PatientHeader::PatientHeader(const QIcon& icon, QWidget* parent)
     large.setBold(true);
     name_->setFont(large);
     grid->addWidget(name_, 0, 1, 1, 4);
-    // What one copies into a letter. Each such label lays its text out as a document, which takes its time.
-    for (QLabel* label : {taxCode_, telephone_})
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     int column = 1;
-    for (QLabel* label : {birth_, taxCode_, doctor_, telephone_})
+    for (QLabel* label : {birth_, taxCode_, doctor_, telephone_}) {
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse); // to copy them into a letter
         grid->addWidget(label, 1, column++);
+    }
     grid->setColumnStretch(column, 1);
 }
 
