@@ -178,7 +178,7 @@ ReportFlow ReportComposer::grid(const ReportElement& element, qreal width) {
                                  list("allineamenti", "Allineamenti"), list("righi", "Righi")};
     const ReportTableLook look{style_.sized(element.number("dimensione", style_.size)),
                                element.colour("colore-testata", style_.colour), element.colour("sfondo-testata"),
-                               element.colour("colore-linee", PALE)};
+                               element.colour("colore-linee", PALE), element.flag("totale")};
     const ReportTable table(texts, look, width);
     if (table.rowsWithMoreFields() > 0)
         values_.note(QStringLiteral("In %1 righe di %2 ci sono pi\u00f9 campi che colonne.")

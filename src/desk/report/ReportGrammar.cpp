@@ -63,6 +63,7 @@ const AttributeRule ATTRIBUTES[] = {
     {"colore-linee", Rule::COLOUR},
     {"valore", Rule::TEXT},
     {"evidenza", Rule::FLAG},
+    {"totale", Rule::FLAG},
 };
 
 // Words that many elements share.
@@ -86,7 +87,7 @@ const ElementRule ELEMENTS[] = {
     {"riquadro", "sfondo bordo spessore raggio margine @place", "@blocks"},
     {"griglia",
      "variabile intestazioni percentuali allineamenti righi dimensione colore-testata sfondo-testata colore-linee "
-     "@place",
+     "totale @place",
      ""},
     {"totali", "titolo righi larghezza dimensione allineamento colore colore-linee sfondo @place", "voce"},
     {"voce", "titolo valore evidenza se", ""},

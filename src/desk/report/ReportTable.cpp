@@ -146,8 +146,10 @@ void ReportTable::build() {
         if (look_.headFill.isValid()) head_.addBehind(fill(0, head_.height(), look_.headFill));
         head_.add(fill(head_.height(), 2 * LINE, look_.headColour));
     }
-    for (const QStringList& fields : fields_) {
-        ReportBox row = cells(fields, look_.style);
+    for (qsizetype i = 0; i < fields_.size(); ++i) {
+        const bool isTotal = look_.totalLast && i > 0 && i + 1 == fields_.size();
+        ReportBox row = cells(fields_[i], isTotal ? look_.style.bolder() : look_.style);
+        if (isTotal) row.addBehind(fill(0, 2 * LINE, look_.headColour));
         row.add(fill(row.height(), LINE, look_.lineColour));
         rows_.push_back(std::move(row));
     }

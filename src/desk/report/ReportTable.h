@@ -22,6 +22,7 @@ struct ReportTableLook {
     QColor headColour;
     QColor headFill; ///< Invalid for none.
     QColor lineColour;
+    bool totalLast = false; ///< The last row sums up the others.
 };
 
 /// A table set to a width: its head, repeated on every page, and one box per row. Column shares are per cent of that
