@@ -14,6 +14,13 @@
 
 namespace {
 
+// The sanitizer keeps freed memory apart, which hides what the program itself needs.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool MEMORY_TELLS = false;
+#else
+constexpr bool MEMORY_TELLS = true;
+#endif
+
 /// Most memory that this process has ever held, in kilobytes.
 qint64 peakMemory() {
     QFile status(QStringLiteral("/proc/self/status"));
@@ -231,7 +238,7 @@ TEST_F(FileRoom, TwoHundredMegabytesPassThroughAFewOfMemory) {
     EXPECT_EQ(cell("rcFiles", 0, 3), QStringLiteral("200,0 MB"));
     const QString id = patient().Files().Lista().first().ID;
     QFile copy(patient().Files().EstraiFile(id));
-    EXPECT_LT(peakMemory() - before, 64 * 1024) << "kilobytes";
+    if (MEMORY_TELLS) EXPECT_LT(peakMemory() - before, 64 * 1024);
     ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
     EXPECT_EQ(copy.size(), SIZE);
     ASSERT_TRUE(copy.seek(SIZE - 4));
