@@ -20,13 +20,19 @@ protected:
     std::unique_ptr<host::Recordset> rows(const QString& what) {
         return desk::DatabaseService(*database_, sign_).OpenRecordset(what);
     }
+    QString saved(const char* number) {
+        QString id;
+        EXPECT_TRUE(patient_->corvala().Salva(id, plan(QLatin1String(number))));
+        return id;
+    }
+
+    const std::unique_ptr<desk::PatientRecord> patient_ =
+        bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
 };
 
 TEST_F(CorvalaRecordsTest, WritesTheWholeRowAndReadsItBack) {
     platform::setClock(QDateTime(QDate(2025, 11, 23), QTime(9, 5, 7)));
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
-    QString id;
-    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    QString id = saved("2025-0001");
     platform::releaseClock();
 
     const auto row = rows(QStringLiteral("select * from tessara.tblWorkspace"));
@@ -37,7 +43,7 @@ TEST_F(CorvalaRecordsTest, WritesTheWholeRowAndReadsItBack) {
         {QStringLiteral("TIPORECORD"), QStringLiteral("906")},
         {QStringLiteral("t1"), QStringLiteral("TRT")},
         {QStringLiteral("idrif1"), QStringLiteral("2025-0001")},
-        {QStringLiteral("idpaziente"), patient->ID()},
+        {QStringLiteral("idpaziente"), patient_->ID()},
         {QStringLiteral("data"), QStringLiteral("2025-11-22 00:00:00")},
         {QStringLiteral("descrizione"), QStringLiteral("Corona 1.1")},
         {QStringLiteral("m1"), QStringLiteral("<trattamento/>")},
@@ -52,7 +58,7 @@ TEST_F(CorvalaRecordsTest, WritesTheWholeRowAndReadsItBack) {
     EXPECT_TRUE(row->isEOF());
     EXPECT_TRUE(row->value(QStringLiteral("id")).isNull()) << "past the end";
 
-    const auto read = patient->corvala().Carica(id);
+    const auto read = patient_->corvala().Carica(id);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->Data, QDate(2025, 11, 22).startOfDay());
     EXPECT_EQ(read->idrif1, QStringLiteral("2025-0001"));
@@ -61,32 +67,29 @@ TEST_F(CorvalaRecordsTest, WritesTheWholeRowAndReadsItBack) {
 }
 
 TEST_F(CorvalaRecordsTest, UpdateKeepsTheIdentityAndNeverRevivesADeletedRow) {
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
-    QString id;
-    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    QString id = saved("2025-0001");
     const QString first = id;
-    EXPECT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))));
+    EXPECT_TRUE(patient_->corvala().Salva(id, plan(QStringLiteral("2025-0002"))));
     EXPECT_EQ(id, first);
-    ASSERT_EQ(patient->corvala().Lista().size(), 1);
-    EXPECT_EQ(patient->corvala().Lista().first().idrif1, QStringLiteral("2025-0002"));
+    ASSERT_EQ(patient_->corvala().Lista().size(), 1);
+    EXPECT_EQ(patient_->corvala().Lista().first().idrif1, QStringLiteral("2025-0002"));
 
     const auto elsewhere = reopened();
     desk::PatientRecord same(*elsewhere, sign_);
-    ASSERT_TRUE(same.Init(patient->ID()));
+    ASSERT_TRUE(same.Init(patient_->ID()));
     ASSERT_TRUE(same.corvala().Elimina(id));
-    EXPECT_FALSE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0003"))));
-    EXPECT_FALSE(patient->corvala().Elimina(id));
-    EXPECT_FALSE(patient->corvala().Carica(id));
-    EXPECT_TRUE(patient->corvala().Lista().isEmpty());
+    EXPECT_FALSE(patient_->corvala().Salva(id, plan(QStringLiteral("2025-0003"))));
+    EXPECT_FALSE(patient_->corvala().Elimina(id));
+    EXPECT_FALSE(patient_->corvala().Carica(id));
+    EXPECT_TRUE(patient_->corvala().Lista().isEmpty());
 }
 
 TEST_F(CorvalaRecordsTest, RefusesWhatCannotBeARecord) {
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
     for (const char* date : {"", "domani", "31/02/2025", "2025-13-01"}) {
         auto dati = plan(QStringLiteral("2025-0001"));
         dati.Data = QString::fromUtf8(date);
         QString id;
-        EXPECT_FALSE(patient->corvala().Salva(id, dati)) << date;
+        EXPECT_FALSE(patient_->corvala().Salva(id, dati)) << date;
         EXPECT_TRUE(id.isEmpty());
     }
     desk::PatientRecord unbound(*database_, sign_);
@@ -97,14 +100,13 @@ TEST_F(CorvalaRecordsTest, RefusesWhatCannotBeARecord) {
 }
 
 TEST_F(CorvalaRecordsTest, TouchesOnlyItsOwnRows) {
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
     const auto other = bound(addPatient(QStringLiteral("Verdi"), QStringLiteral("Anna")));
     QString id;
     ASSERT_TRUE(other->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
-    EXPECT_FALSE(patient->corvala().Elimina(id));
-    EXPECT_FALSE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0009"))));
-    EXPECT_FALSE(patient->corvala().Carica(id));
-    EXPECT_TRUE(patient->corvala().Lista().isEmpty());
+    EXPECT_FALSE(patient_->corvala().Elimina(id));
+    EXPECT_FALSE(patient_->corvala().Salva(id, plan(QStringLiteral("2025-0009"))));
+    EXPECT_FALSE(patient_->corvala().Carica(id));
+    EXPECT_TRUE(patient_->corvala().Lista().isEmpty());
 
     desk::DatabaseService(*database_, sign_).Execute(QStringLiteral("update tessara.tblWorkspace set tiporecord=7"));
     EXPECT_TRUE(other->corvala().Lista().isEmpty()) << "rows of another module";
@@ -112,24 +114,21 @@ TEST_F(CorvalaRecordsTest, TouchesOnlyItsOwnRows) {
 }
 
 TEST_F(CorvalaRecordsTest, AFailedSaveLeavesTheOldRecord) {
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
-    QString id;
-    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    QString id = saved("2025-0001");
     database_->command(
         onServer()
             ? QStringLiteral("alter table tessara.tblWorkspace add constraint rotto check (t1 <> 'TRT') not valid")
             : QStringLiteral("create trigger tessara.rotto after update on tblWorkspace "
                              "begin select raise(abort, 'disco'); end"));
-    EXPECT_FALSE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))));
-    EXPECT_EQ(patient->corvala().Carica(id)->idrif1, QStringLiteral("2025-0001"));
+    EXPECT_FALSE(patient_->corvala().Salva(id, plan(QStringLiteral("2025-0002"))));
+    EXPECT_EQ(patient_->corvala().Carica(id)->idrif1, QStringLiteral("2025-0001"));
     database_->command(onServer() ? QStringLiteral("alter table tessara.tblWorkspace drop constraint rotto")
                                   : QStringLiteral("drop trigger tessara.rotto"));
-    EXPECT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0002"))))
+    EXPECT_TRUE(patient_->corvala().Salva(id, plan(QStringLiteral("2025-0002"))))
         << "the next save is not caught in the failed one";
 }
 
 TEST_F(CorvalaRecordsTest, AnswersTheQuestionsOfNumberingAndPeriods) {
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
     const auto highest = [this](const char* year) {
         return rows(
             QStringLiteral(
@@ -140,10 +139,8 @@ TEST_F(CorvalaRecordsTest, AnswersTheQuestionsOfNumberingAndPeriods) {
     EXPECT_EQ(highest("2025")->RecordCount(), 1);
     EXPECT_TRUE(highest("2025")->value(QStringLiteral("HighestValue")).isNull());
     EXPECT_TRUE(highest("2025")->text(QStringLiteral("highestvalue")).isNull());
-    for (const char* number : {"2025-0002", "2025-0011", "2024-0099"}) {
-        QString id;
-        ASSERT_TRUE(patient->corvala().Salva(id, plan(QLatin1String(number))));
-    }
+    for (const char* number : {"2025-0002", "2025-0011", "2024-0099"})
+        saved(number);
     EXPECT_EQ(highest("2025")->text(QStringLiteral("HighestValue")), QStringLiteral("2025-0011"));
 
     const auto within = [this](const char* from, const char* to) {
@@ -162,62 +159,57 @@ TEST_F(CorvalaRecordsTest, AnswersTheQuestionsOfNumberingAndPeriods) {
 
 TEST_F(CorvalaRecordsTest, ExecutesOneStatementOrNothing) {
     desk::DatabaseService service(*database_, sign_);
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
-    QString id;
-    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    QString id = saved("2025-0001");
     service.Execute(
         QStringLiteral(
             "Update tessara.tblWorkspace SET Descrizione='Ex Corona',ModificatoDa='D''Amico' Where (id='%1')")
             .arg(id));
-    EXPECT_EQ(patient->corvala().Carica(id)->descrizione, QStringLiteral("Ex Corona"));
+    EXPECT_EQ(patient_->corvala().Carica(id)->descrizione, QStringLiteral("Ex Corona"));
     EXPECT_THROW(service.Execute(QStringLiteral("Update tessara.tblWorkspace SET Descrizione='Ex l'altra' Where 1=1")),
                  host::HostError);
-    EXPECT_EQ(patient->corvala().Carica(id)->descrizione, QStringLiteral("Ex Corona"));
+    EXPECT_EQ(patient_->corvala().Carica(id)->descrizione, QStringLiteral("Ex Corona"));
     EXPECT_EQ(service.Sign(), sign_);
 }
 
 TEST_F(CorvalaRecordsTest, AwkwardTextsRoundTrip) {
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
     for (const QString& text : awkwardTexts()) {
         auto dati = plan(QStringLiteral("2025-0001"), text.repeated(200));
         dati.descrizione = text;
         QString id;
-        ASSERT_TRUE(patient->corvala().Salva(id, dati));
-        EXPECT_EQ(patient->corvala().Carica(id)->descrizione, text);
-        EXPECT_EQ(patient->corvala().Carica(id)->m1, dati.m1);
+        ASSERT_TRUE(patient_->corvala().Salva(id, dati));
+        EXPECT_EQ(patient_->corvala().Carica(id)->descrizione, text);
+        EXPECT_EQ(patient_->corvala().Carica(id)->m1, dati.m1);
     }
     database_->runText(QStringLiteral("update tessara.tblWorkspace set m1=null, Data=null"));
-    EXPECT_TRUE(patient->corvala().Lista().first().m1.isNull());
-    EXPECT_FALSE(patient->corvala().Lista().first().Data.isValid());
+    EXPECT_TRUE(patient_->corvala().Lista().first().m1.isNull());
+    EXPECT_FALSE(patient_->corvala().Lista().first().Data.isValid());
 }
 
 TEST_F(CorvalaRecordsTest, AnInnerFailureUndoesTheOuterTransaction) {
     {
         desk::Transaction outer(*database_);
-        addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario"));
+        saved("2025-0001");
         { desk::Transaction abandoned(*database_); }
         EXPECT_THROW(outer.commit(), desk::DatabaseError);
     }
-    EXPECT_TRUE(database_->isEmpty());
-    addPatient(QStringLiteral("Verdi"), QStringLiteral("Anna"));
-    EXPECT_FALSE(database_->isEmpty());
+    EXPECT_TRUE(patient_->corvala().Lista().isEmpty());
+    saved("2025-0002");
+    EXPECT_EQ(patient_->corvala().Lista().size(), 1);
 }
 
 TEST_F(CorvalaRecordsTest, TheListShowsWhatAnyWorkstationWroteOrTookBack) {
-    const auto patient = bound(addPatient(QStringLiteral("Rossi"), QStringLiteral("Mario")));
     const auto numbers = [&] {
         QStringList found;
-        for (const host::RigaCorvala& row : patient->corvala().Lista())
+        for (const host::RigaCorvala& row : patient_->corvala().Lista())
             found << row.idrif1;
         return found;
     };
-    QString id;
-    ASSERT_TRUE(patient->corvala().Salva(id, plan(QStringLiteral("2025-0001"))));
+    QString id = saved("2025-0001");
     EXPECT_EQ(numbers(), QStringList{QStringLiteral("2025-0001")});
     {
         const auto workstation = reopened();
         desk::PatientRecord same(*workstation, sign_);
-        ASSERT_TRUE(same.Init(patient->ID()));
+        ASSERT_TRUE(same.Init(patient_->ID()));
         QString theirs;
         ASSERT_TRUE(same.corvala().Salva(theirs, plan(QStringLiteral("2025-0002"))));
         EXPECT_EQ(numbers(), (QStringList{QStringLiteral("2025-0001"), QStringLiteral("2025-0002")}));
@@ -226,8 +218,7 @@ TEST_F(CorvalaRecordsTest, TheListShowsWhatAnyWorkstationWroteOrTookBack) {
     EXPECT_EQ(numbers().size(), 1);
     {
         const desk::Transaction takenBack(*database_);
-        QString never;
-        ASSERT_TRUE(patient->corvala().Salva(never, plan(QStringLiteral("2025-0003"))));
+        saved("2025-0003");
         EXPECT_EQ(numbers().size(), 2);
     }
     EXPECT_EQ(numbers(), QStringList{QStringLiteral("2025-0001")});
