@@ -28,13 +28,13 @@ protected:
 
 TEST_F(ScenarioCommandsTest, TypesKeyByKeyAndLeavesTheField) {
     window.field(0)->setText(QStringLiteral("vecchio"));
-    expectPlays(QStringLiteral("type tbDati(0) \"Però 12,50 €\"\n"
-                               "expect tbDati(0) \"Però 12,50 €\"\n"
+    expectPlays(QStringLiteral("type tbDati(0) \"Però 12,50 € 🦷\"\n"
+                               "expect tbDati(0) \"Però 12,50 € 🦷\"\n"
                                "type tbNote \"una\\ndue\"\n"
                                "expect tbNote \"una\\ndue\"\n"
                                "type tbDati(0) \"\"\n"
                                "expect tbDati(0) \"\""));
-    const QStringList expected{QStringLiteral("tbDati(0)=Però 12,50 €"), QStringLiteral("tbDati(0)=")};
+    const QStringList expected{QStringLiteral("tbDati(0)=Però 12,50 € 🦷"), QStringLiteral("tbDati(0)=")};
     EXPECT_EQ(window.heard.filter(QStringLiteral("tbDati")), expected);
 }
 

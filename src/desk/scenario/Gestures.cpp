@@ -30,13 +30,14 @@ QWidget* editorOf(QWidget* control) {
     return control->findChild<QLineEdit*>();
 }
 
-void typeLetter(QWidget* editor, QChar letter) {
-    if (letter == QLatin1Char('\n')) {
+/// One character, which beyond the first 65,536 is two units of text but still one key.
+void typeLetter(QWidget* editor, char32_t letter) {
+    if (letter == U'\n') {
         QTest::keyClick(editor, Qt::Key_Return);
         return;
     }
-    const Qt::Key key = letter.unicode() < 128 ? QTest::asciiToKey(letter.toLatin1()) : Qt::Key_unknown;
-    QTest::sendKeyEvent(QTest::Click, editor, key, QString(letter), Qt::NoModifier);
+    const Qt::Key key = letter < 128 ? QTest::asciiToKey(static_cast<char>(letter)) : Qt::Key_unknown;
+    QTest::sendKeyEvent(QTest::Click, editor, key, QString::fromUcs4(&letter, 1), Qt::NoModifier);
 }
 
 QWidget* nextStop(QWidget* from) {
@@ -101,7 +102,8 @@ bool typeText(QWidget* control, const QString& text) {
     focus(editor);
     press(editor, Qt::CTRL | Qt::Key_A);
     press(editor, Qt::Key_Delete);
-    for (const QChar letter : text) {
+    const auto letters = text.toUcs4();
+    for (const char32_t letter : letters) {
         if (editor) typeLetter(editor, letter);
     }
     if (editor) leave(editor);
