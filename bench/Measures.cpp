@@ -1,5 +1,7 @@
 #include "Measures.h"
 
+#include "Median.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <sys/resource.h>
@@ -32,10 +34,7 @@ void Measures::ReportRuns(const std::vector<Run>& runs) {
 
 double Measures::median(const std::string& name) const {
     const auto found = times_.find(name);
-    if (found == times_.end()) return 0;
-    std::vector<double> times = found->second;
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
+    return found == times_.end() ? 0 : medianOf(found->second);
 }
 
 void Measures::printRatio(const char* what, const std::string& measured, const std::string& floor, double limit) const {

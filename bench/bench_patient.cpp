@@ -1,5 +1,6 @@
 #include "BenchPractice.h"
 #include "Measures.h"
+#include "Median.h"
 #include "PlanSample.h"
 
 #include "desk/data/Transaction.h"
@@ -17,9 +18,9 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <vector>
 
 // A patient with 200 records opened in the desk: events, lists, panels and ribbon, against the bare queries that
 // this takes. And the ribbon of the module built in a new main window.
@@ -94,10 +95,10 @@ void bareQueries(benchmark::State& state, const QSqlDatabase& connection, const 
     }
 }
 
-/// Milliseconds of this process for the module's ribbon, in a main window where there is none yet; the shortest of
-/// some.
+/// Milliseconds of this process for the module's ribbon, in a main window where there is none yet; the median of
+/// some, negative when none was built.
 double buildRibbon(const desk::Options& options) {
-    double best = 1e9;
+    std::vector<double> times;
     for (int i = 0; i < RIBBONS; ++i) {
         const auto desk = desk::Desk::open(options);
         Plugin plugin;
@@ -105,11 +106,10 @@ double buildRibbon(const desk::Options& options) {
         QVariantList form{QVariant::fromValue(dynamic_cast<host::HostForm*>(desk->window()))};
         const std::clock_t start = std::clock();
         plugin.evento(QStringLiteral("form.load"), &desk->host(), form);
-        const double time = 1e3 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+        times.push_back(1e3 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
         if (idComandi.sintesi == 0) return -1;
-        best = std::min(best, time);
     }
-    return best;
+    return medianOf(times);
 }
 
 } // namespace
@@ -138,7 +138,7 @@ int main(int argc, char** argv) {
     Measures measures;
     benchmark::RunSpecifiedBenchmarks(&measures);
     measures.printRatio("patient with 200 records", "openPatient", "bareQueries", LIMIT);
-    std::printf("ribbon of the module %.1f ms  limit %.0f ms  %s\n", ribbon, RIBBON_LIMIT,
+    std::printf("%-44s median %9.3f ms  limit %.0f ms  %s\n", "ribbon of the module", ribbon, RIBBON_LIMIT,
                 ribbon >= 0 && ribbon <= RIBBON_LIMIT ? "ok" : "TOO SLOW");
     return 0;
 }

@@ -1,3 +1,5 @@
+#include "Median.h"
+
 #include "desk/data/Database.h"
 #include "desk/data/PatientDirectory.h"
 #include "desk/data/Transaction.h"
@@ -57,11 +59,6 @@ void fill(desk::Database& database) {
         patients.insert(patient);
     }
     transaction.commit();
-}
-
-double medianOf(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
 }
 
 struct Times {

@@ -1,4 +1,5 @@
 #include "EndWhenUsable.h"
+#include "Median.h"
 
 #include "desk/shell/Desk.h"
 #include "desk/shell/DeskApplication.h"
@@ -10,7 +11,6 @@
 #include <QMainWindow>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <algorithm>
 #include <cstdio>
 #include <unistd.h>
 #include <vector>
@@ -48,11 +48,6 @@ double timeOf(const QString& program, const QStringList& arguments) {
     process.start(program, arguments);
     if (!process.waitForFinished() || process.exitCode() != 0) return -1;
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-double medianOf(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
 }
 
 int measure(int argc, char** argv) {
