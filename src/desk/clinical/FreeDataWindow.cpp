@@ -6,12 +6,12 @@
 #include "desk/data/Database.h"
 #include "desk/data/FreeData.h"
 #include "desk/data/Guarded.h"
+#include "desk/icons/DeskIcon.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QPointer>
 #include <QPushButton>
 #include <QSplitter>
@@ -32,7 +32,7 @@ FreeDataWindow::FreeDataWindow(FreeData& archive, const RoomServices& services, 
     , services_(services) {
     setObjectName(QStringLiteral("frmArchivioDati"));
     setWindowTitle(QStringLiteral("Archivio dati"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/archivi.svg")));
+    setWindowIcon(deskIcon("archivi"));
     auto room = std::make_unique<FreeDataRoom>(archive, services);
     room_ = room.get();
     page_ = new RoomPage(std::move(room), services.database, this);

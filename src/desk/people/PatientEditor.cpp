@@ -2,6 +2,7 @@
 
 #include "desk/data/Guarded.h"
 #include "desk/data/PatientDirectory.h"
+#include "desk/icons/DeskIcon.h"
 #include "desk/people/PatientMerge.h"
 #include "desk/people/TaxCode.h"
 #include "platform/Clock.h"
@@ -14,7 +15,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -93,7 +93,7 @@ PatientEditor::PatientEditor(PatientDirectory& patients, const QList<UserData>& 
     , patients_(patients)
     , users_(users) {
     setObjectName(QStringLiteral("frmPaziente"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/anagrafica.svg")));
+    setWindowIcon(deskIcon("anagrafica"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(14, 14, 14, 14);
     column->setSpacing(10);

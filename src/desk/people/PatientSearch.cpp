@@ -2,6 +2,7 @@
 
 #include "desk/data/Guarded.h"
 #include "desk/data/PatientDirectory.h"
+#include "desk/icons/DeskIcon.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
 #include "platform/Regional.h"
@@ -9,7 +10,6 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,7 +25,7 @@ PatientSearch::PatientSearch(PatientDirectory& patients, QWidget* parent)
     , patients_(patients) {
     setObjectName(QStringLiteral("frmCercaPaziente"));
     setWindowTitle(QStringLiteral("Cerca paziente"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/cerca.svg")));
+    setWindowIcon(deskIcon("cerca"));
 
     text_ = platform::form::textBox(QStringLiteral("tbCerca"), this);
     text_->setPlaceholderText(QStringLiteral("Scrivere una parte del testo da cercare"));

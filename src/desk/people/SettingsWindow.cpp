@@ -1,6 +1,7 @@
 #include "desk/people/SettingsWindow.h"
 
 #include "desk/data/Guarded.h"
+#include "desk/icons/DeskIcon.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
@@ -9,7 +10,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPalette>
 #include <QPushButton>
@@ -31,7 +31,7 @@ SettingsWindow::SettingsWindow(host::Items& items, const Desk& desk, QWidget* pa
                                 QStringLiteral("ckPosizione"))) {
     setObjectName(QStringLiteral("frmImpostazioni"));
     setWindowTitle(QStringLiteral("Impostazioni"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/impostazioni.svg")));
+    setWindowIcon(deskIcon("impostazioni"));
     auto* owner = platform::form::named(new QLabel(this), QStringLiteral("laUtente"));
     owner->setTextFormat(Qt::PlainText);
     owner->setWordWrap(true);

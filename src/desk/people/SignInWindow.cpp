@@ -1,11 +1,11 @@
 #include "desk/people/SignInWindow.h"
 
 #include "desk/data/Guarded.h"
+#include "desk/icons/DeskIcon.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -40,10 +40,10 @@ SignInWindow::SignInWindow(SignIn& signIn, const QList<UserData>& users, QWidget
     , second_(new QTimer(this)) {
     setObjectName(QStringLiteral("frmAccesso"));
     setWindowTitle(QStringLiteral("Tessara 5000 – Accesso"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/tessara.svg")));
+    setWindowIcon(deskIcon("tessara"));
     build();
     for (const UserData& each : std::as_const(users_))
-        list_->addItem(new QListWidgetItem(QIcon(QStringLiteral(":/desk/icons/paziente.svg")), shownAs(each)));
+        list_->addItem(new QListWidgetItem(deskIcon("paziente"), shownAs(each)));
 
     second_->setInterval(1000);
     connect(second_, &QTimer::timeout, this, &SignInWindow::showState);

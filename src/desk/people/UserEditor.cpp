@@ -2,6 +2,7 @@
 
 #include "desk/data/Guarded.h"
 #include "desk/data/UserDirectory.h"
+#include "desk/icons/DeskIcon.h"
 #include "desk/people/TaxCode.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
@@ -12,7 +13,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -48,7 +48,7 @@ UserEditor::UserEditor(UserDirectory& users, SignIn& signIn, UserData signedIn, 
     , signIn_(signIn)
     , signedIn_(std::move(signedIn)) {
     setObjectName(QStringLiteral("frmUtente"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/utenti.svg")));
+    setWindowIcon(deskIcon("utenti"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(14, 14, 14, 14);
     column->setSpacing(12);

@@ -2,6 +2,7 @@
 
 #include "desk/data/Guarded.h"
 #include "desk/data/UserDirectory.h"
+#include "desk/icons/DeskIcon.h"
 #include "desk/people/UserEditor.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
@@ -9,7 +10,6 @@
 #include "platform/ReportGrid.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -26,7 +26,7 @@ UserList::UserList(UserDirectory& users, SignIn& signIn, QString signedInId, QWi
     , signedInId_(std::move(signedInId)) {
     setObjectName(QStringLiteral("frmUtenti"));
     setWindowTitle(QStringLiteral("Utenti dello studio"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/utenti.svg")));
+    setWindowIcon(deskIcon("utenti"));
     buildGrid();
     QPushButton* add = platform::form::button(QStringLiteral("cbNuovo"), QStringLiteral("&Nuovo"), this);
     edit_ = platform::form::button(QStringLiteral("cbModifica"), QStringLiteral("&Modifica"), this);

@@ -9,11 +9,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-/// Outside every namespace, as Qt wants it for pictures in a static library.
-static void embedPictures() {
-    Q_INIT_RESOURCE(icons);
-}
-
 namespace desk {
 
 namespace {
@@ -34,7 +29,6 @@ Desk::Desk(std::unique_ptr<Parts> parts)
 Desk::~Desk() = default;
 
 std::unique_ptr<Desk> Desk::open(const Options& options) {
-    embedPictures();
     useConfigFolder(options.configDir);
     auto parts = std::make_unique<Parts>(Practice::open(options));
     // A script finds its windows in the same size on every run.

@@ -1,5 +1,6 @@
 #include "desk/shell/DeskCommands.h"
 
+#include "desk/icons/DeskIcon.h"
 #include "desk/shell/CommandList.h"
 #include "desk/shell/RibbonBar.h"
 #include "desk/shell/RibbonGroupBox.h"
@@ -125,7 +126,7 @@ void buildStandardRibbon(RibbonBar& ribbon, CommandList& commands) {
             group = nullptr;
         }
         if (!group || group->Caption() != caption) group = page->insertGroup(caption);
-        commands.setPicture(row.id, QIcon(QStringLiteral(":/desk/icons/%1.svg").arg(QLatin1String(row.icon))));
+        commands.setPicture(row.id, deskIcon(row.icon));
         Command* command = commands.add(describe(row));
         for (const Entry& entry : ENTRIES) {
             if (entry.menu != row.id) continue;

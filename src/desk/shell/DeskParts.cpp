@@ -14,7 +14,6 @@
 #include "platform/Dialogs.h"
 
 #include <QCoreApplication>
-#include <QMdiSubWindow>
 #include <QStatusBar>
 #include <QTimer>
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "desk/shell/MainWindow.h"
 
+#include "desk/icons/DeskIcon.h"
 #include "desk/shell/ChildWindows.h"
 #include "desk/shell/CommandAction.h"
 #include "desk/shell/CommandList.h"
@@ -30,7 +31,7 @@ MainWindow::MainWindow(CommandList& commands)
     : commands_(commands) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tessara 5000"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/tessara.svg")));
+    setWindowIcon(deskIcon("tessara"));
     setContextMenuPolicy(Qt::NoContextMenu);
     buildRibbon();
     buildMenu();
@@ -99,7 +100,7 @@ void MainWindow::buildCentre() {
     auto* row = new QHBoxLayout(warning_);
     row->setContentsMargins(10, 5, 6, 5);
     auto* picture = new QLabel(warning_);
-    picture->setPixmap(QIcon(QStringLiteral(":/desk/icons/avviso.svg")).pixmap(QSize(18, 18), devicePixelRatioF()));
+    picture->setPixmap(deskIcon("avviso").pixmap(QSize(18, 18), devicePixelRatioF()));
     warningText_ = new QLabel(warning_);
     warningText_->setObjectName(QStringLiteral("laAvviso"));
     warningText_->setTextFormat(Qt::PlainText);

@@ -3,13 +3,13 @@
 #include "desk/clinical/ClinicalRooms.h"
 #include "desk/data/PatientData.h"
 #include "desk/data/PatientRecord.h"
+#include "desk/icons/DeskIcon.h"
 #include "desk/shell/PanelPage.h"
 #include "desk/shell/PatientHeader.h"
 #include "platform/FormRegistry.h"
 #include "platform/ReportGrid.h"
 
 #include <QCloseEvent>
-#include <QIcon>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -20,7 +20,7 @@ namespace desk {
 PatientDesk::PatientDesk(const QList<Panel>& panels, host::Framework& framework, const RoomServices& services)
     : panels_(panels) {
     setObjectName(QStringLiteral("frmAmbulatorio"));
-    setWindowIcon(QIcon(QStringLiteral(":/desk/icons/paziente.svg")));
+    setWindowIcon(deskIcon("paziente"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
