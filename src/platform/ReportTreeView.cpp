@@ -3,12 +3,10 @@
 #include "platform/ReportGridDelegate.h"
 #include "platform/ReportGridModel.h"
 
-#include <QApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QToolTip>
 #include <algorithm>
 

@@ -18,8 +18,8 @@ namespace desk {
 
 namespace {
 
-constexpr qint64 PART =
-    1024 * 1024; ///< Bytes that pass through memory at a time; on a server some twenty times as much.
+/// Bytes that pass through memory at a time; on a server some twenty times as much.
+constexpr qint64 PART = 1024 * 1024;
 
 host::VoceFile fileOf(const Query& query) {
     return {query.text(0), query.text(1), query.moment(2), query.text(3)};

@@ -97,7 +97,6 @@ QString PostgresDialect::contains(const QString& column) const {
     return QStringLiteral("strpos(%1, ?) > 0").arg(column);
 }
 
-// No cheap sign of other workstations' writes: whoever asks must assume them.
 QString PostgresDialect::explain(const QSqlError& error) const {
     return QStringLiteral("Errore del server: %1").arg(firstLine(error));
 }

@@ -4,7 +4,8 @@
 
 namespace desk {
 
-/// A server that several workstations share; the practice lies in a schema of its own in one of its databases.
+/// A server that several workstations share; the practice lies in a schema of its own in one of its databases. It gives
+/// no cheap sign of what the others write: whoever asks must assume that they did.
 class PostgresDialect : public Dialect {
 public:
     QString driver() const override { return QStringLiteral("QPSQL"); }

@@ -10,6 +10,7 @@ class Database;
 /// A practice that moves to another database system, from its file to a server or back.
 namespace practice_transfer {
 
+/// How many rows of a table arrived.
 struct Moved {
     QString table;
     int rows = 0;
