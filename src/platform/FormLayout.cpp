@@ -24,6 +24,15 @@ QString spokenName(const QString& caption) {
     return name.trimmed();
 }
 
+/// The caption of a control. With the line under its key it is drawn a little wider than it measures, which without
+/// the room for it cuts the colon.
+class Caption : public QLabel {
+public:
+    using QLabel::QLabel;
+    QSize sizeHint() const override { return QLabel::sizeHint() + QSize(2, 0); }
+    QSize minimumSizeHint() const override { return QLabel::minimumSizeHint() + QSize(2, 0); }
+};
+
 /// A control that grows downwards has its caption beside its first line.
 bool growsDown(const QWidget* control) {
     return (control->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag) != 0;
@@ -75,7 +84,7 @@ QFrame* titleStrip(const QString& title, const QString& hint, QWidget* parent) {
 }
 
 QLabel* labelledRow(QGridLayout* grid, int row, int column, const QString& caption, QWidget* control, int span) {
-    auto* label = new QLabel(caption, grid->parentWidget());
+    auto* label = new Caption(caption, grid->parentWidget());
     label->setBuddy(control);
     // A box of several controls hands the keyboard on to one of them, which is then the one that is spoken of.
     for (QWidget* spoken : {control, control->focusProxy()})
