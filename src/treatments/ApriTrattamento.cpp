@@ -5,8 +5,11 @@
 #include "host/contract/Host.h"
 #include "host/frmOggetti.h"
 #include "host/modComandi.h"
+#include "platform/Collection.h"
+#include "platform/Dialogs.h"
 #include "platform/FormRegistry.h"
 #include "store/modPazienti.h"
+#include "treatments/clsTrattamenti.h"
 #include "treatments/frmEditTrattamento.h"
 #include "treatments/frmMDITrattamenti.h"
 #include "treatments/modTrattamenti.h"
@@ -49,6 +52,19 @@ void ApriTrattamento(const QString& id) {
     oConfig->RefreshGUITrattamento();
     if (auto* oggetti = qobject_cast<frmOggetti*>(platform::FormRegistry::find(QStringLiteral("frmOggetti"))))
         oggetti->RefreshDatiPaziente();
+}
+
+bool EliminaTrattamento(host::Paziente& paziente, const QString& id) {
+    try {
+        return oTrattamenti->Elimina(paziente, id);
+    } catch (const platform::DuplicateKey& errore) {
+        // What hangs on such a plan cannot be told for sure, so it is not deleted in part.
+        platform::dialogs().message(
+            QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!\r\nErrore: ") +
+                QString::fromUtf8(errore.what()),
+            platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
+    }
+    return false;
 }
 
 void registraTrattamenti(Comandi& comandi) {

@@ -4,9 +4,17 @@
 
 class Comandi;
 
+namespace host {
+class Paziente;
+}
+
 /// Opens the plan editor, modal, on a plan of the open patient; a new one with an empty id. After a good confirm what
 /// is open is refreshed.
 void ApriTrattamento(const QString& id);
+
+/// Deletes a plan of that patient as the manager does, questions included. One that cannot be read whole is told of and
+/// stays as it is; false then, and when the user decides against it.
+bool EliminaTrattamento(host::Paziente& paziente, const QString& id);
 
 /// Adds the commands of the plans: the practice-wide list, a new plan, the plan of the patient.
 void registraTrattamenti(Comandi& comandi);

@@ -51,6 +51,6 @@ void clsViewTrattamenti::esegui(int command, platform::ReportGrid& grid) {
     if (command == COMANDO_MODIFICA) ApriTrattamento(scelto->tag);
     if (command != COMANDO_ELIMINA) return;
     const QString id = scelto->tag;
-    if (!oTrattamenti->Elimina(*PazienteAperto(), id)) return;
+    if (!EliminaTrattamento(*PazienteAperto(), id)) return;
     if (grid.focusedRecord() == scelto) grid.removeRecord(scelto);
 }

@@ -232,6 +232,7 @@ bool frmEditRigoTrattamento::eventFilter(QObject* watched, QEvent* event) {
         tbNote_->setPalette(colori);
         return true;
     }
+    // In the note, which has lines, Enter writes one, on purpose; Tab leaves it.
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {

@@ -1,8 +1,6 @@
 #include "treatments/frmMDITrattamenti.h"
 
-#include "host/context.h"
 #include "host/contract/Host.h"
-#include "platform/Dialogs.h"
 #include "platform/Regional.h"
 #include "platform/ReportRecord.h"
 #include "treatments/ApriTrattamento.h"
@@ -55,14 +53,5 @@ void frmMDITrattamenti::apri(const QString& id) {
 }
 
 bool frmMDITrattamenti::elimina(host::Paziente& paziente, const QString& id) {
-    try {
-        return oTrattamenti->Elimina(paziente, id);
-    } catch (const platform::DuplicateKey& errore) {
-        // What hangs on such a plan cannot be told for sure, so it is not deleted in part.
-        platform::dialogs().message(
-            QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!\r\nErrore: ") +
-                QString::fromUtf8(errore.what()),
-            platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
-    }
-    return false;
+    return EliminaTrattamento(paziente, id);
 }

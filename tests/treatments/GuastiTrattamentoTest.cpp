@@ -74,6 +74,12 @@ TEST_F(Guasti, TellsTheDoubledNumberAndLeavesTheRecordAsItWas) {
     EXPECT_FALSE(trova<QPushButton>(QStringLiteral("cbConferma"))->isEnabled());
     premi(QStringLiteral("cbAnnulla"));
     EXPECT_FALSE(finestra_->isVisible());
+    platform::ReportGrid griglia;
+    vista().refreshGrid(&griglia, doppio.ID);
+    vista().PopupExecute(10079, &griglia); // deletes
+    ASSERT_EQ(dialoghi_.messaggi.size(), 2) << "the panel says nothing";
+    EXPECT_EQ(dialoghi_.messaggi[1], dialoghi_.messaggi[0]);
+    EXPECT_EQ(griglia.rowCount(), 1);
     EXPECT_EQ(riga(QStringLiteral("2026-0002"))->m1, prima);
 }
 
