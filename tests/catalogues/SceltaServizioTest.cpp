@@ -3,6 +3,7 @@
 #include "config/clsItemRaggMerc.h"
 #include "platform/ReportGrid.h"
 #include "support/ServiceFile.h"
+#include "support/Text.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -15,10 +16,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 struct Visit {
     QDialog* window;

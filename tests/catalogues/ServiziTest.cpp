@@ -2,16 +2,14 @@
 #include "catalogues/modServizi.h"
 #include "config/clsItemRaggMerc.h"
 #include "platform/XmlDocument.h"
+#include "support/Places.h"
 #include "support/ServiceFile.h"
+#include "support/Text.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 clsItemServizio sample(const char* id) {
     clsItemServizio item;
@@ -206,7 +204,7 @@ TEST(ModRaggrMerc, TheLastOfSeveralMatchesCounts) {
 
 TEST(ServicesTemplate, HoldsTheServicesOfAPracticeWithValidCodes) {
     platform::XmlDocument configuration;
-    ASSERT_TRUE(configuration.loadFile(u8(CORVALA_DATA_DIR "/Config.xml")));
+    ASSERT_TRUE(configuration.loadFile(places::data("/Config.xml")));
     QStringList rates;
     QStringList groups;
     for (const auto& node : configuration.select("//accise/iva"))
@@ -214,9 +212,9 @@ TEST(ServicesTemplate, HoldsTheServicesOfAPracticeWithValidCodes) {
     for (const auto& node : configuration.select("//ragruppamentiMerciologici/ragruppamento"))
         groups.append(node.attribute("codice", QString()));
 
-    clsServizi servizi([] { return u8(CORVALA_DATA_DIR "/DB/tabellaServizi.xml"); });
+    clsServizi servizi([] { return places::data("/DB/tabellaServizi.xml"); });
     platform::XmlDocument document;
-    ASSERT_TRUE(document.loadFile(u8(CORVALA_DATA_DIR "/DB/TabellaServizi.xml")));
+    ASSERT_TRUE(document.loadFile(places::data("/DB/TabellaServizi.xml")));
     ASSERT_EQ(servizi.Lista().size(), document.select("/servizi/servizio").size()) << "an entry ends the reading";
     for (const clsItemServizio& item : servizi.Lista()) {
         SCOPED_TRACE(item.ID.toStdString());

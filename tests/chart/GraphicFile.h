@@ -3,13 +3,10 @@
 #include "chart/clsGraphical.h"
 #include "host/context.h"
 #include "platform/Files.h"
+#include "support/Text.h"
 
 #include <QImage>
 #include <QTemporaryDir>
-
-inline QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A Graphical.xml of its own with real pictures beside it; "[app.path]" is its folder for its lifetime.
 class GraphicFile {

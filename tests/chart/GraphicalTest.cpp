@@ -2,6 +2,7 @@
 #include "chart/PictureFiles.h"
 #include "chart/modDenti.h"
 #include "platform/XmlDocument.h"
+#include "support/Places.h"
 
 #include <QSet>
 #include <gtest/gtest.h>
@@ -99,10 +100,10 @@ TEST(Graphical, StatusColoursIgnoreCaseAndOtherColoursAreRefused) {
 TEST(GraphicalTemplate, NamesPicturesThatAreThere) {
     clsGraphical graphical;
     const QString previous = sAppPath;
-    sAppPath = u8(CORVALA_DATA_DIR);
-    ASSERT_TRUE(graphical.Init(u8(CORVALA_DATA_DIR "/Graphical.xml")));
+    sAppPath = places::data();
+    ASSERT_TRUE(graphical.Init(places::data("/Graphical.xml")));
     platform::XmlDocument configuration;
-    ASSERT_TRUE(configuration.loadFile(u8(CORVALA_DATA_DIR "/Config.xml")));
+    ASSERT_TRUE(configuration.loadFile(places::data("/Config.xml")));
     QStringList situations{QString()};
     for (const auto& node : configuration.select("//situazioniDenti/situazione"))
         situations.append(node.attribute("id", QString()));
@@ -115,7 +116,7 @@ TEST(GraphicalTemplate, NamesPicturesThatAreThere) {
         }
     }
     platform::XmlDocument document;
-    ASSERT_TRUE(document.loadFile(u8(CORVALA_DATA_DIR "/Graphical.xml")));
+    ASSERT_TRUE(document.loadFile(places::data("/Graphical.xml")));
     QSet<QString> named;
     for (const auto& node : document.select("//*[@image or @redImage]")) {
         for (const char* attribute : {"image", "eyeImage", "redImage", "yellowImage", "greenImage"})

@@ -1,9 +1,10 @@
-#include "chart/ToothChart.h"
 #include "chart/ComposizioneDenti.h"
 #include "chart/EvidencePanel.h"
 #include "chart/GraphicFile.h"
 #include "chart/PictureLabel.h"
 #include "chart/ToothBox.h"
+#include "chart/ToothChart.h"
+#include "support/Places.h"
 
 #include <QAccessible>
 #include <QLabel>
@@ -75,9 +76,9 @@ TEST(ToothChart, ShowsTheCompositionToothByTooth) {
 
 TEST(ToothChart, AToothWithoutAPictureIsDrawnAsTheArtworkDrawsIt) {
     const QString previous = sAppPath;
-    sAppPath = u8(CORVALA_DATA_DIR);
+    sAppPath = places::data();
     clsGraphical artwork;
-    ASSERT_TRUE(artwork.Init(u8(CORVALA_DATA_DIR "/Graphical.xml")));
+    ASSERT_TRUE(artwork.Init(places::data("/Graphical.xml")));
     const clsGraphical nothing;
     ComposizioneDenti pictures(artwork);
     ComposizioneDenti bare(nothing);

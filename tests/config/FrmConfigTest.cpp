@@ -2,6 +2,7 @@
 #include "platform/FormRegistry.h"
 #include "platform/ReportGrid.h"
 #include "support/StudioConModulo.h"
+#include "support/Text.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -18,10 +19,6 @@
 #include <functional>
 
 namespace {
-
-QString u8(const char* testo) {
-    return QString::fromUtf8(testo);
-}
 
 /// The window of the settings on a running practice, opened by its command and worked as a person does.
 class FrmConfigTest : public StudioConModulo {

@@ -1,6 +1,6 @@
 #include "PracticeFixture.h"
-
 #include "desk/data/DatabaseService.h"
+#include "support/Places.h"
 
 #include <QHash>
 #include <QProcess>
@@ -22,7 +22,7 @@ TEST_F(CrashTest, AKilledProgramLeavesOldOrNewRecordsOnly) {
     QRandomGenerator random(20251122);
     for (int round = 0; round < 12; ++round) {
         QProcess helper;
-        helper.start(QStringLiteral(DESK_DATA_HELPER), {QStringLiteral("save"), path(), patientId});
+        helper.start(places::deskDataHelper(), {QStringLiteral("save"), path(), patientId});
         ASSERT_TRUE(helper.waitForStarted());
         QByteArray announced;
         for (const int saves = random.bounded(25); announced.count('\n') < saves;

@@ -1,7 +1,7 @@
 #include "PracticeFixture.h"
-
 #include "desk/data/DatabaseService.h"
 #include "desk/data/Migrations.h"
+#include "support/Places.h"
 
 #include <QCryptographicHash>
 #include <QElapsedTimer>
@@ -196,7 +196,7 @@ TEST_F(OpeningTest, TellsReadOnlyFilesAndFolders) {
     database_.reset();
     const auto answer = [this] {
         QProcess helper;
-        helper.start(QStringLiteral(DESK_DATA_HELPER), {QStringLiteral("open"), path()});
+        helper.start(places::deskDataHelper(), {QStringLiteral("open"), path()});
         helper.waitForFinished();
         return QString::fromUtf8(helper.readAllStandardOutput());
     };

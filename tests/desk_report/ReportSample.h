@@ -3,6 +3,7 @@
 #include "desk/report/ReportDocument.h"
 #include "desk/report/ReportLayout.h"
 #include "desk/report/ReportLayouts.h"
+#include "support/Text.h"
 
 #include <QMap>
 #include <QProcess>
@@ -15,10 +16,6 @@
 namespace sample {
 
 using Variables = QMap<QString, QVariant>;
-
-inline QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 inline QString row(const QStringList& fields) {
     return fields.join(QChar(7));

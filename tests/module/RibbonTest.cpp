@@ -17,10 +17,6 @@
 
 namespace {
 
-QString u8(const char* testo) {
-    return QString::fromUtf8(testo);
-}
-
 class Ribbon : public StudioConModulo {
 protected:
     /// Changes the text of the working configuration before a start.
@@ -293,3 +289,4 @@ TEST_F(Ribbon, TheModulesOwnCommands) {
 }
 
 #include "RibbonTest.moc"
+#include "support/Text.h"

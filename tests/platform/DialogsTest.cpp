@@ -1,5 +1,6 @@
 #include "platform/Dialogs.h"
 #include "platform/FormRegistry.h"
+#include "support/Text.h"
 
 #include <QWidget>
 #include <gtest/gtest.h>
@@ -9,10 +10,6 @@ using platform::Answer;
 using platform::FormRegistry;
 
 namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 std::unique_ptr<QWidget> form(const char* name) {
     auto widget = std::make_unique<QWidget>();

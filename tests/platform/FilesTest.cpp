@@ -1,5 +1,6 @@
 #include "platform/Files.h"
 #include "platform/SpecialFolders.h"
+#include "support/Text.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,10 +13,6 @@
 namespace files = platform::files;
 
 namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// A disk that is full beyond so many bytes, for its own lifetime.
 class FullDisk {

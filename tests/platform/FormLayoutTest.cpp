@@ -1,4 +1,5 @@
 #include "platform/FormLayout.h"
+#include "support/Text.h"
 
 #include <QApplication>
 #include <QDateEdit>
@@ -10,14 +11,6 @@
 #include <gtest/gtest.h>
 
 namespace form = platform::form;
-
-namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-} // namespace
 
 TEST(FormLayout, CaptionNamesItsControlAndItsLetterReachesIt) {
     QWidget window;

@@ -1,6 +1,7 @@
 #include "platform/QtDialogs.h"
 #include "platform/TaskMarkup.h"
 #include "platform/Theme.h"
+#include "support/Text.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -23,10 +24,6 @@ using platform::Answer;
 using platform::QtDialogs;
 
 namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// Does the steps, one after the other, each when a window for it has come up.
 class Hands : public QObject {

@@ -1,5 +1,6 @@
-#include "platform/Regional.h"
 #include "platform/Clock.h"
+#include "platform/Regional.h"
+#include "support/Text.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -7,14 +8,6 @@
 
 using platform::Regional;
 using platform::regional;
-
-namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-} // namespace
 
 TEST(Regional, FormatsEveryPatternRoundingOnTheDigitsShown) {
     const struct {

@@ -1,5 +1,6 @@
-#include "platform/XmlDocument.h"
 #include "platform/Files.h"
+#include "platform/XmlDocument.h"
+#include "support/Text.h"
 
 #include <QFile>
 #include <QStringEncoder>
@@ -11,10 +12,6 @@ using platform::XmlError;
 using platform::XmlNode;
 
 namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 XmlDocument loaded(const char* text) {
     XmlDocument document;

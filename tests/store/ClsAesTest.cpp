@@ -1,16 +1,9 @@
-#include "store/clsAES.h"
 #include "platform/Files.h"
+#include "store/clsAES.h"
+#include "support/Text.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-} // namespace
 
 TEST(ClsAes, EncodesSingleBytesInBase64) {
     const struct {

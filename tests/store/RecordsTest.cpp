@@ -5,6 +5,7 @@
 #include "store/modLock.h"
 #include "store/modProgressivi.h"
 #include "store/modWorkspace.h"
+#include "support/Text.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,10 +13,6 @@
 #include <unistd.h>
 
 namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 struct Nota : WorkspaceItem {
     QString testo;

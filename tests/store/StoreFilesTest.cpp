@@ -1,17 +1,10 @@
 #include "platform/Files.h"
 #include "store/modConversioni.h"
 #include "store/modFile.h"
+#include "support/Text.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-namespace {
-
-QString u8(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-} // namespace
 
 TEST(Conversioni, FailuresAreNoughtAndHalvesGoToTheEvenNumber) {
     const struct {

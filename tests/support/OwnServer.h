@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Places.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QString>
@@ -29,7 +31,7 @@ private:
     QString control(const char* action) const {
         QProcess script;
         script.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        script.start(QStringLiteral(WITH_POSTGRES),
+        script.start(places::tests("/with-postgres.sh"),
                      {QLatin1String(action), folder_.filePath(QStringLiteral("server"))});
         script.waitForFinished(60000);
         return QString::fromUtf8(script.readAllStandardOutput()).trimmed();

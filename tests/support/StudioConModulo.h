@@ -10,6 +10,7 @@
 #include "platform/SpecialFolders.h"
 #include "platform/XmlDocument.h"
 #include "support/DialoghiDiProva.h"
+#include "support/Places.h"
 #include "support/PracticeDatabase.h"
 
 #include <QTemporaryDir>
@@ -21,7 +22,7 @@ class StudioConModulo : public testing::Test {
 protected:
     StudioConModulo() {
         platform::setClock(QDateTime(QDate(2026, 3, 10), QTime(9, 30)));
-        sAppPath = QStringLiteral(CORVALA_APP_DIR);
+        sAppPath = places::app();
         opzioni_.databaseUrl = archivio_.url();
         opzioni_.configDir = cartella_.filePath(QStringLiteral("config"));
         opzioni_.demo = true;

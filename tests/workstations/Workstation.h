@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/XmlDocument.h"
+#include "support/Places.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -21,7 +22,7 @@ public:
     SharedFolder() {
         EXPECT_TRUE(QDir(folder_.path()).mkpath(QStringLiteral("DB")));
         EXPECT_TRUE(QDir(folder_.path()).mkpath(QStringLiteral("segni")));
-        const QString templates = QStringLiteral(CORVALA_APP_DIR "/DB/");
+        const QString templates = places::app("/DB/");
         for (const QString& name : platform::files::list(templates, QStringLiteral("*.xml")))
             EXPECT_TRUE(platform::files::copy(templates + name, path("DB/") + name));
     }
@@ -52,7 +53,7 @@ public:
     Workstation(const SharedFolder& shared, const QString& database, const char* scriptName) {
         prepareConfig(shared);
         const auto written =
-            platform::files::read(QStringLiteral(WORKSTATION_SCRIPTS "/%1.txt").arg(QLatin1String(scriptName)));
+            platform::files::read(places::tests("/workstations/%1.txt").arg(QLatin1String(scriptName)));
         EXPECT_TRUE(written) << scriptName;
         QString script = QString::fromUtf8(written.value_or(QByteArray()));
         script.replace(QLatin1String("segni/"), shared.path("segni/"));
@@ -65,7 +66,7 @@ public:
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), folder_.path());
         program_.setProcessEnvironment(environment);
         program_.setProcessChannelMode(QProcess::MergedChannels);
-        program_.start(QStringLiteral(CORVALA_APP_DIR "/tessara"),
+        program_.start(places::app("/tessara"),
                        {QStringLiteral("--db"), database, QStringLiteral("--config-dir"),
                         folder_.filePath(QStringLiteral("config")), QStringLiteral("--scenario"), file.fileName(),
                         QStringLiteral("--out"), folder_.filePath(QStringLiteral("out"))});
@@ -92,7 +93,7 @@ private:
         const QString own = folder_.filePath(QStringLiteral("config/Lumetra/Tessara 5000 V6/Corvala"));
         ASSERT_TRUE(QDir().mkpath(own));
         platform::XmlDocument config;
-        ASSERT_TRUE(config.loadFile(QStringLiteral(CORVALA_APP_DIR "/Config.xml")));
+        ASSERT_TRUE(config.loadFile(places::app("/Config.xml")));
         config.selectOne("//parameter[@name='dbPath']").setText(shared.path("DB/"));
         ASSERT_TRUE(config.saveFile(own + QStringLiteral("/Config.xml")));
     }
