@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QMainWindow>
 #include <cstdio>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -83,6 +84,7 @@ int runDesk(desk::Options options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    ::umask(S_IRWXG | S_IRWXO); // archive, copies, extracted files: whatever is made here is the owner's alone
     desk::installMessageFilter();
     desk::Options options;
     try {

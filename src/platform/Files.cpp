@@ -4,12 +4,20 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <unistd.h>
+#endif
 
 namespace platform::files {
 
 namespace {
 
 constexpr qint64 COPY_STEP = 1 << 20;
+constexpr QFile::Permissions OWNERS = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+constexpr QFile::Permissions OTHERS =
+    QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+constexpr QFile::Permissions EXECUTION = QFile::ExeGroup | QFile::ExeOther;
 
 /// The entry of the folder with that name in any case; the name itself when there is none.
 QString nameOnDisk(const QString& folder, const QString& name) {
@@ -21,6 +29,23 @@ QString nameOnDisk(const QString& folder, const QString& name) {
         if (candidate.compare(name, Qt::CaseInsensitive) == 0) return candidate;
     }
     return name;
+}
+
+/// A network folder may tell only now that it is full.
+bool onDisk(const QFileDevice& file) {
+#ifdef Q_OS_UNIX
+    return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+#else
+    Q_UNUSED(file)
+    return true;
+#endif
+}
+
+/// What the owner may do stays.
+bool setRights(const QString& resolved, QFile::Permissions ofOthers) {
+    const QFile::Permissions now = QFile::permissions(resolved) & (OWNERS | OTHERS);
+    const QFile::Permissions wanted = (now & OWNERS) | ofOthers;
+    return QFileInfo::exists(resolved) && (wanted == now || QFile::setPermissions(resolved, wanted));
 }
 
 } // namespace
@@ -65,13 +90,14 @@ bool move(const QString& from, const QString& to) {
 
 bool copy(const QString& from, const QString& to) {
     QFile source(resolve(from));
-    QSaveFile target(resolve(to));
-    if (!exists(from) || !source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly)) return false;
-    while (!source.atEnd()) {
-        const QByteArray part = source.read(COPY_STEP);
-        if (part.isEmpty() || target.write(part) != part.size()) return false;
-    }
-    return source.error() == QFileDevice::NoError && target.commit();
+    if (!exists(from) || !source.open(QIODevice::ReadOnly)) return false;
+    return replace(to, [&source](QIODevice& target) {
+        while (!source.atEnd()) {
+            const QByteArray part = source.read(COPY_STEP);
+            if (part.isEmpty() || target.write(part) != part.size()) return false;
+        }
+        return source.error() == QFileDevice::NoError;
+    });
 }
 
 QStringList list(const QString& folder, const QString& pattern) {
@@ -87,11 +113,25 @@ std::optional<QByteArray> read(const QString& path) {
     return content;
 }
 
-bool writeAtomically(const QString& path, const QByteArray& content) {
+bool replace(const QString& path, const std::function<bool(QIODevice&)>& fill) {
     if (path.isEmpty()) return false;
     QSaveFile file(resolve(path));
     if (!file.open(QIODevice::WriteOnly)) return false;
-    return file.write(content) == content.size() && file.commit();
+    // Committing does not tell that what was still in its buffer found no room on the disk.
+    return fill(file) && file.flush() && file.error() == QFileDevice::NoError && onDisk(file) && file.commit();
+}
+
+bool writeAtomically(const QString& path, const QByteArray& content) {
+    return replace(path, [&content](QIODevice& file) { return file.write(content) == content.size(); });
+}
+
+bool restrictToOwner(const QString& path) {
+    return setRights(resolve(path), {});
+}
+
+bool shareAsFolder(const QString& path) {
+    const QString resolved = resolve(path);
+    return setRights(resolved, QFile::permissions(QFileInfo(resolved).path()) & OTHERS & ~EXECUTION);
 }
 
 } // namespace platform::files

@@ -8,6 +8,7 @@
 #include "platform/FormRegistry.h"
 #include "platform/ReportGrid.h"
 #include "platform/WebAddress.h"
+#include "support/Text.h"
 #include "treatments/clsTrattamenti.h"
 
 #include <QImage>
@@ -289,4 +290,3 @@ TEST_F(Ribbon, TheModulesOwnCommands) {
 }
 
 #include "RibbonTest.moc"
-#include "support/Text.h"

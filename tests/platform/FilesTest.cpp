@@ -1,39 +1,19 @@
 #include "platform/Files.h"
 #include "platform/SpecialFolders.h"
+#include "support/FullDisk.h"
 #include "support/Text.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 namespace files = platform::files;
 
 namespace {
 
-/// A disk that is full beyond so many bytes, for its own lifetime.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        before_ = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit full{bytes, limit_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &limit_);
-        std::signal(SIGXFSZ, before_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit limit_{};
-    void (*before_)(int) = nullptr;
-};
+constexpr qsizetype COPY_STEPS = (2 << 20) + 5000; // more than a copy takes at a time
 
 class FilesTest : public testing::Test {
 protected:
@@ -72,28 +52,53 @@ TEST_F(FilesTest, FindsNamesInAnotherCaseAndWithBackslashes) {
 TEST_F(FilesTest, AFailedWriteLeavesTheOldContentAndNothingBeside) {
     const QString target = path("Config.xml");
     ASSERT_TRUE(files::writeAtomically(target, "vecchio"));
-    {
-        const FullDisk disk(4096);
-        EXPECT_FALSE(files::writeAtomically(target, QByteArray(100000, 'n')));
-        EXPECT_TRUE(files::writeAtomically(path("piccolo"), "entra"));
+    // Less than a buffer holds, just over one, and much: what is left in a buffer is lost at another moment.
+    const qsizetype sizes[] = {5000, 17000, 100000, COPY_STEPS};
+    for (const qsizetype size : sizes) {
+        SCOPED_TRACE(size);
+        const QString large = path("grande");
+        const QByteArray content(size, 'n');
+        ASSERT_TRUE(files::writeAtomically(large, content));
+        {
+            const FullDisk disk(4096);
+            EXPECT_FALSE(files::writeAtomically(target, content));
+            EXPECT_FALSE(files::copy(large, target));
+            EXPECT_TRUE(files::writeAtomically(path("piccolo"), "entra"));
+        }
+        EXPECT_EQ(files::read(target), QByteArray("vecchio"));
+        EXPECT_EQ(names(), QStringList({u8("Config.xml"), u8("grande"), u8("piccolo")}));
     }
-    EXPECT_EQ(files::read(target), QByteArray("vecchio"));
-    EXPECT_EQ(names(), QStringList({u8("Config.xml"), u8("piccolo")}));
-
     EXPECT_FALSE(files::writeAtomically(path("manca/Config.xml"), "x"));
     EXPECT_FALSE(files::writeAtomically(folder_.path(), "x"));
     EXPECT_FALSE(files::writeAtomically(QString(), "x"));
 }
 
-TEST_F(FilesTest, AWriteKeepsThePermissions) {
+TEST_F(FilesTest, RightsOfOthersAreKeptTakenOrThoseOfTheFolder) {
+    const auto rights = [this](const char* name) {
+        return QFile::permissions(path(name)) & QFile::Permissions(0x7077);
+    };
     const QString target = path("condiviso.xml");
-    ASSERT_TRUE(files::writeAtomically(target, "uno"));
     const auto shared = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup;
-    ASSERT_TRUE(QFile::setPermissions(target, shared));
+    ASSERT_TRUE(files::writeAtomically(target, "uno"));
+    ASSERT_TRUE(QFile::setPermissions(target, shared | QFile::ReadOther));
     ASSERT_TRUE(files::writeAtomically(target, "due"));
-    EXPECT_TRUE(QFileInfo(target).permission(shared));
-    EXPECT_FALSE(QFileInfo(target).permission(QFile::ReadOther));
-    EXPECT_EQ(files::read(target), QByteArray("due"));
+    EXPECT_EQ(rights("condiviso.xml"), shared | QFile::ReadOther) << "a write keeps them";
+
+    EXPECT_TRUE(files::restrictToOwner(path("CONDIVISO.xml")));
+    EXPECT_EQ(rights("condiviso.xml"), QFile::ReadOwner | QFile::WriteOwner);
+    ASSERT_TRUE(files::createFolder(path("studio")));
+    const auto folders = QFile::ExeOwner | QFile::ExeGroup | shared;
+    ASSERT_TRUE(QFile::setPermissions(path("studio"), folders));
+    ASSERT_TRUE(files::writeAtomically(path("studio/a.lck"), "x"));
+    ASSERT_TRUE(files::restrictToOwner(path("studio/a.lck")));
+    EXPECT_TRUE(files::shareAsFolder(path("studio/a.lck")));
+    EXPECT_EQ(rights("studio/a.lck"), shared);
+    EXPECT_TRUE(files::restrictToOwner(path("studio")));
+    EXPECT_EQ(rights("studio"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner) << "folders too";
+    EXPECT_TRUE(files::shareAsFolder(path("studio/a.lck")));
+    EXPECT_EQ(rights("studio/a.lck"), QFile::ReadOwner | QFile::WriteOwner) << "and taken where nobody shares";
+    EXPECT_FALSE(files::restrictToOwner(path("manca")));
+    EXPECT_FALSE(files::shareAsFolder(path("manca")));
 }
 
 TEST_F(FilesTest, MovesNeverReplaceAndCopiesDo) {

@@ -11,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QTemporaryDir>
 
 namespace desk {
@@ -133,14 +132,7 @@ QString PatientFiles::EstraiFile(const QString& id) {
     const std::optional<host::VoceFile> file = Carica(id);
     const QString path = file ? temporaryPath(*file) : QString();
     if (path.isEmpty()) return {};
-    QFile copy(path);
-    bool whole = false;
-    try {
-        whole = copy.open(QIODevice::WriteOnly | QIODevice::NewOnly) && writeContent(id, copy) && copy.flush();
-    } catch (const DatabaseError&) {
-    }
-    if (whole) return path;
-    copy.remove();
+    if (copyTo(id, path)) return path;
     QDir().rmdir(QFileInfo(path).path());
     return {};
 }
@@ -162,9 +154,8 @@ bool PatientFiles::writeContent(const QString& id, QIODevice& copy) {
 }
 
 bool PatientFiles::copyTo(const QString& id, const QString& path) {
-    QSaveFile copy(platform::files::resolve(path));
     try {
-        return copy.open(QIODevice::WriteOnly) && writeContent(id, copy) && copy.commit();
+        return platform::files::replace(path, [&](QIODevice& copy) { return writeContent(id, copy); });
     } catch (const DatabaseError&) {
         return false;
     }
