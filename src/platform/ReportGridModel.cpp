@@ -153,6 +153,8 @@ QVariant ReportGridModel::look(const ReportCell& cell, int column, int role) con
         return style.foreground.isValid() ? QVariant(style.foreground) : QVariant();
     case Qt::DecorationRole:
         return style.icon.isNull() ? QVariant() : QVariant(style.icon);
+    case Qt::ToolTipRole:
+        return style.tooltip.isEmpty() ? QVariant() : QVariant(style.tooltip);
     case Qt::FontRole: {
         if (!style.bold) return {};
         QFont bold;

@@ -7,6 +7,7 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTextDocument>
 #include <QToolTip>
 #include <algorithm>
 
@@ -253,7 +254,11 @@ bool ReportTreeView::viewportEvent(QEvent* event) {
     const ReportCell& cell = model_.cellAt(at);
     const bool clipped = at.isValid() && (fontMetrics().horizontalAdvance(cell.value) > partsOf(at).text.width() ||
                                           cell.value.contains(QLatin1Char('\n')));
-    QToolTip::showText(help->globalPos(), clipped ? cell.value : QString(), viewport());
+    const QString own = at.isValid() ? cell.style().tooltip : QString();
+    const QString& shown = own.isEmpty() && clipped ? cell.value : own;
+    // What a person wrote is never markup.
+    const bool isMarkup = Qt::mightBeRichText(shown);
+    QToolTip::showText(help->globalPos(), isMarkup ? Qt::convertFromPlainText(shown) : shown, viewport());
     return true;
 }
 

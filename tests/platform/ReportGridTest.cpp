@@ -1,5 +1,9 @@
 #include "ReportGridFixture.h"
 
+#include <QHelpEvent>
+#include <QTextDocumentFragment>
+#include <QToolTip>
+
 using platform::ReportGrid;
 using platform::ReportRecord;
 
@@ -64,6 +68,22 @@ TEST_F(GridTest, DraggedHeadGroupsAndDraggingElsewhereDoesNot) {
     EXPECT_EQ(shown(1), list({"Cliente: Rossi (2)"})) << "an empty group goes, a folded one stays folded";
     grid.setGroups({});
     EXPECT_EQ(shown(1), list({"1", "3"}));
+}
+
+TEST_F(GridTest, TellsInATooltipWhatTheCellCannotShow) {
+    show(list({"Nome"}));
+    for (const char* text : {"breve", "un testo che in una colonna di cento punti non si legge tutto", "17"})
+        add({QString::fromUtf8(text)});
+    grid.record(2)->cell(0).changeStyle().tooltip = QStringLiteral("Non è <b>un dente</b>");
+    grid.populate();
+    QStringList told;
+    for (int row = 0; row < 3; ++row) {
+        const QPoint at = view()->visualRect(view()->model()->index(row, 0)).center();
+        QHelpEvent asks(QEvent::ToolTip, at, view()->viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(view()->viewport(), &asks);
+        told << QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+    }
+    EXPECT_EQ(told, (QStringList{QString(), grid.record(1)->cell(0).value, QStringLiteral("Non è <b>un dente</b>")}));
 }
 
 TEST_F(GridTest, KeepsModelSoundThroughChangesInEveryArrangement) {
