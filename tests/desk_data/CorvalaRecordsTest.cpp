@@ -4,8 +4,9 @@
 #include "desk/data/Transaction.h"
 #include "host/contract/HostError.h"
 #include "platform/Clock.h"
+#include "support/Places.h"
 
-#include <QSet>
+#include <QProcess>
 
 namespace {
 
@@ -172,8 +173,9 @@ TEST_F(CorvalaRecordsTest, ExecutesOneStatementOrNothing) {
 }
 
 TEST_F(CorvalaRecordsTest, AwkwardTextsRoundTrip) {
+    int number = 0;
     for (const QString& text : awkwardTexts()) {
-        auto dati = plan(QStringLiteral("2025-0001"), text.repeated(200));
+        auto dati = plan(QStringLiteral("2025-000%1").arg(++number), text.repeated(200));
         dati.descrizione = text;
         QString id;
         ASSERT_TRUE(patient_->corvala().Salva(id, dati));
@@ -222,4 +224,65 @@ TEST_F(CorvalaRecordsTest, TheListShowsWhatAnyWorkstationWroteOrTookBack) {
         EXPECT_EQ(numbers().size(), 2);
     }
     EXPECT_EQ(numbers(), QStringList{QStringLiteral("2025-0001")});
+}
+
+// A refused number is no failure of the database: nothing was stored, and the next number may succeed.
+TEST_F(CorvalaRecordsTest, RefusesANewDocumentWithANumberThatIsTaken) {
+    struct Case {
+        const char* type;
+        const char* number;
+        bool refused;
+    };
+    const auto other = bound(addPatient(QStringLiteral("Verdi"), QStringLiteral("Anna")));
+    for (const auto& [type, number, refused] :
+         {Case{"TRT", "2025-0001", true}, Case{"PRV", "2025-0001", true}, Case{"FTT", "2025-0001/bis", true},
+          Case{"CPD", "2025-0001", false}, Case{"PGM", "2025-0001", false}, Case{"TRT", "", false}}) {
+        auto dati = plan(QLatin1String(number));
+        dati.t1 = QLatin1String(type);
+        QString first;
+        ASSERT_TRUE(patient_->corvala().Salva(first, dati)) << type << " has numbers of its own";
+        QString id;
+        if (refused)
+            EXPECT_THROW(other->corvala().Salva(id, dati), host::NumberTakenError) << type;
+        else
+            EXPECT_TRUE(other->corvala().Salva(id, dati)) << type;
+        EXPECT_EQ(id.isEmpty(), refused);
+        EXPECT_TRUE(patient_->corvala().Salva(first, dati)) << "a stored record keeps its number";
+    }
+    // An archive from before holds doubled numbers, and rows of other modules under the same ones.
+    database_->runText(QStringLiteral("update tessara.tblWorkspace set idrif1='2024-0007'"));
+    for (const host::RigaCorvala& row : other->corvala().Lista() + patient_->corvala().Lista()) {
+        auto dati = plan(row.idrif1);
+        dati.t1 = row.t1;
+        QString id = row.ID;
+        EXPECT_NE(patient_->corvala().Salva(id, dati), other->corvala().Salva(id, dati)) << "savable by its owner";
+    }
+    database_->runText(QStringLiteral("update tessara.tblWorkspace set tiporecord=7"));
+    saved("2024-0007");
+}
+
+// Six desks store fifteen plans each, all in the same moment.
+TEST_F(CorvalaRecordsTest, DesksThatSaveAtOnceNeverShareANumber) {
+    std::vector<std::unique_ptr<QProcess>> desks;
+    for (int i = 0; i < 6; ++i) {
+        desks.push_back(std::make_unique<QProcess>());
+        desks.back()->start(places::deskDataHelper(), {QStringLiteral("number"), place_.url(), patient_->ID()});
+    }
+    for (const auto& desk : desks)
+        ASSERT_TRUE(desk->waitForReadyRead()) << desk->readAllStandardError().toStdString();
+    for (const auto& desk : desks) {
+        desk->write("via\n");
+        ASSERT_TRUE(desk->waitForBytesWritten());
+    }
+    qsizetype refused = 0;
+    for (const auto& desk : desks) {
+        ASSERT_TRUE(desk->waitForFinished(60000));
+        EXPECT_EQ(desk->exitCode(), 0) << desk->readAllStandardError().toStdString();
+        refused += desk->readAllStandardOutput().count("preso");
+    }
+    EXPECT_GT(refused, 0) << "they hardly met";
+    const auto numbers = rows(QStringLiteral("select idrif1 from tessara.tblWorkspace order by idrif1"));
+    EXPECT_EQ(numbers->RecordCount(), 90);
+    for (int i = 1; i <= 90; ++i, numbers->MoveNext())
+        EXPECT_EQ(numbers->text(QStringLiteral("idrif1")), QStringLiteral("2025-%1").arg(i, 4, 10, QLatin1Char('0')));
 }

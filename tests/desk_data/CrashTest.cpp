@@ -22,7 +22,8 @@ TEST_F(CrashTest, AKilledProgramLeavesOldOrNewRecordsOnly) {
     QRandomGenerator random(20251122);
     for (int round = 0; round < 12; ++round) {
         QProcess helper;
-        helper.start(places::deskDataHelper(), {QStringLiteral("save"), path(), patientId});
+        helper.start(places::deskDataHelper(),
+                     {QStringLiteral("save"), place_.url(), patientId, QString::number(1000 * round + 1)});
         ASSERT_TRUE(helper.waitForStarted());
         QByteArray announced;
         for (const int saves = random.bounded(25); announced.count('\n') < saves;

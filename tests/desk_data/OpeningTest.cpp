@@ -196,7 +196,7 @@ TEST_F(OpeningTest, TellsReadOnlyFilesAndFolders) {
     database_.reset();
     const auto answer = [this] {
         QProcess helper;
-        helper.start(places::deskDataHelper(), {QStringLiteral("open"), path()});
+        helper.start(places::deskDataHelper(), {QStringLiteral("open"), place_.url()});
         helper.waitForFinished();
         return QString::fromUtf8(helper.readAllStandardOutput());
     };

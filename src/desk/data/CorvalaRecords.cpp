@@ -11,6 +11,11 @@ host::RigaCorvala rowOf(const Query& query) {
     return {query.text(0), query.moment(1), query.text(2), query.text(3), query.text(4), query.text(5)};
 }
 
+/// Plans, estimates and invoices, whose number the whole practice shares.
+bool isNumbered(const QString& t1) {
+    return t1 == QLatin1String("TRT") || t1 == QLatin1String("PRV") || t1 == QLatin1String("FTT");
+}
+
 } // namespace
 
 CorvalaRecords::CorvalaRecords(const PatientScope& scope)
@@ -53,7 +58,20 @@ bool CorvalaRecords::Salva(QString& id, const host::DatiCorvala& dati) {
     const std::optional<QDate> date = platform::regional().toDate(dati.Data);
     if (!date) return false;
     return table_.save(id,
-                       {storedMoment(date->startOfDay()), dati.idrif1, dati.descrizione, dati.m1, dati.t1, tiporecord});
+                       {storedMoment(date->startOfDay()), dati.idrif1, dati.descrizione, dati.m1, dati.t1, tiporecord},
+                       [&] { claimNumber(dati.t1, dati.idrif1); });
+}
+
+// Within the transaction of the save, and held until its end. A unique index would refuse an archive in which some
+// numbers are doubled already.
+void CorvalaRecords::claimNumber(const QString& t1, const QString& number) {
+    if (!isNumbered(t1) || number.isEmpty()) return;
+    const QString claim = database_.dialect().claim();
+    if (!claim.isEmpty()) database_.run(claim, {QString(t1 + QLatin1Char(' ') + number)});
+    Query taken = database_.run(
+        QStringLiteral("select 1 from {schema}.tblWorkspace where tiporecord = ? and t1 = ? and idrif1 = ?"),
+        {tiporecord, t1, number});
+    if (taken.next()) throw host::NumberTakenError(QStringLiteral("Il numero %1 è già assegnato.").arg(number));
 }
 
 bool CorvalaRecords::Elimina(const QString& id) {

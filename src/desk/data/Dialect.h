@@ -27,6 +27,9 @@ public:
     /// A statement that begins with "{sqlite}" is for that system alone; for another one nothing is left of it.
     virtual QString expand(const QString& sql, const QString& schema) const = 0;
     virtual QString beginWriting() const = 0; ///< Statement that starts a transaction which is going to write.
+    /// A question that makes every other transaction wait which asks it with the same bound text, until this one is over;
+    /// empty where a transaction that writes is alone anyway.
+    virtual QString claim() const { return {}; }
     virtual QString tables(const QString& schema) const = 0;   ///< A query for the names of all tables.
     virtual QString contains(const QString& column) const = 0; ///< That the bound text occurs in it, letter by letter.
     virtual QString longText(const QString& column) const = 0; ///< The column as a long text is read fastest.

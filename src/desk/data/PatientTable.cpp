@@ -32,12 +32,13 @@ Query PatientTable::row(const QString& id) const {
                                {id, scope_.patient.ID()});
 }
 
-bool PatientTable::save(QString& id, const QVariantList& values) const {
+bool PatientTable::save(QString& id, const QVariantList& values, const std::function<void()>& beforeInsert) const {
     if (scope_.patient.ID().isEmpty()) return false;
     try {
         Transaction transaction(scope_.database);
         QString saved = id;
         if (id.isEmpty()) {
+            if (beforeInsert) beforeInsert();
             saved = newIdentity();
             insert(saved, values);
         } else if (!update(id, values)) {

@@ -5,6 +5,7 @@
 
 #include <QStringList>
 #include <QVariantList>
+#include <functional>
 
 namespace desk {
 
@@ -20,7 +21,8 @@ public:
     Query rows(const QString& order) const; ///< ID, then the columns.
     Query row(const QString& id) const;
     /// Inserts when `id` is empty and writes the new identity into it; else updates, false when the row is gone.
-    bool save(QString& id, const QVariantList& values) const;
+    /// `beforeInsert` runs within the transaction; what it throws, save a DatabaseError, reaches the caller.
+    bool save(QString& id, const QVariantList& values, const std::function<void()>& beforeInsert = {}) const;
     bool remove(const QString& id) const;
 
 private:

@@ -106,6 +106,10 @@ bool PostgresDialect::endsConnection(const QSqlError& error) const {
     return code.startsWith(QLatin1String("08")) || code.startsWith(QLatin1String("57P0"));
 }
 
+QString PostgresDialect::claim() const {
+    return QStringLiteral("select pg_advisory_xact_lock(hashtextextended(cast(? as text), %1))").arg(openingLock);
+}
+
 QString PostgresDialect::transactionName() const {
     return QStringLiteral("select cast(pg_current_xact_id_if_assigned() as text)");
 }

@@ -13,6 +13,7 @@ public:
     void settle(QSqlDatabase& connection, const QString& schema) const override;
     QString expand(const QString& sql, const QString& schema) const override;
     QString beginWriting() const override { return QStringLiteral("begin"); }
+    QString claim() const override;
     QString tables(const QString& schema) const override;
     QString contains(const QString& column) const override;
     QString longText(const QString& column) const override;

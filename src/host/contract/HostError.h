@@ -9,8 +9,16 @@ namespace host {
 /// event routine of the plug-in swallows it, one step at a time.
 class HostError : public std::runtime_error {
 public:
-    explicit HostError(const QString& what) : std::runtime_error(what.toStdString()) {}
+    explicit HostError(const QString& what)
+        : std::runtime_error(what.toStdString()) {}
     QString text() const { return QString::fromUtf8(what()); }
+};
+
+/// Thrown by `Corvala::Salva` for a new record whose type and number stand in the archive already: nothing was stored,
+/// and the next number may succeed.
+class NumberTakenError : public HostError {
+public:
+    using HostError::HostError;
 };
 
 } // namespace host

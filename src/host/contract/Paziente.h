@@ -41,7 +41,9 @@ class Corvala : public Raccolta {
 public:
     virtual QList<RigaCorvala> Lista() = 0;
     virtual std::optional<RigaCorvala> Carica(const QString& id) = 0;
-    /// Inserts when `id` is empty and writes the new identity into it; otherwise updates. One transaction.
+    /// Inserts when `id` is empty and writes the new identity into it; otherwise updates. One transaction. A host that
+    /// guards the numbers throws NumberTakenError for a new document whose number another one has; every other failure
+    /// answers false.
     virtual bool Salva(QString& id, const DatiCorvala& dati) = 0;
     virtual bool Elimina(const QString& id) = 0;
     virtual void Refresh() = 0;
