@@ -67,6 +67,13 @@ void SampleWindow::addButtons() {
     timer->setInterval(80);
     connect(timer, &QTimer::timeout, this, [this] { field(0)->setText(QStringLiteral("tardi")); });
     connect(late, &QPushButton::clicked, timer, qOverload<>(&QTimer::start));
+    // As a handler of the press that postpones its work, and what the release then meets.
+    auto* press = named(new QPushButton(QStringLiteral("Premuto"), this), QStringLiteral("cbPremuto"));
+    press->setAutoDefault(false);
+    connect(press, &QPushButton::pressed, this,
+            [this] { QTimer::singleShot(0, this, [this] { hear(QStringLiteral("prima del rilascio")); }); });
+    connect(press, &QPushButton::released, this, [this] { hear(QStringLiteral("rilascio")); });
+    layout()->addWidget(press);
     auto* picture = named(new QLabel(QStringLiteral("dente"), this), QStringLiteral("imDente"));
     picture->installEventFilter(this);
     for (QWidget* control : std::initializer_list<QWidget*>{

@@ -7,6 +7,9 @@
 
 #include <QImage>
 #include <QLineEdit>
+#include <QPalette>
+#include <QPlainTextEdit>
+#include <QStyle>
 #include <QTimer>
 
 namespace {
@@ -36,6 +39,45 @@ TEST_F(ScenarioCommandsTest, TypesKeyByKeyAndLeavesTheField) {
                                "expect tbDati(0) \"\""));
     const QStringList expected{QStringLiteral("tbDati(0)=Però 12,50 € 🦷"), QStringLiteral("tbDati(0)=")};
     EXPECT_EQ(window.heard.filter(QStringLiteral("tbDati")), expected);
+}
+
+TEST_F(ScenarioCommandsTest, TypesALongTextWhole) {
+    QString page;
+    for (int line = 0; line < 300; ++line)
+        page += QStringLiteral("riga %1 🦷 ").arg(line) + (line % 7 == 0 ? QStringLiteral("\n") : QString());
+    QString escaped = page;
+    expectPlays(QStringLiteral("type tbNote \"%1\"").arg(escaped.replace(u'\n', QLatin1String("\\n"))));
+    EXPECT_EQ(window.findChild<QPlainTextEdit*>(QStringLiteral("tbNote"))->toPlainText(), page);
+}
+
+// What a hand meets: work that the press postponed is done before the release, keys go where the focus is by then.
+TEST_F(ScenarioCommandsTest, MeetsTheFaultsThatAHandMeets) {
+    expectPlays(QStringLiteral("click cbPremuto"));
+    EXPECT_EQ(window.heard, (QStringList{QStringLiteral("prima del rilascio"), QStringLiteral("rilascio")}));
+
+    window.show();
+    QTimer steals;
+    QObject::connect(&steals, &QTimer::timeout, &window, [this] { window.grid()->setFocus(); });
+    QObject::connect(window.field(0), &QLineEdit::textChanged, &steals, [&](const QString& text) {
+        if (text == QLatin1String("ab")) steals.start(0);
+    });
+    const Outcome outcome = play(QStringLiteral("window frmProva\ntype tbDati(0) abcde\nexpect tbDati(0) abcde"));
+    EXPECT_TRUE(outcome.failure.startsWith(QStringLiteral("2: il controllo «tbDati(0)» ha perso il fuoco")))
+        << outcome.failure.toStdString();
+    EXPECT_EQ(window.field(0)->text(), QStringLiteral("ab"));
+}
+
+TEST_F(ScenarioCommandsTest, TypesIntoTheFocusAndLeavesTheEditOpen) {
+    window.field(0)->setText(QStringLiteral("12"));
+    window.field(0)->setFocus();
+    window.field(0)->end(false);
+    expectPlays(QStringLiteral("keys \"34\"\nexpect tbDati(0) 1234\n"
+                               "click rcRighi 1 1\nkeys COR\nkeys \"ONA\"\nexpect-cell rcRighi 1 1 VISITA\n"
+                               "key Tab\nexpect-cell rcRighi 1 1 CORONA\n"
+                               "click rcRighi 2 1\nkeys X\nkey Escape\nexpect-cell rcRighi 2 1 VISITA\n"
+                               "popup Modifica\nclick rcRighi 2 0 right"));
+    const QStringList expected{QStringLiteral("tbDati(0)=1234"), QStringLiteral("menu 03 0")};
+    EXPECT_EQ(window.heard, expected);
 }
 
 TEST_F(ScenarioCommandsTest, SetsBoxesOptionsAndDates) {
@@ -85,14 +127,30 @@ TEST_F(ScenarioCommandsTest, WaitsForWhatALinePostponed) {
 
 TEST_F(ScenarioCommandsTest, TakesPicturesAndTellsWhatThereIs) {
     window.grid()->record(0)->cell(1).value = QStringLiteral("due\nrighe");
+    platform::ReportCellStyle& look = window.grid()->record(1)->cell(1).changeStyle();
+    look.foreground = Qt::red;
+    look.background = QColor(255, 236, 179);
+    look.bold = true;
+    look.icon = window.style()->standardIcon(QStyle::SP_DialogOkButton);
+    look.iconIndex = 3;
+    look.tooltip = QStringLiteral("Non è un dente");
+    QPalette red = window.field(0)->palette();
+    red.setColor(QPalette::Text, Qt::red);
+    window.field(0)->setPalette(red);
+    window.field(0)->setFocus();
+    window.field(0)->setToolTip(QStringLiteral("Non si salva"));
     testing::internal::CaptureStdout();
     expectPlays(QStringLiteral("shot cartella/prova\ndump"));
     const std::string said = testing::internal::GetCapturedStdout();
     const QImage picture(folder.filePath(QStringLiteral("out/cartella/prova.png")));
     EXPECT_EQ(picture.size(), window.size());
-    for (const char* line : {"frmProva \"Finestra di prova\"\n", "tbDati(1) \"\" [disattivato]\n",
-                             "cbConferma \"Conferma\"\n", "ckSempre \"Sempre\" [off]\n",
-                             "rcRighi 0 1 \"due\\nrighe\"\n", "rcRighi 2 2 \"\" [off]\n", "3 passi eseguiti\n"})
+    for (const char* line :
+         {"frmProva \"Finestra di prova\"\n", "tbDati(1) \"\" [disattivato]\n", "cbConferma \"Conferma\"\n",
+          "ckSempre \"Sempre\" [off]\n", "tbDati(0) \"\" [fuoco, testo #ff0000, suggerimento \"Non si salva\"]\n",
+          "tbDati(2) \"\" [sola lettura]\n", "rcRighi 0 1 \"due\\nrighe\"\n",
+          "rcRighi 1 1 \"VISITA\" [testo #ff0000, sfondo #ffecb3, grassetto, icona 3, "
+          "suggerimento \"Non è un dente\"]\n",
+          "rcRighi 2 2 \"\" [off]\n", "3 passi eseguiti\n"})
         EXPECT_NE(said.find(line), std::string::npos) << line << said;
 }
 
@@ -104,6 +162,9 @@ TEST_F(ScenarioCommandsTest, TellsWhyAControlCannotBeUsed) {
         {"type tbDato(0) x", "il controllo «tbDato(0)» non c'è in frmProva; nomi vicini: tbDati(0)"},
         {"type tbDati(1) x", "«tbDati(1)» è disattivato"},
         {"type tbDati(2) x", "«tbDati(2)» è di sola lettura"},
+        {"type tbDati(0) a\x01", "il carattere U+0001 non si può battere"},
+        {"keys \x7f", "il carattere U+007f non si può battere"},
+        {"click rcRighi 3 0", "la griglia «rcRighi» non ha la riga 3: righe 3"},
         {"type imDente x", "«imDente» non è un campo di testo"},
         {"type tbSeconda x", "«tbSeconda» non è visibile"},
         {"set cbConferma on", "«cbConferma» non si può spuntare"},

@@ -8,7 +8,6 @@
 #include "platform/ReportGrid.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QDateEdit>
 #include <QGroupBox>
 #include <QKeySequence>
@@ -99,7 +98,10 @@ void enterDate(ScenarioStage& stage, const QStringList& arguments) {
 }
 
 void click(ScenarioStage& stage, const QStringList& arguments) {
-    const auto button = arguments.size() > 1 ? Qt::RightButton : Qt::LeftButton;
+    const bool isRight = arguments.last() == QLatin1String("right") && arguments.size() > 1;
+    const auto button = isRight ? Qt::RightButton : Qt::LeftButton;
+    if (arguments.size() > 2)
+        return gestures::clickCell(*stage.usableGrid(arguments[0]), arguments[1].toInt(), arguments[2].toInt(), button);
     if (button == Qt::LeftButton && clickTabCaption(stage.window(), arguments[0])) return;
     QWidget* control = stage.usableControl(arguments[0]);
     if (auto* grid = qobject_cast<platform::ReportGrid*>(control)) return gestures::clickFocusedRow(*grid, button);
@@ -127,12 +129,15 @@ void pressKey(ScenarioStage& stage, const QStringList& arguments) {
     const QKeySequence keys = keyNamed(arguments[0]);
     if (keys.count() != 1 || keys[0].key() == Qt::Key_unknown)
         failNow(QStringLiteral("il tasto «%1» non esiste").arg(arguments[0]));
-    QWidget* window = stage.window();
-    gestures::bringForward(window);
-    QWidget* focused = QApplication::focusWidget();
-    const bool isInside = focused && (focused == window || window->isAncestorOf(focused));
-    if (!isInside) focused = window->focusWidget() ? window->focusWidget() : window;
-    gestures::press(focused, keys[0]);
+    gestures::bringForward(stage.window());
+    gestures::press(keys[0]);
+}
+
+/// Neither replaces what the field holds nor ends the edit.
+void typeIntoFocus(ScenarioStage& stage, const QStringList& arguments) {
+    gestures::bringForward(stage.window());
+    if (!gestures::keyTarget()) failUnlessItPasses(QStringLiteral("nessun controllo ha il fuoco"));
+    gestures::typeKeys(arguments[0]);
 }
 
 void expectText(ScenarioStage& stage, const QStringList& arguments) {
@@ -161,7 +166,8 @@ QList<ScenarioCommand> controlCommands() {
         {QStringLiteral("set"), QStringLiteral("CONTROL on|off"), set},
         {QStringLiteral("choose"), QStringLiteral("CONTROL TEXT"), chooseEntry},
         {QStringLiteral("date"), QStringLiteral("CONTROL dd/mm/yyyy"), enterDate},
-        {QStringLiteral("click"), QStringLiteral("CONTROL [right]"), click},
+        {QStringLiteral("keys"), QStringLiteral("TEXT"), typeIntoFocus},
+        {QStringLiteral("click"), QStringLiteral("CONTROL [ROW COL] [right]"), click},
         {QStringLiteral("doubleclick"), QStringLiteral("CONTROL [ROW COL]"), doubleClick},
         {QStringLiteral("key"), QStringLiteral("NAME"), pressKey},
         {QStringLiteral("expect"), QStringLiteral("CONTROL TEXT"), expectText},

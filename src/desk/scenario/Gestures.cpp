@@ -1,9 +1,12 @@
 #include "desk/scenario/Gestures.h"
 
+#include "desk/scenario/ScenarioFault.h"
+
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -13,8 +16,13 @@
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTextEdit>
+#include <QTimer>
 #include <QtTest/qtestkeyboard.h>
 #include <QtTest/qtestmouse.h>
+#include <algorithm>
+#include <utility>
+
+using namespace std::chrono_literals;
 
 namespace desk::gestures {
 namespace {
@@ -30,14 +38,35 @@ QWidget* editorOf(QWidget* control) {
     return control->findChild<QLineEdit*>();
 }
 
+constexpr auto HELD_DOWN = 30ms;      ///< A button or a key, by a quick hand.
+constexpr qsizetype KEY_BY_KEY = 200; ///< Letters; a whole page so would take its square in time.
+constexpr qsizetype AT_A_TIME = 50;
+
+void sendText(Qt::Key key, const QString& text) {
+    if (QWidget* target = keyTarget()) QTest::sendKeyEvent(QTest::Click, target, key, text, Qt::NoModifier);
+}
+
 /// One character, which beyond the first 65,536 is two units of text but still one key.
-void typeLetter(QWidget* editor, char32_t letter) {
-    if (letter == U'\n') {
-        QTest::keyClick(editor, Qt::Key_Return);
-        return;
+void typeLetter(char32_t letter) {
+    if (letter == U'\n')
+        sendText(Qt::Key_Return, QStringLiteral("\r"));
+    else if (letter == U'\t')
+        sendText(Qt::Key_Tab, QStringLiteral("\t"));
+    else
+        sendText(letter < 128 ? QTest::asciiToKey(static_cast<char>(letter)) : Qt::Key_unknown,
+                 QString::fromUcs4(&letter, 1));
+}
+
+bool isOnAKeyboard(char32_t letter) {
+    const bool isControl = letter < U' ' || (letter >= 0x7f && letter < 0xa0);
+    return !isControl || letter == U'\n' || letter == U'\t';
+}
+
+void requireKeys(const QList<uint>& letters) {
+    for (const char32_t letter : letters) {
+        if (!isOnAKeyboard(letter))
+            failNow(QStringLiteral("il carattere U+%1 non si può battere").arg(uint(letter), 4, 16, QLatin1Char('0')));
     }
-    const Qt::Key key = letter < 128 ? QTest::asciiToKey(static_cast<char>(letter)) : Qt::Key_unknown;
-    QTest::sendKeyEvent(QTest::Click, editor, key, QString::fromUcs4(&letter, 1), Qt::NoModifier);
 }
 
 QWidget* nextStop(QWidget* from) {
@@ -48,6 +77,18 @@ QWidget* nextStop(QWidget* from) {
             return next;
     }
     return nullptr;
+}
+
+QWidget* stillShown(const QPointer<QWidget>& widget) {
+    QWidget* shown = widget.data();
+    return shown && shown->isVisible() ? shown : nullptr;
+}
+
+/// A handler of the press may have closed the window for good, or moved it under the hand.
+void release(const QPointer<QWidget>& clicked, const QPoint& place, Qt::MouseButton button) {
+    rest(HELD_DOWN);
+    if (QWidget* left = stillShown(clicked))
+        QTest::mouseRelease(left, button, Qt::NoModifier, left->mapFromGlobal(place));
 }
 
 } // namespace
@@ -87,8 +128,21 @@ void leave(QWidget* control) {
         left->clearFocus();
 }
 
-void press(QWidget* target, QKeyCombination key) {
-    QTest::keyClick(target, key.key(), key.keyboardModifiers());
+void rest(std::chrono::milliseconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+QWidget* keyTarget() {
+    if (QWidget* popup = QApplication::activePopupWidget()) return popup->focusWidget() ? popup->focusWidget() : popup;
+    return QApplication::focusWidget() ? QApplication::focusWidget() : QApplication::activeWindow();
+}
+
+void press(QKeyCombination key) {
+    if (QWidget* target = keyTarget()) QTest::keyPress(target, key.key(), key.keyboardModifiers());
+    rest(HELD_DOWN);
+    if (QWidget* target = keyTarget()) QTest::keyRelease(target, key.key(), key.keyboardModifiers());
 }
 
 bool isReadOnly(QWidget* control) {
@@ -96,39 +150,66 @@ bool isReadOnly(QWidget* control) {
     return editor && editor->property("readOnly").toBool();
 }
 
+void typeKeys(const QString& text) {
+    const QList<uint> letters = text.toUcs4();
+    requireKeys(letters);
+    QString gathered;
+    const auto sendGathered = [&gathered] {
+        if (!gathered.isEmpty()) sendText(Qt::Key_unknown, std::exchange(gathered, {}));
+        QCoreApplication::processEvents();
+    };
+    qsizetype typed = 0;
+    for (const char32_t letter : letters) {
+        if (typed++ < KEY_BY_KEY || letter < U' ') {
+            sendGathered();
+            typeLetter(letter);
+        } else {
+            gathered += QStringView(QChar::fromUcs4(letter));
+            if (gathered.size() >= AT_A_TIME) sendGathered();
+        }
+    }
+    sendGathered();
+}
+
 bool typeText(QWidget* control, const QString& text) {
     const QPointer<QWidget> editor(editorOf(control));
     if (!editor) return false;
+    requireKeys(text.toUcs4());
     focus(editor);
-    press(editor, Qt::CTRL | Qt::Key_A);
-    press(editor, Qt::Key_Delete);
-    const auto letters = text.toUcs4();
-    for (const char32_t letter : letters) {
-        if (editor) typeLetter(editor, letter);
+    for (const QKeyCombination key : {Qt::CTRL | Qt::Key_A, QKeyCombination(Qt::Key_Delete)})
+        if (QWidget* target = keyTarget()) QTest::keyClick(target, key.key(), key.keyboardModifiers());
+    typeKeys(text);
+    if (!editor) return true;
+    if (!editor->hasFocus()) {
+        const QWidget* taker = QApplication::focusWidget();
+        failNow(QStringLiteral("il controllo «%1» ha perso il fuoco mentre si scriveva: ora è in «%2»")
+                    .arg(control->objectName(), taker ? taker->objectName() : QString()));
     }
-    if (editor) leave(editor);
+    leave(editor);
     return true;
 }
 
 void click(QWidget* target, const QPoint& position, Qt::MouseButton button) {
     const QPointer<QWidget> clicked(target);
+    const QPoint place = target->mapToGlobal(position);
     QTest::mousePress(target, button, Qt::NoModifier, position);
     if (button == Qt::RightButton && clicked) {
-        QContextMenuEvent menu(QContextMenuEvent::Mouse, position, clicked->mapToGlobal(position));
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, position, place);
         QApplication::sendEvent(clicked, &menu);
     }
-    // A handler of the press may have closed the window for good.
-    if (clicked) QTest::mouseRelease(clicked, button, Qt::NoModifier, position);
+    release(clicked, place, button);
 }
 
 void doubleClick(QWidget* target, const QPoint& position) {
     const QPointer<QWidget> clicked(target);
+    const QPoint place = target->mapToGlobal(position);
     click(target, position);
-    if (!clicked) return;
-    QMouseEvent second(QEvent::MouseButtonDblClick, position, clicked->mapToGlobal(position), Qt::LeftButton,
-                       Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(clicked, &second);
-    if (clicked) QTest::mouseRelease(clicked, Qt::LeftButton, Qt::NoModifier, position);
+    QWidget* left = stillShown(clicked);
+    if (!left) return;
+    QMouseEvent second(QEvent::MouseButtonDblClick, left->mapFromGlobal(place), place, Qt::LeftButton, Qt::LeftButton,
+                       Qt::NoModifier);
+    QApplication::sendEvent(left, &second);
+    release(clicked, place, Qt::LeftButton);
 }
 
 void scrollIntoView(QWidget* control) {

@@ -60,6 +60,11 @@ void clickFocusedRow(platform::ReportGrid& grid, Qt::MouseButton button) {
         click(viewport, cellCentre(grid, row, harmlessColumn(grid, row)), button);
 }
 
+void clickCell(platform::ReportGrid& grid, int row, int column, Qt::MouseButton button) {
+    const QPoint place = cellCentre(grid, row, column);
+    click(grid.view()->viewport(), place, button);
+}
+
 void doubleClickCell(platform::ReportGrid& grid, int row, int column) {
     const QPoint place = cellCentre(grid, row, column);
     doubleClick(grid.view()->viewport(), place);

@@ -13,6 +13,7 @@ namespace desk::gestures {
 void clickRow(platform::ReportGrid& grid, int row);
 void clickFocusedRow(platform::ReportGrid& grid,
                      Qt::MouseButton button); ///< On the empty area when no row has the focus.
+void clickCell(platform::ReportGrid& grid, int row, int column, Qt::MouseButton button);
 void doubleClickCell(platform::ReportGrid& grid, int row, int column);
 
 } // namespace desk::gestures

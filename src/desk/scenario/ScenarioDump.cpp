@@ -4,7 +4,9 @@
 #include "platform/ReportGrid.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCollator>
+#include <QComboBox>
 #include <QTabBar>
 #include <QWidget>
 #include <algorithm>
@@ -24,13 +26,47 @@ QString oneLine(const QString& text) {
     return line.replace(QLatin1String("\n"), QLatin1String("\\n"));
 }
 
+QString inBrackets(const QStringList& marks) {
+    return marks.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(marks.join(QLatin1String(", ")));
+}
+
+QString checkMark(bool isOn) {
+    return isOn ? QStringLiteral("on") : QStringLiteral("off");
+}
+
+QString tipMark(const QString& tip) {
+    return QStringLiteral("suggerimento \"%1\"").arg(oneLine(tip));
+}
+
+/// The colour in which the text of a field stands out; none while it is that of all fields.
+QColor markedText(const QWidget& control) {
+    const bool isField = control.property("readOnly").isValid() || qobject_cast<const QComboBox*>(&control);
+    const QColor own = control.palette().color(QPalette::Active, QPalette::Text);
+    return isField && own != QApplication::palette(&control).color(QPalette::Active, QPalette::Text) ? own : QColor();
+}
+
 QString stateOf(const QWidget& control, const QWidget& window) {
     QStringList marks;
     if (!control.isVisibleTo(&window)) marks += QStringLiteral("nascosto");
     if (!control.isEnabled()) marks += QStringLiteral("disattivato");
+    if (control.hasFocus()) marks += QStringLiteral("fuoco");
+    if (control.property("readOnly").toBool()) marks += QStringLiteral("sola lettura");
     const auto* button = qobject_cast<const QAbstractButton*>(&control);
-    if (button && button->isCheckable()) marks += button->isChecked() ? QStringLiteral("on") : QStringLiteral("off");
-    return marks.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(marks.join(QLatin1String(", ")));
+    if (button && button->isCheckable()) marks += checkMark(button->isChecked());
+    if (markedText(control).isValid()) marks += QStringLiteral("testo ") + markedText(control).name();
+    if (!control.toolTip().isEmpty()) marks += tipMark(control.toolTip());
+    return inBrackets(marks);
+}
+
+QString lookOf(const platform::ReportCellStyle& style) {
+    QStringList marks;
+    if (style.hasCheckBox) marks += checkMark(style.checked);
+    if (style.foreground.isValid()) marks += QStringLiteral("testo ") + style.foreground.name();
+    if (style.background.isValid()) marks += QStringLiteral("sfondo ") + style.background.name();
+    if (style.bold) marks += QStringLiteral("grassetto");
+    if (!style.icon.isNull()) marks += QStringLiteral("icona %1").arg(style.iconIndex);
+    if (!style.tooltip.isEmpty()) marks += tipMark(style.tooltip);
+    return inBrackets(marks);
 }
 
 QString describeGrid(const platform::ReportGrid& grid) {
@@ -39,14 +75,11 @@ QString describeGrid(const platform::ReportGrid& grid) {
         const platform::ReportRecord* record = grid.rowRecord(row);
         for (int column = 0; record && column < grid.columnCount(); ++column) {
             const platform::ReportCell& cell = record->cell(column);
-            const QString check = !cell.style().hasCheckBox ? QString()
-                                  : cell.isChecked()        ? QStringLiteral(" [on]")
-                                                            : QStringLiteral(" [off]");
             text += QStringLiteral("%1 %2 %3 \"%4\"%5\n")
                         .arg(grid.objectName())
                         .arg(row)
                         .arg(column)
-                        .arg(oneLine(cell.value), check);
+                        .arg(oneLine(cell.value), lookOf(cell.style()));
         }
     }
     return text;

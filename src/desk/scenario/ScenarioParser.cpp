@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QDateTime>
 #include <optional>
+#include <utility>
 
 namespace desk {
 namespace {
@@ -88,19 +89,31 @@ QString shapeFault(const QString& shape, const QString& argument) {
     return fits ? QString() : QStringLiteral("«%1» non è ammesso: %2").arg(argument, shape);
 }
 
-QString argumentFault(const ScenarioCommand& command, const QStringList& arguments) {
-    QString plain = command.usage;
-    plain.remove(QLatin1Char('[')).remove(QLatin1Char(']'));
-    const QStringList shapes = plain.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    const QString required = command.usage.section(QLatin1Char('['), 0, 0);
-    const qsizetype least = required.split(QLatin1Char(' '), Qt::SkipEmptyParts).size();
-    if (arguments.size() != least && arguments.size() != shapes.size())
-        return QStringLiteral("argomenti errati, si scrive: %1 %2").arg(command.name, command.usage).trimmed();
-    for (qsizetype index = 0; index < arguments.size(); ++index) {
-        const QString fault = shapeFault(shapes[index], arguments[index]);
-        if (!fault.isEmpty()) return fault;
+/// The shapes of the arguments in each way to write them: with and without each group in brackets.
+QList<QStringList> waysToWrite(const QString& usage) {
+    QList<QStringList> ways{{}};
+    bool isOptional = false;
+    for (QString part : usage.split(QLatin1Char('['))) {
+        const QStringList group = part.remove(QLatin1Char(']')).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        const QList<QStringList> before = ways;
+        for (QStringList& way : ways)
+            way += group;
+        if (std::exchange(isOptional, true)) ways += before;
     }
-    return {};
+    return ways;
+}
+
+QString argumentFault(const ScenarioCommand& command, const QStringList& arguments) {
+    // No two ways of a command have as many arguments.
+    for (const QStringList& shapes : waysToWrite(command.usage)) {
+        if (shapes.size() != arguments.size()) continue;
+        for (qsizetype index = 0; index < arguments.size(); ++index) {
+            const QString fault = shapeFault(shapes[index], arguments[index]);
+            if (!fault.isEmpty()) return fault;
+        }
+        return {};
+    }
+    return QStringLiteral("argomenti errati, si scrive: %1 %2").arg(command.name, command.usage).trimmed();
 }
 
 QString commandFault(const ScenarioLine& line) {

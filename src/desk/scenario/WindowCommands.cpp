@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QTimerEvent>
 #include <QWidget>
+#include <chrono>
 #include <cstdio>
 #include <optional>
 
@@ -78,6 +79,10 @@ void letMinutesPass(ScenarioStage&, const QStringList& arguments) {
         QTimerEvent beat(timer->timerId());
         QCoreApplication::sendEvent(timer, &beat);
     }
+}
+
+void pauseFor(ScenarioStage&, const QStringList& arguments) {
+    gestures::rest(std::chrono::milliseconds(arguments[0].toInt()));
 }
 
 void expectMessage(ScenarioStage& stage, const QStringList& arguments) {
@@ -142,6 +147,7 @@ QList<ScenarioCommand> windowCommands() {
         {QStringLiteral("file"), QStringLiteral("PATH"), queueFile},
         {QStringLiteral("clock"), QStringLiteral("yyyy-mm-ddThh:mm:ss"), setClock},
         {QStringLiteral("tick"), QStringLiteral("N"), letMinutesPass},
+        {QStringLiteral("pause"), QStringLiteral("N"), pauseFor},
         {QStringLiteral("expect-message"), QStringLiteral("TEXT"), expectMessage},
         {QStringLiteral("expect-variable"), QStringLiteral("NAME TEXT"), expectVariable},
         {QStringLiteral("expect-closed"), QStringLiteral("NAME"), expectClosed},
