@@ -76,6 +76,12 @@ QByteArray bytesOf(xmlDoc* doc, xmlNode* list) {
     return QByteArray(chars(joined.get()));
 }
 
+bool isSameAscii(const QString& text, const QByteArray& utf8) {
+    return std::equal(text.begin(), text.end(), utf8.begin(), utf8.end(), [](QChar letter, char byte) {
+        return static_cast<unsigned char>(byte) < 0x80 && letter.unicode() == static_cast<unsigned char>(byte);
+    });
+}
+
 xmlAttr* findAttribute(const xmlNode* node, const char* name) {
     if (!node) return nullptr;
     xmlAttr* attribute = node->properties;
@@ -241,6 +247,46 @@ std::vector<XmlNode> XmlNode::select(const char* xpath) const {
 XmlNode XmlNode::selectOne(const char* xpath) const {
     const std::vector<XmlNode> nodes = select(xpath);
     return nodes.empty() ? XmlNode() : nodes.front();
+}
+
+XmlAttributes::XmlAttributes(const XmlNode& node)
+    : first_(node.node_ ? node.node_->properties : nullptr)
+    , next_(first_) {}
+
+const _xmlAttr* XmlAttributes::seek(const char* name) {
+    const auto matches = [name](const xmlAttr* attribute) { return std::strcmp(chars(attribute->name), name) == 0; };
+    const xmlAttr* found = next_;
+    while (found && !matches(found))
+        found = found->next;
+    if (!found) {
+        for (const xmlAttr* before = first_; before != next_ && !found; before = before->next)
+            if (matches(before)) found = before;
+    }
+    if (found) next_ = found->next;
+    return found;
+}
+
+std::optional<QString> XmlAttributes::find(const char* name) {
+    const xmlAttr* found = seek(name);
+    return found ? std::optional<QString>(contentOf(found->doc, found->children)) : std::nullopt;
+}
+
+QString XmlAttributes::text(const char* name) {
+    const xmlAttr* found = seek(name);
+    return found ? contentOf(found->doc, found->children) : QString();
+}
+
+QString XmlAttributes::text(const char* name, const QString& likely) {
+    const xmlAttr* found = seek(name);
+    if (!found) return {};
+    const QByteArray content = bytesOf(found->doc, found->children);
+    if (content.isEmpty()) return QStringLiteral("");
+    return isSameAscii(likely, content) ? likely : QString::fromUtf8(content);
+}
+
+QByteArray XmlAttributes::bytes(const char* name) {
+    const xmlAttr* found = seek(name);
+    return found ? bytesOf(found->doc, found->children) : QByteArray();
 }
 
 void XmlDocument::Free::operator()(_xmlDoc* doc) const {
