@@ -92,7 +92,16 @@ void frmSceltaServizio::buildTree() {
     root->setExpanded(true);
     treeView1_->setStyleSheet(QStringLiteral("QTreeView::item { min-height: 22px; }"));
     connect(treeView1_, &QTreeWidget::itemClicked, this, &frmSceltaServizio::showGroup);
-    connect(treeView1_, &QTreeWidget::itemActivated, this, &frmSceltaServizio::showGroup);
+    treeView1_->installEventFilter(this);
+}
+
+bool frmSceltaServizio::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != treeView1_ || event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    // Taken here: the window would go on to its default button, and the first service of the group with it.
+    if (QTreeWidgetItem* node = treeView1_->currentItem()) showGroup(node);
+    return true;
 }
 
 void frmSceltaServizio::buildGrid() {

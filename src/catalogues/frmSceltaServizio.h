@@ -29,6 +29,7 @@ public:
 
 protected:
     void reject() override; ///< Escape and the frame's cross do as cbChiudi.
+    bool eventFilter(QObject* watched, QEvent* event) override; ///< Enter on a group shows it, and no more.
 
 private:
     void buildTree();

@@ -117,6 +117,14 @@ TEST_F(SceltaServizio, AGroupShowsItsOwnServicesAndForgetsTheTextsOfTheStart) {
         EXPECT_EQ(visit.codes(), u8("VISITA,VISCON")) << "the root has children and filters nothing";
         visit.clickGroup("Mostra tutto");
         EXPECT_EQ(visit.codes(), u8("VISITA,CORONA,VISCON")) << "still only those for plans";
+        visit.tree()->setFocus();
+        QTest::keyClick(visit.tree(), Qt::Key_Down);
+        QTest::keyClick(visit.tree(), Qt::Key_Return);
+        ASSERT_TRUE(visit.window->isVisible()) << "Enter on a group takes no service";
+        EXPECT_EQ(visit.codes(), u8("VISITA,VISCON"));
+        QTest::keyClick(visit.tree(), Qt::Key_Up);
+        QTest::keyClick(visit.tree(), Qt::Key_Enter);
+        EXPECT_EQ(visit.codes(), u8("VISITA,CORONA,VISCON"));
         visit.grid()->setFocusedRecord(visit.grid()->rowRecord(1));
         QTest::keyClick(visit.grid()->view(), Qt::Key_Return);
         EXPECT_FALSE(visit.window->isVisible());
