@@ -7,8 +7,39 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 
 namespace platform {
+
+/// The list of a cell. A key or the wheel only changes what stands in it, as typing does; an entry taken from the open
+/// list ends the edit.
+class CellList : public QComboBox {
+    Q_OBJECT
+
+public:
+    explicit CellList(QWidget* parent)
+        : QComboBox(parent) {
+        connect(this, &QComboBox::activated, this, [this] {
+            if (!stepping_) emit chosen();
+        });
+    }
+
+signals:
+    void chosen();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const QScopedValueRollback stepping(stepping_, true);
+        QComboBox::keyPressEvent(event);
+    }
+    void wheelEvent(QWheelEvent* event) override {
+        const QScopedValueRollback stepping(stepping_, true);
+        QComboBox::wheelEvent(event);
+    }
+
+private:
+    bool stepping_ = false;
+};
 
 ReportGridDelegate::ReportGridDelegate(ReportGridModel& model, QObject* parent)
     : QStyledItemDelegate(parent)
@@ -33,13 +64,18 @@ QWidget* ReportGridDelegate::createEditor(QWidget* parent, const QStyleOptionVie
 }
 
 QWidget* ReportGridDelegate::createList(QWidget* parent, const QModelIndex& index) const {
-    const ReportCellStyle& style = model_.cellAt(index).style();
-    auto* list = new QComboBox(parent);
+    auto* list = new CellList(parent);
     list->setFrame(false);
-    list->addItems(style.choices);
-    list->setEditable(!style.choicesOnly);
+    list->addItems(model_.cellAt(index).style().choices);
+    list->setEditable(true);
     list->setInsertPolicy(QComboBox::NoInsert);
-    connect(list, &QComboBox::activated, this, [this, list] { finish(list); });
+    // Later, since Enter in the field makes a choice too, and then ends the edit by itself.
+    connect(
+        list, &CellList::chosen, this,
+        [this, list] {
+            if (editor_ == list) finish(list);
+        },
+        Qt::QueuedConnection);
     return list;
 }
 
@@ -54,11 +90,9 @@ void ReportGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index
     const QString value = model_.cellAt(index).value;
     if (auto* list = qobject_cast<QComboBox*>(editor)) {
         list->setCurrentIndex(list->findText(value));
-        if (list->isEditable()) {
-            list->setEditText(value);
-            // Selected from the end, so that the start of a long name stays in sight.
-            list->lineEdit()->setSelection(static_cast<int>(value.size()), -static_cast<int>(value.size()));
-        }
+        list->setEditText(value);
+        // Selected from the end, so that the start of a long name stays in sight.
+        list->lineEdit()->setSelection(static_cast<int>(value.size()), -static_cast<int>(value.size()));
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
         line->setText(value);
     }
@@ -67,9 +101,9 @@ void ReportGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index
 void ReportGridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
     QString text;
     if (const auto* list = qobject_cast<QComboBox*>(editor)) {
-        // A list left without a choice keeps what the cell had, even if that is none of the entries.
-        if (!list->isEditable() && list->currentIndex() < 0) return;
-        text = list->currentText();
+        // An entry is taken in its own spelling, whatever letters it was typed with.
+        const int entry = list->findText(list->currentText().trimmed(), Qt::MatchFixedString);
+        text = entry < 0 ? list->currentText() : list->itemText(entry);
     } else if (const auto* line = qobject_cast<QLineEdit*>(editor)) {
         text = line->text();
     }
@@ -79,12 +113,8 @@ void ReportGridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model
 
 bool ReportGridDelegate::fill(const QString& text) const {
     if (auto* list = qobject_cast<QComboBox*>(editor_.data())) {
-        if (list->isEditable()) {
-            list->setEditText(text);
-            return true;
-        }
-        list->setCurrentIndex(list->findText(text, Qt::MatchFixedString));
-        return list->currentIndex() >= 0;
+        list->setEditText(text);
+        return true;
     }
     auto* line = qobject_cast<QLineEdit*>(editor_.data());
     if (!line) return false;
@@ -128,3 +158,5 @@ bool ReportGridDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleO
 }
 
 } // namespace platform
+
+#include "ReportGridDelegate.moc"

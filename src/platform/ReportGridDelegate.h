@@ -19,7 +19,7 @@ public:
     QWidget* editor() const { return editor_; } ///< Null when none is open.
     QModelIndex editedIndex() const { return edited_; }
     void forgetEditor() { editor_.clear(); }
-    /// Puts a text into the open editor as if typed; false when it takes only its choices and this is none.
+    /// Puts a text into the open editor as if typed; false when none is open.
     bool fill(const QString& text) const;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;

@@ -19,12 +19,11 @@ struct ReportCellStyle {
     bool hasCheckBox = false;
     bool checked = false;
     bool checkEditable = true;
-    bool editable = true;     ///< False locks the cell in an editable column.
-    bool button = false;      ///< Shows the in-cell button.
-    int mergedColumns = 1;    ///< Columns that the cell covers, itself included.
-    QString tooltip;          ///< Plain text; where there is none, a text that does not fit is shown whole.
-    QStringList choices;      ///< In-cell list; empty for none.
-    bool choicesOnly = false; ///< Only an entry of the list can be entered.
+    bool editable = true;  ///< False locks the cell in an editable column.
+    bool button = false;   ///< Shows the in-cell button.
+    int mergedColumns = 1; ///< Columns that the cell covers, itself included.
+    QString tooltip;       ///< Plain text; where there is none, a text that does not fit is shown whole.
+    QStringList choices;   ///< In-cell list; empty for none. Other texts can be typed too.
 };
 
 /// One cell: the text shown and a hidden tag beside it.

@@ -127,7 +127,6 @@ void RigheTrattamento::carica(const clsItemTrattamento& item) {
 void RigheTrattamento::completaScelte(platform::ReportRecord& record) const {
     const auto offre = [&record](int cella, const QStringList& scelte) {
         record.cell(cella).changeStyle().choices = scelte;
-        record.cell(cella).changeStyle().choicesOnly = true;
     };
     offre(RAGGRUPPAMENTO, gruppi_);
     offre(OPERATORE, operatori_);

@@ -1,5 +1,6 @@
 #include "ReportGridFixture.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QSignalSpy>
 
@@ -101,25 +102,47 @@ TEST_F(GridTest, LockedReadOnlyAndCoveredCellsRefuseTheEdit) {
     EXPECT_EQ(record->cell(0).value + record->cell(1).value + record->cell(2).value, QStringLiteral("sìunitaz"));
 }
 
-TEST_F(GridTest, ChoicesOnlyTakesItsEntriesAndAnOpenListTakesAnyText) {
+TEST_F(GridTest, AListIsTypedStepByStepAndEndsWhenAnEntryIsTakenFromIt) {
     show(list({"Operatore", "Gruppo"}), true);
     grid.setEditMode(true, true);
     ReportRecord* record = add({});
-    record->cell(0).changeStyle().choices = list({"Rossi dott. Ada", "Bianchi dott. Ugo"});
-    record->cell(0).changeStyle().choicesOnly = true;
-    record->cell(1).changeStyle().choices = list({"Protesi"});
+    record->cell(0).changeStyle().choices = list({"", "Rossi dott. Ada", "Bianchi dott. Ugo", "Bruni dott. Ivo"});
+    record->cell(0).value = QStringLiteral("Rossi dott. Ada");
     Edits edits(grid);
-    EXPECT_FALSE(grid.enterText(0, 0, QStringLiteral("Verdi")));
-    EXPECT_FALSE(grid.isEditing());
-    EXPECT_TRUE(grid.enterText(0, 0, QStringLiteral("Bianchi dott. Ugo")));
-    EXPECT_TRUE(grid.enterText(0, 1, QStringLiteral("Altro")));
-    EXPECT_EQ(edits.seen, list({"Bianchi dott. Ugo", "Altro"}));
+    // Keys until the edit ends, and what the cell holds then. The first letter of a word replaces what was there.
+    const struct {
+        const char* typed;
+        QList<Qt::Key> keys;
+        const char* expected;
+    } cases[] = {
+        {"Verdi dott. Leo", {Qt::Key_Return}, "Verdi dott. Leo"}, // none of the entries
+        {"br", {Qt::Key_Return}, "Bruni dott. Ivo"},              // completed
+        {"BIANCHI DOTT. UGO", {Qt::Key_Tab}, "Bianchi dott. Ugo"},
+        {"", {Qt::Key_Up, Qt::Key_Return}, "Rossi dott. Ada"},
+        {"", {Qt::Key_Delete, Qt::Key_Return}, ""},
+        {"ros", {Qt::Key_Escape}, ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed);
+        grid.editCell(record, 0);
+        ASSERT_NE(qobject_cast<QComboBox*>(QApplication::focusWidget()), nullptr);
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(c.typed));
+        for (const Qt::Key key : c.keys) {
+            ASSERT_TRUE(grid.isEditing());
+            QTest::keyClick(QApplication::focusWidget(), key);
+            QCoreApplication::processEvents();
+        }
+        EXPECT_EQ(record->cell(0).value, QString::fromLatin1(c.expected));
+    }
     grid.editCell(record, 0);
-    QWidget* editor = QApplication::focusWidget();
-    ASSERT_NE(qobject_cast<QComboBox*>(editor), nullptr);
-    QTest::keyClick(editor, Qt::Key_Up);
-    QTest::keyClick(editor, Qt::Key_Return);
-    EXPECT_EQ(record->cell(0).value, QStringLiteral("Rossi dott. Ada"));
+    auto* editor = qobject_cast<QComboBox*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    editor->showPopup();
+    editor->view()->setCurrentIndex(editor->model()->index(2, 0));
+    QTest::keyClick(editor->view(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(grid.isEditing());
+    EXPECT_EQ(record->cell(0).value, QStringLiteral("Bianchi dott. Ugo"));
 }
 
 TEST_F(GridTest, BoxIsTickedByMouseSpaceAndCallOnlyWhereItMay) {
