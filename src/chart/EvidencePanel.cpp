@@ -19,10 +19,12 @@ namespace {
 
 constexpr QSize STRIP_BOX(52, 52); ///< Border included.
 constexpr int STRIP_BORDER = 2;
-constexpr int STRIP_COLUMNS = 4;
+constexpr int STRIP_COLUMNS = 5;
+constexpr int SHORT_LIST_COLUMNS = 2;
 constexpr int MARK_COLUMNS = 6;
 constexpr QSize SHORT_BOX(20, 20);
 constexpr QSize MARK_BOX(30, 30);
+constexpr int GAP = 6;
 
 QColor colourOf(StatoDente stato) {
     if (stato == StatoDente::Finito) return {0, 192, 0};
@@ -37,7 +39,21 @@ void fill(ServiceBadge* badge, const ServizioEvidenziato& entry, const QSize& si
     };
     if (badge->setDrawing(size - QSize(6, 6), picture)) return;
     badge->clearDrawing();
-    badge->setText(badge->fontMetrics().elidedText(entry.servizio, Qt::ElideRight, size.width() - 6));
+    badge->setText(entry.servizio);
+}
+
+/// Room that is kept while nothing stands in it, so that the teeth stand still when the first service comes.
+void keepRoom(QWidget* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
+QGridLayout* gridOf(int gap) {
+    auto* grid = new QGridLayout;
+    grid->setContentsMargins({});
+    grid->setSpacing(gap);
+    return grid;
 }
 
 } // namespace
@@ -67,47 +83,61 @@ ServiceBadge* EvidencePanel::box(const QString& name, const QSize& size) {
     auto* badge = named(new ServiceBadge(this), name);
     badge->setAlignment(size.isEmpty() ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
     // A text of the short list belongs to the mark beside it, where the keyboard stops.
-    if (!size.isEmpty()) {
+    if (size.isEmpty()) {
+        badge->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    } else {
         badge->setFixedSize(size);
         badge->setFocusPolicy(Qt::TabFocus);
     }
+    keepRoom(badge);
     connect(badge, &ServiceBadge::clicked, this, &EvidencePanel::serviceClicked);
     return badge;
 }
 
 void EvidencePanel::layOut() {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto* strip = new QGridLayout;
-    for (int place = 0; place < strip_.size(); ++place) {
-        auto* inside = new QVBoxLayout(borders_[place]);
-        inside->setContentsMargins({});
-        inside->addWidget(strip_[place]);
-        strip->addWidget(borders_[place], place / STRIP_COLUMNS, place % STRIP_COLUMNS);
-    }
-    // Its room is kept, so that the teeth stand still when the first service comes.
-    setMinimumWidth(STRIP_COLUMNS * (STRIP_BOX.width() + strip->spacing()) - strip->spacing());
-    strip->setColumnStretch(STRIP_COLUMNS, 1);
-    layout->addLayout(strip);
-
-    shortListArea_ =
-        named(platform::form::titledArea(QStringLiteral("In Evidenza"), this), QStringLiteral("pbEvidenziaInBreve"));
-    auto* list = new QGridLayout(shortListArea_);
-    for (int place = 0; place < shortList_.size(); ++place) {
-        list->addWidget(shortList_[place], place, 0);
-        list->addWidget(shortTexts_[place], place, 1);
-    }
-    list->setColumnStretch(1, 1);
+    layout->setContentsMargins({});
+    layout->setSpacing(GAP);
+    layout->addLayout(layOutStrip());
+    layOutShortList();
     layout->addWidget(shortListArea_);
-
     marksArea_ = named(new QWidget(this), QStringLiteral("pbSaltaAllOcchio"));
-    auto* marks = new QGridLayout(marksArea_);
-    marks->setContentsMargins(0, 0, 0, 0);
+    QGridLayout* marks = gridOf(GAP);
+    marksArea_->setLayout(marks);
     for (int place = 0; place < marks_.size(); ++place)
         marks->addWidget(marks_[place], place / MARK_COLUMNS, place % MARK_COLUMNS);
     marks->setColumnStretch(MARK_COLUMNS, 1);
     layout->addWidget(marksArea_);
     layout->addStretch();
+    // As wide as the strip, whatever the other texts are.
+    setFixedWidth(STRIP_COLUMNS * (STRIP_BOX.width() + GAP) - GAP);
+}
+
+QLayout* EvidencePanel::layOutStrip() {
+    QGridLayout* strip = gridOf(GAP);
+    for (int place = 0; place < strip_.size(); ++place) {
+        keepRoom(borders_[place]);
+        auto* inside = new QVBoxLayout(borders_[place]);
+        inside->setContentsMargins({});
+        inside->addWidget(strip_[place]);
+        strip->addWidget(borders_[place], place / STRIP_COLUMNS, place % STRIP_COLUMNS);
+    }
+    return strip;
+}
+
+/// In two columns: below each other the entries would make the plan higher than a small screen.
+void EvidencePanel::layOutShortList() {
+    shortListArea_ =
+        named(platform::form::titledArea(QStringLiteral("In Evidenza"), this), QStringLiteral("pbEvidenziaInBreve"));
+    QGridLayout* list = gridOf(2);
+    list->setContentsMargins(4, 2, 4, 4);
+    shortListArea_->setLayout(list);
+    for (int place = 0; place < shortList_.size(); ++place) {
+        const int column = 2 * (place % SHORT_LIST_COLUMNS);
+        list->addWidget(shortList_[place], place / SHORT_LIST_COLUMNS, column);
+        list->addWidget(shortTexts_[place], place / SHORT_LIST_COLUMNS, column + 1);
+        list->setColumnStretch(column + 1, 1);
+    }
 }
 
 void EvidencePanel::setComposition(const ComposizioneDenti& composition) {

@@ -5,13 +5,14 @@
 
 class ComposizioneDenti;
 class QFrame;
+class QLayout;
 class ServiceBadge;
 struct ServizioEvidenziato;
 
 /// What stands beside the tooth chart: the strip pbLavoriSeri(i) of services in evidence, each in a border
 /// shLavoriSeri(i) of the colour of its state, the short list pbInEvidenzaBreve(i) with laInEvidenzaBreve(i) under "In
 /// Evidenza", and the marks imSaltaAllOcchio(i). Each holds its service in the property "tag", and can be reached with
-/// Tab and pressed with Space.
+/// Tab and pressed with Space. Its size does not depend on how much of it is filled.
 class EvidencePanel : public QWidget {
     Q_OBJECT
 
@@ -26,6 +27,8 @@ signals:
 private:
     ServiceBadge* box(const QString& name, const QSize& size);
     void layOut();
+    QLayout* layOutStrip();
+    void layOutShortList();
     void showInStrip(int place, const ServizioEvidenziato& entry);
     void showShortList(const ComposizioneDenti& composition);
 

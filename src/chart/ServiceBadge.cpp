@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 
 ServiceBadge::ServiceBadge(QWidget* parent)
     : PictureLabel(parent) {
@@ -38,9 +39,14 @@ void ServiceBadge::keyPressEvent(QKeyEvent* event) {
 }
 
 void ServiceBadge::paintEvent(QPaintEvent* event) {
-    PictureLabel::paintEvent(event);
-    if (!hasFocus()) return;
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+    if (shown == text()) PictureLabel::paintEvent(event);
     QPainter painter(this);
+    // A text for which there is no room ends in dots on the screen; what the label holds stays whole.
+    if (shown != text())
+        style()->drawItemText(&painter, contentsRect(), int(alignment()), palette(), isEnabled(), shown,
+                              foregroundRole());
+    if (!hasFocus()) return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);

@@ -131,7 +131,7 @@ void ToothBox::resizeEvent(QResizeEvent* event) {
 void ToothBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const int width = marked_ ? 2 : 1;
-    painter.setPen(QPen(marked_ ? QColor(255, 0, 0) : QColor(128, 128, 128, 110), width));
+    painter.setPen(QPen(marked_ ? QColor(255, 0, 0) : QColor(128, 128, 128), width));
     painter.setBrush(marked_ ? QColor(255, 240, 240) : QColor(255, 255, 255));
     painter.setRenderHint(QPainter::Antialiasing);
     const double inset = width / 2.0;

@@ -14,7 +14,9 @@
 #include <QLabel>
 #include <QPalette>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -132,6 +134,11 @@ void DisabilitaChiudi(QWidget* form, bool flag) {
     auto* guardia = new FermaChiusura(form);
     guardia->setObjectName(QStringLiteral("fermaChiusura"));
     form->installEventFilter(guardia);
+}
+
+void resizeToScreen(QWidget* form, const QSize& size) {
+    const int title = form->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, form);
+    form->resize(size.width(), std::min(size.height(), form->screen()->availableGeometry().height() - title));
 }
 
 void SalvaGeometria(const QWidget* form) {

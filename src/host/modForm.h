@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+class QSize;
 class QWidget;
 
 // What all windows share: the title rule, the set-up when a window is made, the geometry kept from run to run and the
@@ -17,6 +18,10 @@ void InizializzaForm(QWidget* form);
 
 /// With `flag`, the window no longer closes by its frame, only by its own buttons.
 void DisabilitaChiudi(QWidget* form, bool flag);
+
+/// Gives a window the size that it has at its first opening: `size`, less high on a screen that has not that much room
+/// below a title.
+void resizeToScreen(QWidget* form, const QSize& size);
 
 /// Keeps size, place and state of a window in the user's folder, under its `objectName`. Does nothing without a folder.
 void SalvaGeometria(const QWidget* form);

@@ -93,7 +93,7 @@ void frmEditTrattamento::costruisci() {
     colonna->addWidget(denti_);
     colonna->addWidget(schede_, 1);
     colonna->addLayout(piede);
-    resize(1280, 760);
+    resizeToScreen(this, QSize(1280, 760));
 }
 
 void frmEditTrattamento::collega() {

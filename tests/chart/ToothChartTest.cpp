@@ -148,6 +148,15 @@ TEST(ToothChart, MarksExactlyTheTeethOfASelectionAndTellsWhichWasClicked) {
     QTest::mouseClick(part(chart, "imTooth(51)"), Qt::RightButton);
     EXPECT_EQ(left, (QList<QVariantList>{{3}, {40}}));
     EXPECT_EQ(right, (QList<QVariantList>{{51}}));
+    for (const bool marked : {false, true}) {
+        chart.setSelection(marked ? u8("1.8") : QString());
+        QWidget* box = part(chart, "pbTooh(0)");
+        const QImage shown = box->grab().toImage();
+        const QRgb frame = marked ? qRgb(255, 0, 0) : qRgb(128, 128, 128);
+        const int middle = box->height() / 2;
+        EXPECT_EQ(shown.pixel(0, middle), frame);
+        EXPECT_EQ(shown.pixel(1, middle) == frame, marked) << "two pixels wide only where it marks";
+    }
 }
 
 TEST(ToothChart, EveryToothIsReachableInANarrowWindowAndOnItsSide) {

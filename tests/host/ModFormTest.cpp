@@ -129,6 +129,16 @@ TEST_F(Geometria, AWindowThatKeepsItIsFoundAsItWasLeft) {
     }
 }
 
+TEST(ModForm, AWindowOpensNoHigherThanTheScreenBelowItsTitle) {
+    QDialog form;
+    resizeToScreen(&form, QSize(1280, 300));
+    EXPECT_EQ(form.size(), QSize(1280, 300));
+    resizeToScreen(&form, QSize(1280, 5000));
+    EXPECT_EQ(form.width(), 1280);
+    EXPECT_LT(form.height(), form.screen()->availableGeometry().height());
+    EXPECT_GT(form.height(), form.screen()->availableGeometry().height() - 60);
+}
+
 TEST(ModForm, AWindowIsKnownAndItsTitledAreasAreOpaque) {
     EXPECT_EQ(TitoloForm(QStringLiteral("Prova")), QStringLiteral("Prova. Tessara 5000. CORVALA"));
     QWidget form;

@@ -224,6 +224,34 @@ TEST_F(Editor, TiesChartAndRowsTogether) {
     EXPECT_EQ(item.righi[2].denti, QString());
 }
 
+TEST_F(Editor, FitsASmallScreenAndKeepsTheTeethStillWhileItFills) {
+    // On a screen 768 pixels high a title and the bar of the desktop take their part.
+    constexpr int ROOM = 768 - 70;
+    for (const bool beside : {false, true}) {
+        SCOPED_TRACE(beside);
+        oConfig->setEvidenziaBreve(beside);
+        oConfig->setSaltaAllOcchio(beside);
+        apri({});
+        EXPECT_LE(finestra_->minimumSizeHint().height(), ROOM);
+        finestra_->resize(1366, ROOM);
+        QTest::qWait(1);
+        const QRect before = trova<QWidget>(QStringLiteral("pbTooh(0)"))->geometry();
+        for (const char* servizio : {"IMPIANTO", "CORONA", "CORMC", "CORIMP", "PONTE", "ESTRCHIR", "PROTMOB",
+                                     "PROTPARZ", "SCHELETR", "ORTODON", "IGIENE", "SBIANC"})
+            nuovoRigo(QString::fromLatin1(servizio));
+        EXPECT_EQ(trova<QWidget>(QStringLiteral("pbTooh(0)"))->geometry(), before);
+        EXPECT_EQ(finestra_->height(), ROOM);
+        for (const char* nome : {"pbLavoriSeri(9)", "laInEvidenzaBreve(7)", "imSaltaAllOcchio(8)", "cbConferma"}) {
+            const auto* parte = trova<QWidget>(QString::fromLatin1(nome));
+            const bool shown = beside || QLatin1String(nome).startsWith(QLatin1String("pb")) ||
+                               QLatin1String(nome).startsWith(QLatin1String("cb"));
+            EXPECT_EQ(parte->isVisible(), shown) << nome;
+            const QRect place(parte->mapTo(finestra_.get(), QPoint()), parte->size());
+            EXPECT_TRUE(!shown || finestra_->rect().contains(place)) << nome;
+        }
+    }
+}
+
 TEST_F(Editor, StartsANewPlanWithAnEmptyRowWhereThePracticeWantsIt) {
     oConfig->setAutomaticoRigoVuoto(true);
     apri(QString());
