@@ -17,10 +17,7 @@ namespace {
 constexpr char ENTRIES[] = "/servizi/servizio";
 
 QString fileOfConfiguration() {
-    if (oConfig == nullptr) return {};
-    QString folder = oConfig->DBPAth();
-    if (!folder.isEmpty() && !folder.endsWith(u'\\') && !folder.endsWith(u'/')) folder += u'\\';
-    return folder + QStringLiteral("tabellaServizi.xml");
+    return oConfig == nullptr ? QString() : oConfig->FileDati(QStringLiteral("tabellaServizi.xml"));
 }
 
 QByteArray newFile() {
@@ -85,7 +82,8 @@ clsServizi::clsServizi(FileProvider file)
 
 bool clsServizi::Aggiorna(const clsItemServizio& item) {
     const QString path = file_();
-    if (!platform::files::exists(path)) platform::files::writeAtomically(path, newFile());
+    if (!platform::files::exists(path) && platform::files::writeAtomically(path, newFile()))
+        platform::files::shareAsFolder(path);
     XmlDocument document;
     if (!document.loadFile(path)) return false;
     try {

@@ -1,24 +1,21 @@
 #include "config/clsConfig.h"
 
+#include "config/ConfigFolder.h"
 #include "config/clsItemIva.h"
 #include "config/clsItemRaggMerc.h"
 #include "config/clsItemSituazioneDente.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
-#include "host/modCartelle.h"
-#include "platform/Files.h"
 #include "platform/Regional.h"
 #include "platform/SingleByteText.h"
 
 #include <vector>
 
-namespace files = platform::files;
 using platform::XmlNode;
 
 namespace {
 
 const char* const APPUNTI_MODALI = "mostraAppuntiPazienteInFinestraModale";
-const char* const CATALOGHI[] = {"TabellaArticoli.xml", "TabellaServizi.xml"};
 
 QString decodifica(const QString& base64) {
     return platform::fromSingleByte(QByteArray::fromBase64(base64.trimmed().toLatin1()));
@@ -41,42 +38,21 @@ XmlNode figlio(const XmlNode& padre, const char* nome) {
 } // namespace
 
 bool clsConfig::Init() {
-    QString nuovoDB;
-    fileName_ = cercaFile(nuovoDB);
     valori_ = Impostazioni();
     appuntiPazienteModali_ = oHost->Utente().Items().GetITEM(QLatin1String(APPUNTI_MODALI)) != QLatin1String("NO");
-    if (!documento_.loadFile(fileName_)) {
-        lastError_ = QStringLiteral("Non è stato possibile caricare il file di configurazione");
+    ConfigFolder cartella;
+    fileName_ = cartella.file();
+    if (!cartella.open(documento_)) {
+        lastError_ = cartella.error();
         return false;
     }
-    leggi(nuovoDB);
+    leggi();
+    cartella.mendCatalogues(DBPAth());
+    avvisi_ = cartella.notices();
     return true;
 }
 
-// Seeds the user's folder from the templates beside the module on the first run. `nuovoDB` receives the folder of the
-// catalogues then; they are never overwritten.
-QString clsConfig::cercaFile(QString& nuovoDB) const {
-    const QString cartella = CartellaUtente();
-    if (cartella.isEmpty()) return {};
-    const QString config = cartella + QStringLiteral("/Config.xml");
-    const QString modello = sAppPath + QStringLiteral("/Config.xml");
-    if (!files::exists(config) && files::exists(modello)) {
-        files::copy(modello, config);
-        const QString cartellaDB = cartella + QStringLiteral("/DB/");
-        files::createFolder(cartella + QStringLiteral("/DB"));
-        bool completa = true;
-        for (const char* catalogo : CATALOGHI) {
-            const QString nome = QLatin1String(catalogo);
-            if (!files::exists(cartellaDB + nome))
-                files::copy(sAppPath + QStringLiteral("/DB/") + nome, cartellaDB + nome);
-            completa = files::exists(cartellaDB + nome) && completa;
-        }
-        if (completa) nuovoDB = cartellaDB;
-    }
-    return files::exists(config) ? files::resolve(config) : QString();
-}
-
-void clsConfig::leggi(const QString& nuovoDB) {
+void clsConfig::leggi() {
     const XmlNode radice = documento_.root();
     webInformation_ = radice.attribute("webinfo", QString());
     userTitle_ = decodifica(radice.selectOne("user/title").text());
@@ -86,21 +62,14 @@ void clsConfig::leggi(const QString& nuovoDB) {
         if (nodo.attribute("id", QString()) == QLatin1String("imageEditor"))
             imageEditor_ = nodo.attribute("path", QString());
     }
-    leggiParametri(nuovoDB);
+    leggiParametri();
     leggiRaccolte();
 }
 
-void clsConfig::leggiParametri(const QString& nuovoDB) {
+void clsConfig::leggiParametri() {
     for (const Parametro& parametro : parametri()) {
-        for (const XmlNode& nodo : nodiParametro(documento_.root(), parametro)) {
-            const auto* campo = std::get_if<QString Impostazioni::*>(&parametro.campo);
-            const bool percorsoDB = campo && *campo == &Impostazioni::DBPAth;
-            if (percorsoDB && !nuovoDB.isEmpty() && nodo.text() != nuovoDB) {
-                nodo.setText(nuovoDB);
-                salva();
-            }
+        for (const XmlNode& nodo : nodiParametro(documento_.root(), parametro))
             leggiParametro(parametro, nodo.text(), valori_);
-        }
     }
 }
 
@@ -132,6 +101,13 @@ QString clsConfig::ProductName() const {
 QString clsConfig::DBPAth() const {
     QString percorso = valori_.DBPAth;
     return percorso.replace(QStringLiteral("[app.path]"), sAppPath);
+}
+
+QString clsConfig::FileDati(const QString& nome) const {
+    const QString cartella = DBPAth();
+    if (cartella.isEmpty()) return {};
+    const bool chiusa = cartella.endsWith(QLatin1Char('\\')) || cartella.endsWith(QLatin1Char('/'));
+    return cartella + (chiusa ? QString() : QStringLiteral("/")) + nome;
 }
 
 void clsConfig::setUserTitle(const QString& testo) {

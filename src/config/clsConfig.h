@@ -5,6 +5,7 @@
 #include "platform/XmlDocument.h"
 
 #include <QString>
+#include <QStringList>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -29,6 +30,8 @@ public:
     /// False when the file cannot be had; `LastError` says so. Fills `colIva`, `colRaggMerc` and `colSituazioniDenti`.
     bool Init();
     const QString& LastError() const { return lastError_; }
+    /// What the user has to be told after a good start, such as a broken file that was put aside.
+    const QStringList& Avvisi() const { return avvisi_; }
 
     const QString& FileName() const { return fileName_; }
     QString ProductName() const; ///< Read from the document each time.
@@ -46,6 +49,8 @@ public:
 
     // The parameters. Their setters throw ErroreConfigurazione.
     QString DBPAth() const; ///< Folder of the catalogues, "[app.path]" replaced.
+    /// Path of a file in that folder, with or without a separator at its end; empty without a folder.
+    QString FileDati(const QString& nome) const;
     void setDBPAth(const QString& v) { scrivi(&Impostazioni::DBPAth, v); }
     bool AutomaticoRigoVuoto() const { return valori_.AutomaticoRigoVuoto; }
     void setAutomaticoRigoVuoto(bool v) { scrivi(&Impostazioni::AutomaticoRigoVuoto, v); }
@@ -101,9 +106,8 @@ public:
     void MainMDITab() {}                   ///< Hook for the module's tab coming to the front; nothing to do there.
 
 private:
-    QString cercaFile(QString& nuovoDB) const;
-    void leggi(const QString& nuovoDB);
-    void leggiParametri(const QString& nuovoDB);
+    void leggi();
+    void leggiParametri();
     void leggiRaccolte() const;
     void salva();
     void scriviUtente(const char* nome, const QString& testo, QString& campo);
@@ -124,6 +128,7 @@ private:
     platform::XmlDocument documento_;
     Impostazioni valori_;
     QString lastError_;
+    QStringList avvisi_;
     QString fileName_;
     QString webInformation_;
     QString imageEditor_;

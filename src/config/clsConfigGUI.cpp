@@ -15,6 +15,8 @@ namespace {
 
 const char* const PIANO_PAZIENTE = "CRVL0303";
 const char* const NUOVO_PIANO = "CRVL0302";
+const char* const SINTESI = "CRVL0701";
+const char* const PARADONTALE = "CRVL0702";
 
 constexpr qint32 CONTROLLO_MENU = 4;
 constexpr qint32 CONTROLLO_AMBULATORIO = 10;
@@ -47,6 +49,14 @@ RibbonControl* controllo(qint32 id) {
 
 void abilita(qint32 id, bool enabled) {
     if (RibbonControl* trovato = controllo(id)) trovato->setEnabled(enabled);
+}
+
+// A command whose window is still to come has no action and stays grey, whatever the configuration says.
+bool conAzione(const QString& key) {
+    return agganci.comandoConAzione && agganci.comandoConAzione(key);
+}
+bool conAzione(const char* key) {
+    return conAzione(QLatin1String(key));
 }
 
 void nascondiVoci(qint32 id) {
@@ -128,11 +138,21 @@ void clsConfig::menuPrincipale(host::MainForm& frmMain) const {
     const auto chiave = [](qint32 id) { return QLatin1Char('I') + QString::number(id); };
     const QString menu = chiave(idComandi.menu);
     frmMain.AddMenu(menu, QStringLiteral("ODONTOIATRIA"), QString());
-    frmMain.AddMenu(chiave(idComandi.menuSintesi), QStringLiteral("Sintesi Odontoiatrica"), menu);
-    frmMain.AddMenu(chiave(idComandi.menuParadontale), QStringLiteral("Cartella Paradontale"), menu);
-    frmMain.AddMenu(chiave(idComandi.menuImmagini), QStringLiteral("Immagini"), menu);
-    frmMain.AddMenu(chiave(idComandi.menuPreventivi), QStringLiteral("Preventivi"), menu);
-    frmMain.AddMenu(chiave(idComandi.menuFatturazione), QStringLiteral("Fatturazione"), menu);
+    const struct {
+        qint32 id;
+        QString caption;
+        const char* key;
+    } voci[] = {
+        {idComandi.menuSintesi, QStringLiteral("Sintesi Odontoiatrica"), SINTESI},
+        {idComandi.menuParadontale, QStringLiteral("Cartella Paradontale"), PARADONTALE},
+        {idComandi.menuImmagini, QStringLiteral("Immagini"), "CRVL0501"},
+        {idComandi.menuPreventivi, QStringLiteral("Preventivi"), "CRVL0101"},
+        {idComandi.menuFatturazione, QStringLiteral("Fatturazione"), "CRVL0201"},
+    };
+    for (const auto& voce : voci) {
+        frmMain.AddMenu(chiave(voce.id), voce.caption, menu);
+        if (!conAzione(voce.key)) abilita(voce.id, false);
+    }
 }
 
 void clsConfig::layoutAmbulatorio() const {
@@ -171,7 +191,7 @@ void clsConfig::inserisciBottone(host::RibbonGroup& gruppo, const XmlNode& nodo)
     bottone.tooltip = nodo.attribute("tooltiptext", QString());
     bottone.style = stile(nodo.attribute("style", QStringLiteral("3")));
     bottone.begingroup = nodo.attribute("begingroup", QStringLiteral("0")) == QLatin1String("1");
-    bottone.enabled = UsableService(bottone.id) && !PatientService(bottone.id);
+    bottone.enabled = UsableService(bottone.id) && !PatientService(bottone.id) && conAzione(bottone.key);
     if (scheda && bottone.key == QLatin1String(PIANO_PAZIENTE)) {
         bottone.caption = QStringLiteral("Apri");
         bottone.tooltip = QStringLiteral("Consulta il piano del paziente");
@@ -208,10 +228,10 @@ void clsConfig::gruppoStrumenti(host::RibbonTab& tab) {
 }
 
 void clsConfig::RefreshGUI(bool enabled) {
-    abilita(idComandi.sintesi, enabled);
-    abilita(idComandi.paradontale, enabled);
+    abilita(idComandi.sintesi, enabled && conAzione(SINTESI));
+    abilita(idComandi.paradontale, enabled && conAzione(PARADONTALE));
     for (const clsItemService& servizio : ListaServices()) {
-        if (!servizio.Patient || !servizio.Enabled) continue;
+        if (!servizio.Patient || !servizio.Enabled || !conAzione(servizio.Key)) continue;
         bool attivo = enabled;
         if (enabled && !UnicaSchedaTrattamento() && servizio.Key == QLatin1String(PIANO_PAZIENTE)) {
             attivo = agganci.pazienteConPiani && agganci.pazienteConPiani();

@@ -13,6 +13,8 @@ void clsListaReports::Carica(host::Dati& dati) {
 
 QString clsListaReports::Utilizzo(const QString& id) {
     if (!oConfig || id.isEmpty()) return {};
-    if (id == oConfig->PreventReportID()) return QStringLiteral("Preventivo");
-    return id == oConfig->FatturaReportID() ? QStringLiteral("Fattura") : QString();
+    QStringList usi;
+    if (id == oConfig->PreventReportID()) usi << QStringLiteral("Preventivo");
+    if (id == oConfig->FatturaReportID()) usi << QStringLiteral("Fattura");
+    return usi.join(QStringLiteral(", "));
 }

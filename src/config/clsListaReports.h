@@ -22,7 +22,7 @@ public:
     bool InMemoria() const { return !lista_.isEmpty(); }
     const QList<clsItemReport>& Lista() const { return lista_; }
 
-    /// For what the settings use a report: "Preventivo", "Fattura" or nothing.
+    /// For what the settings use a report: "Preventivo", "Fattura", "Preventivo, Fattura" or nothing.
     static QString Utilizzo(const QString& id);
 
 private:

@@ -21,6 +21,8 @@
 
 namespace {
 
+constexpr int VOCE_FATTURAZIONE = 2; // among the topics
+
 platform::Answer messaggio(const QString& testo, int valore) {
     return platform::dialogs().message(testo, valore, QString::fromUtf16(TITOLO_CORVALA));
 }
@@ -37,7 +39,13 @@ void riformatta(QLineEdit& campo) {
     if (const float valore = importo(campo.text()); valore != 0) campo.setText(comeImporto(valore));
 }
 
+/// Nothing, or a number.
+bool leggibile(const QString& testo) {
+    return testo.trimmed().isEmpty() || platform::regional().toNumber(testo);
+}
+
 QString senzaZero(const QString& testo) {
+    if (!leggibile(testo)) return testo; // shown as it stands, so that it is put right and not lost
     const float valore = importo(testo);
     return valore == 0 ? QString() : comeImporto(valore);
 }
@@ -126,6 +134,7 @@ void frmConfig::applica() {
     if (!oConfig) return; // the host has ended the module under the window
     for (QLineEdit* campo : {text1_[BOLLO], text1_[BOLLO_PLAFON]})
         riformatta(*campo); // the button's key leaves the focus in the field
+    if (!importiLeggibili()) return;
     try {
         scrivi();
         leggiIntestazione(); // a letter that the file cannot hold shows as what became of it
@@ -134,6 +143,26 @@ void frmConfig::applica() {
         messaggio(QStringLiteral("Attenzione! Salvataggio non a buon fine!\r\n") + QString::fromUtf8(errore.what()),
                   platform::MB_CRITICAL);
     }
+}
+
+bool frmConfig::importiLeggibili() {
+    const struct {
+        Testo campo;
+        QString nome;
+    } importi[] = {{BOLLO, QStringLiteral("del bollo")},
+                   {BOLLO_PLAFON, QStringLiteral("oltre cui si applica il bollo")}};
+    for (const auto& [campo, nome] : importi) {
+        if (leggibile(text1_[campo]->text())) continue;
+        treeView1_->setCurrentItem(treeView1_->topLevelItem(VOCE_FATTURAZIONE));
+        messaggio(QStringLiteral("Attenzione! L'importo %1 non è un numero: \"%2\".\r\nNessuna impostazione è stata "
+                                 "salvata.")
+                      .arg(nome, text1_[campo]->text()),
+                  platform::MB_WARNING);
+        text1_[campo]->setFocus();
+        text1_[campo]->selectAll();
+        return false;
+    }
+    return true;
 }
 
 // Each setting is in the file at once: what was written before a failure stays.

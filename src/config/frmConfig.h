@@ -43,6 +43,7 @@ private:
     void leggi();
     void leggiIntestazione();
     void applica();
+    bool importiLeggibili(); ///< False after the user was told which amount is none.
     void scrivi();
     void cambiato();
     void mostraCarattere();

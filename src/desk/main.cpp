@@ -7,13 +7,13 @@
 #include "desk/shell/MessageFilter.h"
 #include "desk/shell/Options.h"
 #include "platform/Dialogs.h"
+#include "platform/FileHold.h"
 #include "platform/QtDialogs.h"
 #include "platform/Theme.h"
 
 #include <QDir>
 #include <QMainWindow>
 #include <cstdio>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -84,7 +84,7 @@ int runDesk(desk::Options options) {
 } // namespace
 
 int main(int argc, char** argv) {
-    ::umask(S_IRWXG | S_IRWXO); // archive, copies, extracted files: whatever is made here is the owner's alone
+    platform::keepNewFilesPrivate(); // archive, copies, extracted files, settings
     desk::installMessageFilter();
     desk::Options options;
     try {

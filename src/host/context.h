@@ -81,6 +81,7 @@ struct Agganci {
     std::function<bool()> pazienteConPiani;      ///< Whether the open patient has a treatment plan.
     std::function<int()> contaTrattamentiAperti; ///< How many plans of the open patient have open work.
     std::function<bool()> rimuoviTuttiLock;      ///< Removes the marks of all records in use; tells a failure itself.
+    std::function<bool(const QString& key)> comandoConAzione; ///< Whether a command does anything yet.
 };
 extern Agganci agganci;
 

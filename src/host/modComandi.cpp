@@ -32,8 +32,7 @@ void Comandi::EseguiComando(qint32 id) const {
     if (id == 0) return;
     const QString key = chiaveServizio_ ? chiaveServizio_(id) : QString();
     if (key.isEmpty() && eseguiFisso(id)) return;
-    const auto azione = azioni_.constFind(key);
-    if (azione != azioni_.cend()) (*azione)();
+    esegui(key);
 }
 
 bool Comandi::eseguiFisso(qint32 id) const {
@@ -44,15 +43,15 @@ bool Comandi::eseguiFisso(qint32 id) const {
                                         QStringLiteral("Tessara 5000"));
             return true;
         }
-        apri(QLatin1String(voce.key));
+        esegui(QLatin1String(voce.key));
         return true;
     }
     return false;
 }
 
-void Comandi::apri(const QString& key) const {
+void Comandi::esegui(const QString& key) const {
     const auto azione = azioni_.constFind(key);
-    azione == azioni_.cend() ? FunzioneNonDisponibile() : (*azione)();
+    if (azione != azioni_.cend()) (*azione)();
 }
 
 void ApriFinestra(const QString& testo, const std::function<QWidget*()>& crea) {
@@ -70,9 +69,4 @@ void ApriFinestra(const QString& testo, const std::function<QWidget*()>& crea) {
     if (!form) return;
     form->setWindowTitle(caption);
     if (auto* trovata = qobject_cast<QWidget*>(platform::FormRegistry::find(nome))) trovata->show();
-}
-
-void FunzioneNonDisponibile() {
-    platform::dialogs().message(QStringLiteral("Funzione non ancora disponibile."), platform::MB_INFORMATION,
-                                QString::fromUtf16(TITOLO_CORVALA));
 }

@@ -6,8 +6,8 @@
 
 class QWidget;
 
-/// The commands of the module by their keys ("CRVL0302"). Each room adds its own; what has no entry has no window yet.
-/// Owned by the module's assembly.
+/// The commands of the module by their keys ("CRVL0302"). Each room adds its own; what has no entry has no window yet
+/// and is grey./// Owned by the module's assembly.
 class Comandi {
 public:
     using Azione = std::function<void()>;
@@ -26,7 +26,7 @@ public:
 
 private:
     bool eseguiFisso(qint32 id) const;
-    void apri(const QString& key) const;
+    void esegui(const QString& key) const;
 
     QHash<QString, Azione> azioni_;
     Chiave chiaveServizio_;
@@ -35,6 +35,3 @@ private:
 /// Opens a child window that `crea` makes and the host adopts, or brings forward the one that is open under its
 /// caption: the module's name and `testo`, such as ": Elenco TRATTAMENTI".
 void ApriFinestra(const QString& testo, const std::function<QWidget*()>& crea);
-
-/// Tells that a function has no window yet.
-void FunzioneNonDisponibile();

@@ -83,6 +83,7 @@ void Contesto::collega() {
     agganci.pazienteConPiani = [] { return !oTrattamenti->Lista().empty(); };
     agganci.contaTrattamentiAperti = [] { return int(ContaTrattamentiAperti()); };
     agganci.rimuoviTuttiLock = RimuoviTuttiLock;
+    agganci.comandoConAzione = [this](const QString& key) { return comandi_.contains(key); };
     registraTrattamenti(comandi_);
 }
 

@@ -33,11 +33,9 @@ void Plugin::Init(host::Host* host, const QVariant&) {
     try {
         avvia(*host);
     } catch (const std::exception& errore) {
-        motivo_ = QString::fromUtf8(errore.what());
-        Termina();
+        fallito(QString::fromUtf8(errore.what()));
     } catch (...) {
-        motivo_ = QStringLiteral("errore sconosciuto");
-        Termina();
+        fallito(QStringLiteral("errore sconosciuto"));
     }
 }
 
@@ -54,13 +52,16 @@ void Plugin::avvia(host::Host& host) {
         fallito(oConfig->LastError());
         return;
     }
+    for (const QString& avviso : oConfig->Avvisi())
+        passo([&] { platform::dialogs().message(avviso, platform::MB_WARNING, oConfig->ProductName()); });
     oggetti_->setTimerAttivo(oConfig->MinuteRefresh() >= 1);
     if (!oGraphical->Init(sAppPath + QStringLiteral("/Graphical.xml"))) fallito(oGraphical->LastError());
 }
 
 void Plugin::fallito(const QString& motivo) {
     motivo_ = motivo;
-    passo([&] { platform::dialogs().message(motivo, platform::MB_CRITICAL, oConfig->ProductName()); });
+    const QString titolo = contesto_ ? oConfig->ProductName() : QString::fromUtf16(TITOLO_CORVALA);
+    passo([&] { platform::dialogs().message(motivo, platform::MB_CRITICAL, titolo); });
     Termina();
 }
 

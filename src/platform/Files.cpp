@@ -1,13 +1,15 @@
 #include "platform/Files.h"
 
+#include "platform/FileHold.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
-#ifdef Q_OS_UNIX
 #include <cerrno>
+#include <sys/file.h>
 #include <unistd.h>
-#endif
 
 namespace platform::files {
 
@@ -33,12 +35,7 @@ QString nameOnDisk(const QString& folder, const QString& name) {
 
 /// A network folder may tell only now that it is full.
 bool onDisk(const QFileDevice& file) {
-#ifdef Q_OS_UNIX
     return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
-#else
-    Q_UNUSED(file)
-    return true;
-#endif
 }
 
 /// What the owner may do stays.
@@ -117,12 +114,22 @@ bool replace(const QString& path, const std::function<bool(QIODevice&)>& fill) {
     if (path.isEmpty()) return false;
     QSaveFile file(resolve(path));
     if (!file.open(QIODevice::WriteOnly)) return false;
+    ::flock(file.handle(), LOCK_EX | LOCK_NB); // alive, for who looks for leftovers; see removeLeftovers
     // Committing does not tell that what was still in its buffer found no room on the disk.
     return fill(file) && file.flush() && file.error() == QFileDevice::NoError && onDisk(file) && file.commit();
 }
 
 bool writeAtomically(const QString& path, const QByteArray& content) {
     return replace(path, [&content](QIODevice& file) { return file.write(content) == content.size(); });
+}
+
+void removeLeftovers(const QString& folder, const QString& pattern) {
+    // As QSaveFile names what it writes to.
+    const QRegularExpression draft(QRegularExpression::anchoredPattern(QStringLiteral(".+\\.[A-Za-z]{6}")));
+    for (const QString& name : list(folder, pattern + QStringLiteral(".*"))) {
+        const QString path = resolve(folder + QLatin1Char('/') + name);
+        if (draft.match(name).hasMatch() && FileHold(path).held()) QFile::remove(path);
+    }
 }
 
 bool restrictToOwner(const QString& path) {

@@ -28,6 +28,8 @@ std::optional<QByteArray> read(const QString& path);
 /// program writes for good goes through here. A file that is replaced keeps its rights.
 bool replace(const QString& path, const std::function<bool(QIODevice&)>& fill);
 bool writeAtomically(const QString& path, const QByteArray& content); ///< The same, by a content at hand.
+/// Removes what programs that were killed while they replaced a file of that pattern left beside it.
+void removeLeftovers(const QString& folder, const QString& pattern);
 
 // Rights. New files are their owner's alone, since the program starts so; these are for what lies there already.
 

@@ -1,5 +1,7 @@
 #include "platform/WebAddress.h"
 
+#include "platform/FileHold.h"
+
 #include <QDesktopServices>
 #include <QStringList>
 #include <QUrl>
@@ -20,6 +22,7 @@ bool openWebAddress(const QString& address) {
     const QUrl url = QUrl::fromUserInput(address.trimmed()); // "www.studio.it" is enough
     static const QStringList schemes{QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("mailto")};
     if (!url.isValid() || !schemes.contains(url.scheme())) return false;
+    const ForOtherPrograms asTheyDo;
     return installed() ? installed()(url.toString()) : QDesktopServices::openUrl(url);
 }
 

@@ -7,21 +7,31 @@
 #include "platform/Files.h"
 #include "store/modFile.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 namespace {
 
 // Empty without a shared folder: the mark would lie wherever the program was started, and nobody would find it again.
 QString lockPath(const QString& tipo, const QString& id) {
-    if (oConfig->DBPAth().isEmpty()) return {};
-    return oConfig->DBPAth() + id + QLatin1Char('-') + tipo + QStringLiteral(".lck");
+    return oConfig->FileDati(id + QLatin1Char('-') + tipo + QStringLiteral(".lck"));
+}
+
+bool cannotRemove(const QString& file, const QString& error) {
+    platform::dialogs().message(QStringLiteral("Attenzione! Errore critico in eliminazione LOCK!\r\nFile: ") + file +
+                                    QStringLiteral("\r\nErrore: ") + error,
+                                platform::MB_CRITICAL, QString::fromUtf16(TITOLO_CORVALA));
+    return false;
 }
 
 } // namespace
 
 void CreaLock(const QString& tipo, const QString& id) {
-    ScriviFile(lockPath(tipo, id), platform::now().toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")));
+    const QString path = lockPath(tipo, id);
+    ScriviFile(path, platform::now().toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")));
+    platform::files::shareAsFolder(path); // for the others, who see it and may have to take it away
 }
 
 bool EsisteLock(const QString& tipo, const QString& id) {
@@ -40,16 +50,16 @@ bool RimuoviLock(const QString& tipo, const QString& id) {
 }
 
 bool RimuoviTuttiLock() {
+    const QString all = QStringLiteral("*.lck");
     const QString folder = oConfig->DBPAth();
-    const QStringList names = platform::files::list(folder, QStringLiteral("*.lck"));
-    for (const QString& name : names) {
+    // Out of reach is not the same as without locks.
+    if (!platform::files::isFolder(folder) || !QFileInfo(platform::files::resolve(folder)).isReadable())
+        return cannotRemove(QDir::toNativeSeparators(oConfig->FileDati(all)),
+                            QStringLiteral("la cartella non c'è o non si può leggere"));
+    for (const QString& name : platform::files::list(folder, all)) {
         if (name.startsWith(QLatin1Char('.'))) continue;
-        QFile file(platform::files::resolve(folder + name));
-        if (file.remove()) continue;
-        platform::dialogs().message(QStringLiteral("Attenzione! Errore critico in eliminazione LOCK!\r\nFile: ") +
-                                        name + QStringLiteral("\r\nErrore: ") + file.errorString(),
-                                    platform::MB_CRITICAL, QString::fromUtf16(TITOLO_CORVALA));
-        return false;
+        QFile file(platform::files::resolve(oConfig->FileDati(name)));
+        if (!file.remove()) return cannotRemove(name, file.errorString());
     }
     return true;
 }

@@ -175,6 +175,34 @@ TEST_F(FrmConfigTest, ARefusedSaveIsToldAndLosesNothing) {
     EXPECT_EQ(dialoghi_.messaggi.size(), 1);
 }
 
+TEST_F(FrmConfigTest, AnAmountThatIsNoneIsRefusedWithWordsAndNothingIsSaved) {
+    oConfig->setBolloPlafon(u8("77,,47")); // as an older version stored it
+    apri([&] {
+        EXPECT_EQ(testo("Text1(3)"), u8("77,,47")) << "shown, or it would be lost unseen";
+        for (const char* campo : {"Text1(2)", "Text1(3)"}) {
+            SCOPED_TRACE(campo);
+            const QString prima = oConfig->Bollo() + u';' + oConfig->BolloPlafon();
+            argomento(FATTURAZIONE);
+            scrivi(campo, u8("2,00,"));
+            argomento(INTESTAZIONE);
+            scrivi("Text1(0)", u8("Studio nuovo"));
+            dialoghi_.messaggi.clear();
+            applica();
+            ASSERT_EQ(dialoghi_.messaggi.size(), 1);
+            EXPECT_TRUE(dialoghi_.messaggi[0].contains(u8("\"2,00,\""))) << dialoghi_.messaggi[0].toStdString();
+            EXPECT_EQ(dialoghi_.valori.last(), platform::MB_WARNING);
+            EXPECT_TRUE(trova<QLineEdit>(campo)->isVisible() && trova<QLineEdit>(campo)->hasFocus());
+            EXPECT_TRUE(daApplicare());
+            EXPECT_EQ(oConfig->UserTitle(), QString());
+            EXPECT_EQ(oConfig->Bollo() + u';' + oConfig->BolloPlafon(), prima);
+            scrivi(campo, u8("2,5"));
+        }
+        applica();
+        EXPECT_FALSE(daApplicare());
+    });
+    EXPECT_EQ(oConfig->BolloPlafon(), u8("2,50"));
+}
+
 TEST_F(FrmConfigTest, LocksAreRemovedOnlyAfterAYes) {
     const QString altrui = oConfig->DBPAth() + u8("7F3A-Preventivo.lck");
     const QString nascosto = oConfig->DBPAth() + u8(".7F3A-Fattura.lck");
@@ -193,11 +221,15 @@ TEST_F(FrmConfigTest, LocksAreRemovedOnlyAfterAYes) {
         EXPECT_TRUE(platform::files::exists(nascosto));
         azzera(platform::Answer::Yes);
         EXPECT_FALSE(daApplicare());
+        ASSERT_TRUE(QDir(oConfig->DBPAth()).removeRecursively());
+        azzera(platform::Answer::Yes);
+        EXPECT_TRUE(dialoghi_.messaggi.takeLast().contains(u8("Errore critico in eliminazione LOCK!")));
+        EXPECT_EQ(dialoghi_.valori.takeLast(), 16);
     });
     const QString domanda = u8("Attenzione! Vuoi davvero rimuovere eventuali file di bloccaggio presenti?");
     const QString finita = u8("Operazione terminata correttamente!");
-    EXPECT_EQ(dialoghi_.messaggi, (QStringList{domanda, domanda, finita, domanda, finita}));
-    EXPECT_EQ(dialoghi_.valori, (QList<int>{292, 292, 64, 292, 64}));
+    EXPECT_EQ(dialoghi_.messaggi, (QStringList{domanda, domanda, finita, domanda, finita, domanda}));
+    EXPECT_EQ(dialoghi_.valori, (QList<int>{292, 292, 64, 292, 64, 292}));
 }
 
 TEST_F(FrmConfigTest, OneListOfReportsServesTheWholeWindow) {

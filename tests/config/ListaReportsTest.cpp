@@ -82,6 +82,11 @@ TEST_F(ListaReportsTest, AssignsReportsToEstimatesAndInvoices) {
                   (QStringList{QStringLiteral("Imposta come preventivo"), QStringLiteral("Imposta come fattura")}));
         EXPECT_EQ(oConfig->PreventReportID(), nostra);
         EXPECT_TRUE(utilizzi(griglia).startsWith(QStringLiteral("D'Angelo 100%=Preventivo;Fattura=Fattura")));
+        dialoghi_.scelta = QStringLiteral("Imposta come fattura");
+        clickDestro(griglia, nostra);
+        EXPECT_TRUE(utilizzi(griglia).startsWith(QStringLiteral("D'Angelo 100%=Preventivo, Fattura;Fattura=;")))
+            << "one report may serve both";
+        clickDestro(griglia, FATTURA);
         // By keyboard, on the row that has the focus; a dismissed menu changes nothing.
         griglia.setFocusedRecord(griglia.rowRecord(riga(griglia, nostra)));
         dialoghi_.scelta = QStringLiteral("nessuna");

@@ -97,10 +97,9 @@ TEST(ModComandi, DispatchesByServiceThenByFixedIdAndIgnoresTheRest) {
     comandi.EseguiComando(4);
     comandi.EseguiComando(12345);
     EXPECT_EQ(eseguiti, (QStringList{QStringLiteral("elenco"), QStringLiteral("fatture")}));
+    comandi.EseguiComando(5); // without an action it is grey, and a host that asks all the same hears nothing
     EXPECT_TRUE(dialoghi.messaggi.isEmpty());
 
-    comandi.EseguiComando(5);
-    EXPECT_EQ(dialoghi.messaggi.takeLast(), QStringLiteral("Funzione non ancora disponibile."));
     for (const qint32 id : {2, 8, 3, 9, 7}) {
         SCOPED_TRACE(id);
         comandi.EseguiComando(id);

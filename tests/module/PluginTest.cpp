@@ -15,6 +15,20 @@ namespace {
 
 class PluginTest : public StudioConModulo {};
 
+/// A host that cannot answer anything.
+class MutoHost : public host::Host {
+public:
+    host::Utente& Utente() override { cade(); }
+    host::Paziente* paziente() override { cade(); }
+    host::Framework& Framework() override { cade(); }
+    host::Archivio& Archivio() override { cade(); }
+    host::DB& DB() override { cade(); }
+    host::API& API() override { cade(); }
+
+private:
+    [[noreturn]] static void cade() { throw host::HostError(QStringLiteral("il collegamento è caduto")); }
+};
+
 QTimer* timer1() {
     QObject* oggetti = platform::FormRegistry::find(QStringLiteral("frmOggetti"));
     return oggetti ? oggetti->findChild<QTimer*>(QStringLiteral("Timer1")) : nullptr;
@@ -72,6 +86,27 @@ TEST_F(PluginTest, ARefusedStartIsToldOnceAndLeavesTheDeskWithoutModule) {
         EXPECT_TRUE(desk_->moduleError().contains(dialoghi_.messaggi.last()));
         apriRossi(); // the desk works on
     }
+}
+
+TEST_F(PluginTest, ABrokenConfigurationIsToldAndTheModuleStarts) {
+    avvia();
+    ASSERT_TRUE(platform::files::writeAtomically(cartellaModulo() + QStringLiteral("/Config.xml"), ""));
+    avvia();
+    EXPECT_TRUE(avviato_);
+    ASSERT_EQ(dialoghi_.messaggi.size(), 1);
+    EXPECT_TRUE(dialoghi_.messaggi[0].startsWith(QStringLiteral("Il file delle impostazioni era danneggiato.")));
+    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_WARNING});
+    EXPECT_EQ(dialoghi_.titoli, QStringList{QStringLiteral("Tessara 5000. CORVALA")});
+}
+
+TEST_F(PluginTest, AnErrorInTheMiddleOfTheStartIsToldToo) {
+    MutoHost muto;
+    Plugin plugin;
+    plugin.Init(&muto, QVariant());
+    EXPECT_TRUE(plugin.terminated());
+    EXPECT_EQ(dialoghi_.messaggi, QStringList{QStringLiteral("il collegamento è caduto")});
+    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_CRITICAL});
+    EXPECT_EQ(plugin.terminationReason(), QStringLiteral("il collegamento è caduto"));
 }
 
 TEST_F(PluginTest, DebugNamesTheLogAndWritesNothing) {

@@ -89,8 +89,9 @@ TEST_F(Ribbon, TabMenuAndDeskButtonsStandAsLaidOut) {
             EXPECT_FALSE(trovato->Caption().isEmpty() || trovato->tooltip().isEmpty());
             if (!key.startsWith(u8("CRVL0"))) continue;
             EXPECT_EQ(QImage(sAppPath + u8("/Styles/") + key + u8(".png")).size(), QSize(64, 64));
-            const bool pronto = key.startsWith(u8("CRVL03"));
-            EXPECT_EQ(oConfig->UsableService(key), pronto) << "what has no window yet is off";
+            EXPECT_TRUE(oConfig->UsableService(key));
+            const bool pronto = key == u8("CRVL0301") || key == u8("CRVL0302");
+            EXPECT_EQ(trovato->Enabled(), pronto) << "what has no window yet is grey";
         }
     }
     const struct {
@@ -247,7 +248,12 @@ TEST_F(Ribbon, ThePatientsPlanFollowsThePatient) {
     const auto scrivania = [this] { return comando(idComandi.sintesi); };
     EXPECT_FALSE(scrivania()->Enabled());
     apriRossi();
+    EXPECT_FALSE(scrivania()->Enabled()) << "the summary has no window yet";
+    EXPECT_FALSE(comando("CRVL0501")->Enabled());
+    agganci.comandoConAzione = [](const QString&) { return true; };
+    oConfig->RefreshGUI(true);
     EXPECT_TRUE(scrivania()->Enabled());
+    EXPECT_TRUE(comando("CRVL0501")->Enabled());
     EXPECT_FALSE(comando("CRVL0303")->Enabled()) << "this patient has no plan";
 
     ASSERT_TRUE(desk_->openPatientByTaxCode(QStringLiteral("FNTGPP51M01L781C")));
@@ -283,7 +289,8 @@ TEST_F(Ribbon, TheModulesOwnCommands) {
     EXPECT_TRUE(informazioni.contains(QStringLiteral("Percorso configurazione: ") + oConfig->FileName()));
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL.main.refresh")));
     evento("execute", {idComandi.menuFatturazione});
-    EXPECT_EQ(dialoghi_.messaggi.takeLast(), QStringLiteral("Funzione non ancora disponibile."));
+    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_FALSE(comando(idComandi.menuFatturazione)->Enabled()) << "it has no window yet";
     evento("execute", {idComandi.menuImmagini});
     EXPECT_EQ(dialoghi_.messaggi.takeLast(), QStringLiteral("Selezionare prima un paziente"));
     EXPECT_TRUE(dialoghi_.messaggi.isEmpty());

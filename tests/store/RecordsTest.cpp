@@ -241,6 +241,28 @@ TEST_F(RecordsTest, TheToolRemovesAllLocksButHiddenOnes) {
     EXPECT_EQ(QDir(path("DB")).entryList(QDir::Files | QDir::Hidden, QDir::Name),
               QStringList({u8(".3-Fattura.lck"), u8("listino.xml")}));
     EXPECT_TRUE(dialogs.heard.isEmpty());
+
+    ASSERT_TRUE(QDir(path("DB")).removeRecursively());
+    EXPECT_FALSE(RimuoviTuttiLock()) << "locks out of reach are not locks removed";
+    ASSERT_EQ(dialogs.heard.size(), 1);
+    EXPECT_TRUE(dialogs.heard.first().startsWith(
+        u8("Tessara 5000. CORVALA|16|Attenzione! Errore critico in eliminazione LOCK!\r\nFile: ")));
+}
+
+TEST_F(RecordsTest, LocksLieInTheFolderHoweverItIsWrittenAndHaveItsRights) {
+    const auto folders = QFile::Permissions(0x7770);
+    ASSERT_TRUE(QFile::setPermissions(path("DB"), folders));
+    for (const char* written : {"DB", "DB/", "db\\"}) {
+        SCOPED_TRACE(written);
+        oConfig->setDBPAth(path(written));
+        CreaLock(u8("Fattura"), u8("1"));
+        EXPECT_EQ(platform::files::list(path("DB"), u8("*")), QStringList{u8("1-Fattura.lck")});
+        EXPECT_EQ(QFile::permissions(path("DB/1-Fattura.lck")) & QFile::Permissions(0x7077), QFile::Permissions(0x6060))
+            << "the others of the practice may read and replace it";
+        EXPECT_TRUE(RimuoviTuttiLock());
+        EXPECT_FALSE(EsisteLock(u8("Fattura"), u8("1")));
+    }
+    EXPECT_EQ(platform::files::list(folder_.path(), u8("*.lck")), QStringList());
 }
 
 TEST_F(RecordsTest, AReadOnlyFolderTellsWhatCannotBeRemovedAndStopsNoWork) {

@@ -2,6 +2,7 @@
 
 #include "desk/clinical/FileViewer.h"
 #include "platform/Dialogs.h"
+#include "platform/FileHold.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -19,6 +20,7 @@ SystemOpener& opener() {
 }
 
 bool openWithSystem(const QString& path) {
+    const platform::ForOtherPrograms asTheyDo;
     return opener() ? opener()(path) : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 

@@ -1,6 +1,7 @@
 #include "desk/data/DatabaseUrl.h"
 
 #include "desk/data/DatabaseError.h"
+#include "platform/Files.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -47,6 +48,7 @@ DatabaseUrl DatabaseUrl::userDefault() {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                       QStringLiteral("/tessara"));
     folder.mkpath(QStringLiteral("."));
+    platform::files::restrictToOwner(folder.path());
     DatabaseUrl result;
     result.path = folder.filePath(QStringLiteral("tessara.db"));
     return result;

@@ -1,6 +1,7 @@
 #include "desk/shell/Desk.h"
 
 #include "desk/data/Guarded.h"
+#include "desk/data/WorkFolders.h"
 #include "desk/shell/DeskParts.h"
 #include "desk/shell/Options.h"
 #include "host/contract/PluginInterface.h"
@@ -30,6 +31,7 @@ Desk::~Desk() = default;
 
 std::unique_ptr<Desk> Desk::open(const Options& options) {
     useConfigFolder(options.configDir);
+    workFolders::tidy();
     auto parts = std::make_unique<Parts>(Practice::open(options));
     // A script finds its windows in the same size on every run.
     if (options.scenarioFile.isEmpty()) parts->restorePlace();
