@@ -76,8 +76,9 @@ protected:
 
     QString addRecord(const QString& description) {
         QString id;
+        const QString number = QStringLiteral("2025-%1").arg(++records_, 4, 10, QLatin1Char('0'));
         EXPECT_TRUE(desk_->host().paziente()->corvala().Salva(
-            id, {QStringLiteral("01/10/2025"), QStringLiteral("2025-0001"), description, QStringLiteral("PRV"), {}}));
+            id, {QStringLiteral("01/10/2025"), number, description, QStringLiteral("PRV"), {}}));
         return id;
     }
 
@@ -130,4 +131,5 @@ protected:
     DeskDialogs dialogs_;
     DeskModuleRun run_;
     std::unique_ptr<desk::Desk> desk_;
+    int records_ = 0;
 };

@@ -70,7 +70,7 @@ TEST(KilledDeskTest, LeavesNothingForOthersToReadAndNothingForEver) {
     };
     EXPECT_TRUE(extracted()) << "it was killed before it could tidy up";
     for (const char* where : {"tmp", "dati", "config", "out"})
-        EXPECT_EQ(open(practice.filePath(u8(where))), QStringList()) << where;
+        EXPECT_EQ(open(practice.filePath(u8(where))).join(u'\n').toStdString(), "") << where;
 
     QProcess desk;
     start(desk, "patient RSSMRA80A01H501U\n");
