@@ -4,6 +4,7 @@
 #include "desk/data/FileNames.h"
 #include "desk/data/PatientFiles.h"
 #include "platform/Files.h"
+#include "support/FullDisk.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -97,6 +98,17 @@ TEST_F(FileRoom, AFileIsAddedShownDescribedExtractedAndDeleted) {
     answers_.file = folder_.filePath(QStringLiteral("manca/copia.txt"));
     click("cbSalvaFile");
     EXPECT_TRUE(answers_.messages.value(1).startsWith(QStringLiteral("Il file non può essere salvato")));
+}
+
+TEST_F(FileRoom, AFullDiskIsToldAndTheFileThatWasThereStays) {
+    add(onDisk("referto.txt", QByteArray(5000, 'r'))); // less than a buffer holds
+    answers_.file = onDisk("copia.txt", "quello di prima");
+    const FullDisk disk(4096);
+    click("cbSalvaFile");
+    ASSERT_EQ(answers_.messages.size(), 1);
+    EXPECT_TRUE(answers_.messages.first().startsWith(QStringLiteral("Il file non può essere salvato")));
+    EXPECT_EQ(platform::files::read(answers_.file), QByteArray("quello di prima"));
+    EXPECT_EQ(patient().Files().EstraiFile(patient().Files().Lista().first().ID), QString());
 }
 
 TEST_F(FileRoom, ADeletedFileTakesItsEntriesInTheDiaryAlong) {
