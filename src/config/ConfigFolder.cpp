@@ -85,9 +85,12 @@ bool ConfigFolder::seed(XmlDocument& document) {
             node.setText(dataFolder);
     }
     noteOfferedCommands(document);
-    if (document.saveFile(file_)) return files::restrictToOwner(file_);
-    error_ = refused;
-    return false;
+    if (!document.saveFile(file_)) {
+        error_ = refused;
+        return false;
+    }
+    files::restrictToOwner(file_);
+    return true;
 }
 
 // Catalogues that are there are never overwritten. Without both the program's own stay in use. False when the disk
