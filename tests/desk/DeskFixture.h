@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 
 /// Answers in the place of a person and keeps what was asked.
 class DeskDialogs : public platform::Dialogs {
@@ -35,6 +36,7 @@ public:
         menu.clear();
         for (const platform::MenuEntry& entry : entries)
             menu.append(entry.caption);
+        if (whileMenuIsOpen) std::exchange(whileMenuIsOpen, {})();
         return static_cast<int>(menu.indexOf(choice));
     }
     QString openFile(const QString&, const QString&, const QString&) override { return file; }
@@ -43,6 +45,7 @@ public:
     QStringList messages;
     QStringList menu;
     QString choice;
+    std::function<void()> whileMenuIsOpen; ///< Once.
     QString file; ///< Chosen in the next file dialogs.
     platform::Answer answer = platform::Answer::Ok;
 

@@ -8,6 +8,7 @@
 
 #include <QDialog>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -71,6 +72,7 @@ private:
 /// What a DeskTestModule does and did; outlives the module.
 struct DeskModuleRun {
     QStringList events;
+    std::function<void(const QString& event)> whenTold; ///< What the module does by itself when it is told something.
     QString throwOn; ///< Name of the event, or "Init", that fails.
     bool terminate = false;
     DeskTestView view;
@@ -108,6 +110,7 @@ public:
         }
         if (name == QLatin1String("fine")) run_.hadPatientAtEnd = run_.host && run_.host->paziente();
         run_.events.append(line);
+        if (run_.whenTold) run_.whenTold(line);
         if (run_.throwOn == name) throw std::runtime_error("divisione impossibile");
     }
     bool terminated() const override { return run_.terminate; }

@@ -117,6 +117,12 @@ TEST_F(DeskPatientPanel, WhatWasBegunForAPatientIsDroppedWithThePatient) {
     doubleClick(row_);
     EXPECT_EQ(run_.view.refreshes, before + 1) << "the former patient's record is looked for in the next one's list";
 
+    ASSERT_TRUE(desk_->openPatient(rossi_));
+    dialogs_.choice = QStringLiteral("Elimina");
+    dialogs_.whileMenuIsOpen = [this] { ASSERT_TRUE(desk_->openPatient(verdi_)); };
+    emit grid_->rowRightClicked(grid_->rowRecord(row_), 0);
+    EXPECT_TRUE(run_.view.log.isEmpty()) << "the command of one patient's menu reached another";
+
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("Appunti")));
     whenModal("frmEditAppunto", [this](QWidget& editor) {
         ASSERT_TRUE(desk_->openPatient(rossi_));

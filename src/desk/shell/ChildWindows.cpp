@@ -11,9 +11,9 @@ namespace desk {
 namespace {
 
 /// Tabs show what follows the program's and the module's name; the window itself keeps its whole caption.
-void shortenTab(QMdiSubWindow& holder) {
-    const QString own = holder.windowTitle().section(QStringLiteral(": "), 1);
-    if (!own.isEmpty()) holder.setWindowTitle(own);
+void nameTab(QMdiSubWindow& holder, const QString& caption) {
+    const QString own = caption.section(QStringLiteral(": "), 1);
+    holder.setWindowTitle(own.isEmpty() ? caption : own);
 }
 
 } // namespace
@@ -41,8 +41,8 @@ void ChildWindows::adopt(QWidget* form) {
     holder->setAttribute(Qt::WA_DeleteOnClose);
     holder->setWidget(form);
     holder->setWindowIcon(form->windowIcon());
-    shortenTab(*holder);
-    connect(holder, &QWidget::windowTitleChanged, holder, [holder] { shortenTab(*holder); });
+    nameTab(*holder, form->windowTitle());
+    connect(form, &QWidget::windowTitleChanged, holder, [holder](const QString& title) { nameTab(*holder, title); });
     addSubWindow(holder);
     holder->hide();
     form->installEventFilter(this);
