@@ -54,6 +54,7 @@ void clsViewBase::preparaGriglia(platform::ReportGrid& grid) {
                   QStringLiteral("Trascinare qui il titolo di una colonna per raggruppare"),
                   QStringLiteral("Ordina per "));
     grid.setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
+    grid.setGroupBoxVisible(true);
     grid.setReadOnly(true);
     for (int i = 0; i < grid.columnCount(); ++i) {
         if (grid.column(i).caption == QLatin1String("Progressivo")) grid.setSort(i, Qt::DescendingOrder);

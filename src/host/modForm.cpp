@@ -11,6 +11,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHash>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPalette>
 #include <QScreen>
@@ -77,12 +78,18 @@ QRect suSchermo(QRect rettangolo, const QSize& minimo) {
     return rettangolo;
 }
 
-// Refuses to close a window by its frame or by the keys of the window system; closing by the window's own code passes.
+bool chiudeDaTastiera(QEvent* event) {
+    return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel);
+}
+
+// Refuses to close a window by its frame, by the keys of the window system or by Escape; closing by the window's own
+// code passes.
 class FermaChiusura : public QObject {
 public:
     using QObject::QObject;
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::Close || !event->spontaneous()) return QObject::eventFilter(watched, event);
+        const bool daFuori = event->type() == QEvent::Close && event->spontaneous();
+        if (!daFuori && !chiudeDaTastiera(event)) return QObject::eventFilter(watched, event);
         event->ignore();
         return true;
     }

@@ -12,7 +12,7 @@ namespace platform {
 
 namespace {
 constexpr int narrowest = 60;    ///< A resizable column never shrinks below this or its own width.
-constexpr int comfortable = 120; ///< What a resizable column keeps when another needs room for its sample.
+constexpr int comfortable = 200; ///< What a resizable column keeps when another needs room for its sample.
 
 /// A date with its margins takes 64 of the units in which columns are measured.
 qreal unit(const QTreeView& view) {
@@ -63,11 +63,7 @@ void ReportColumnWidths::apply() {
 }
 
 void ReportColumnWidths::share(QList<int> columns, int room, const std::function<int(int)>& least) {
-    const qreal scale = unit(view_);
-    const auto weight = [this, scale](int i) {
-        const ReportColumn& column = model_.column(i);
-        return std::max({column.width, static_cast<int>(sampleWidth(column.sample) / scale), 1});
-    };
+    const auto weight = [this](int i) { return std::max(model_.column(i).width, 1); };
     const auto total = [&] {
         return std::accumulate(columns.cbegin(), columns.cend(), 0, [&](int sum, int i) { return sum + weight(i); });
     };

@@ -81,7 +81,7 @@ void ElencoPeriodo::costruisciFinestra() {
         tasto->accept();
         if (const ReportRecord* scelto = griglia_->focusedRecord()) modifica(*scelto); // as a double click
     });
-    connect(griglia_, &ReportGrid::rowRightClicked, this, [this](ReportRecord* record) { mostraMenu(record); });
+    connect(griglia_, &ReportGrid::rowRightClicked, this, [this] { mostraMenu(); });
 }
 
 void ElencoPeriodo::prepara() {
@@ -177,12 +177,11 @@ void ElencoPeriodo::centraAttesa() {
     pbAttesa_->move((width() - pbAttesa_->width()) / 2, (height() - pbAttesa_->height()) / 2);
 }
 
-void ElencoPeriodo::mostraMenu(platform::ReportRecord* record) {
+void ElencoPeriodo::mostraMenu() {
     QStringList voci{QStringLiteral("Nuovo")};
     const auto scelti = griglia_->selectedRecords();
-    if (record && scelti.size() == 1) {
-        voci << QStringLiteral("Modifica") << QStringLiteral("Elimina") << QStringLiteral("Stampa");
-    }
+    platform::ReportRecord* record = scelti.size() == 1 ? scelti.first() : nullptr;
+    if (record) voci << QStringLiteral("Modifica") << QStringLiteral("Elimina") << QStringLiteral("Stampa");
     const QPointer<ElencoPeriodo> viva(this);
     const int scelta = oHost->Framework().Popup(voci);
     if (!viva || (scelta > NUOVO && griglia_->focusedRecord() != record)) return;

@@ -62,7 +62,7 @@ private:
     void segnaPaziente(platform::ReportRecord& record, const QString& idPaziente) const;
     void seleziona(const QString& id);
     void centraAttesa();
-    void mostraMenu(platform::ReportRecord* record);
+    void mostraMenu();
     void modifica(const platform::ReportRecord& record);
     void nuovo();
     void eliminaRigo(platform::ReportRecord* record);

@@ -12,6 +12,7 @@ const QString ELIMINA_ALLEGATI = QStringLiteral("Elimina gli eventuali allegati"
 
 platform::TaskAnswer chiedeEliminazione(const clsItemTrattamento& item) {
     platform::TaskRequest domanda;
+    domanda.windowTitle = QString::fromUtf16(TITOLO_CORVALA);
     domanda.title = QStringLiteral("Gestione Trattamenti");
     domanda.icon = platform::MB_INFORMATION;
     domanda.text = QStringLiteral("<TextBlock TextWrapping='Wrap'>Vuoi eliminare il trattamento numero ") +

@@ -13,6 +13,7 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -169,6 +170,15 @@ TEST(ModForm, AWindowWithoutItsCloseEntryClosesOnlyByItself) {
     EXPECT_TRUE(dalTelaio(form));
     DisabilitaChiudi(&form, true);
     EXPECT_TRUE(form.close());
+
+    QDialog domanda;
+    auto* testo = new QTextEdit(&domanda);
+    for (const bool soloDaiBottoni : {true, false}) {
+        DisabilitaChiudi(&domanda, soloDaiBottoni);
+        domanda.show();
+        QTest::keyClick(testo, Qt::Key_Escape);
+        EXPECT_EQ(domanda.isVisible(), soloDaiBottoni);
+    }
 }
 
 TEST(ModIcone, EveryStateHasAMarkOfItsOwn) {

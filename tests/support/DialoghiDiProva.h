@@ -19,6 +19,7 @@ public:
     }
     platform::TaskAnswer task(const platform::TaskRequest& request) override {
         messaggi << request.text;
+        titoli << request.windowTitle;
         return rispostaTask;
     }
     int popup(const QList<platform::MenuEntry>& entries) override {

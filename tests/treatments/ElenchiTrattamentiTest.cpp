@@ -127,19 +127,32 @@ TEST_F(Elenchi, OpensThePlanOfAnotherPatientOnDoubleClickAndEnter) {
 
 TEST_F(Elenchi, OffersItsCommandsAndDeletesThroughThem) {
     salvato(QStringLiteral("2026"), QStringLiteral("0041"));
+    salvato(QStringLiteral("2026"), QStringLiteral("0042"));
     frmMDITrattamenti finestra;
+    finestra.show();
     ReportGrid& grid = *griglia(finestra);
+    const QStringList soloNuovo{QStringLiteral("Nuovo")};
+    const QStringList tutte = soloNuovo + QStringList{QStringLiteral("Modifica"), QStringLiteral("Elimina"),
+                                                      QStringLiteral("Stampa")};
+    // Wherever the click falls, what counts is how many rows are selected.
+    const auto menuNelVuoto = [&] {
+        QWidget* fondo = grid.view()->viewport();
+        QTest::mouseClick(fondo, Qt::RightButton, {}, fondo->rect().bottomLeft() + QPoint(20, -5));
+        return dialoghi_.menu;
+    };
     grid.setFocusedRecord(nullptr);
-    emit grid.rowRightClicked(nullptr, -1);
-    EXPECT_EQ(dialoghi_.menu, QStringList{QStringLiteral("Nuovo")});
+    EXPECT_EQ(menuNelVuoto(), soloNuovo);
+    grid.view()->selectAll();
+    EXPECT_EQ(menuNelVuoto(), soloNuovo) << "a command for one row is offered for two";
+    emit grid.rowRightClicked(grid.rowRecord(0), 0);
+    EXPECT_EQ(dialoghi_.menu, soloNuovo);
 
-    grid.setFocusedRecord(grid.rowRecord(0));
+    grid.setFocusedRecord(grid.rowRecord(1));
     dialoghi_.scelta = QStringLiteral("Elimina");
     dialoghi_.rispostaTask.button = QStringLiteral("Si");
-    emit grid.rowRightClicked(grid.rowRecord(0), 0);
-    EXPECT_EQ(dialoghi_.menu, (QStringList{QStringLiteral("Nuovo"), QStringLiteral("Modifica"),
-                                           QStringLiteral("Elimina"), QStringLiteral("Stampa")}));
-    EXPECT_EQ(grid.rowCount(), 0);
+    EXPECT_EQ(menuNelVuoto(), tutte);
+    EXPECT_EQ(dialoghi_.titoli.last(), QStringLiteral("Tessara 5000. CORVALA"));
+    EXPECT_EQ(grid.rowCount(), 1);
     EXPECT_FALSE(riga(QStringLiteral("2026-0041")));
 }
 
@@ -157,6 +170,13 @@ TEST_F(Elenchi, FillsThePanelAndFocusesTheRecordAskedFor) {
     EXPECT_FALSE(grid.column(CLIENTE).visible);
     EXPECT_FALSE(grid.column(CODICE_FISCALE).visible);
     EXPECT_EQ(grid.columnCount(), 6);
+    grid.resize(698, 300); // as in the patient's desk
+    grid.show();
+    EXPECT_GE(grid.view()->columnWidth(DESCRIZIONE), 240);
+    const auto* gruppi = grid.findChild<QWidget*>(QStringLiteral("groupBox"));
+    EXPECT_TRUE(gruppi->isVisible());
+    EXPECT_EQ(gruppi->findChild<QLabel*>()->text(),
+              QStringLiteral("Trascinare qui il titolo di una colonna per raggruppare"));
     vista().setLikePannello(false);
     vista().RefreshPannello();
     EXPECT_TRUE(grid.column(CLIENTE).visible);

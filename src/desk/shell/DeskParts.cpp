@@ -170,6 +170,7 @@ void Desk::Parts::showPatient(const PatientData& data) {
     if (record->Init(data.ID)) desk.fill(std::move(record));
     desk.show();
     window.children().bringForward(&desk);
+    desk.focusPanel();
     if (module) module->raise(QStringLiteral("ambulatorio.ready"));
 }
 

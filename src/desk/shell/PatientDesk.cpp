@@ -82,6 +82,12 @@ void PatientDesk::leave() {
     rooms_->leave();
 }
 
+void PatientDesk::focusPanel() {
+    for (PanelPage* page : std::as_const(pages_)) {
+        if (page->isVisible()) return page->grid().setFocus();
+    }
+}
+
 void PatientDesk::fillPanels() {
     for (PanelPage* page : std::as_const(pages_)) {
         const platform::ReportRecord* focused = page->grid().focusedRecord();

@@ -36,6 +36,7 @@ public:
     void enter(const PatientData& patient, const QString& doctor);
     void fill(std::unique_ptr<PatientRecord> patient); ///< Panels and rooms, with the records of who entered.
     void leave();
+    void focusPanel(); ///< Where the keyboard begins: the first list that is shown.
 
     const QList<Panel>& panels() const { return panels_; }
     ClinicalRooms& rooms() { return *rooms_; }
