@@ -66,6 +66,15 @@ void ReportTreeView::releaseLeft(const QModelIndex& at, Part part) {
     }
 }
 
+QItemSelectionModel::SelectionFlags ReportTreeView::selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* event) const {
+    // The base would clear the selection that the menu on the empty area is about.
+    const bool isRelease = event && event->type() == QEvent::MouseButtonRelease;
+    if (isRelease && static_cast<const QMouseEvent*>(event)->button() == Qt::RightButton)
+        return QItemSelectionModel::NoUpdate;
+    return QTreeView::selectionCommand(index, event);
+}
+
 void ReportTreeView::mouseDoubleClickEvent(QMouseEvent* event) {
     editTimer_.stop();
     const QPoint position = event->position().toPoint();

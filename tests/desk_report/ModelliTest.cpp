@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTest>
 
-using sample::u8;
 
 namespace {
 

@@ -6,7 +6,6 @@
 #include <QRegularExpression>
 #include <algorithm>
 
-using sample::u8;
 
 namespace {
 

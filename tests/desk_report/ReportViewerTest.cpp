@@ -17,7 +17,6 @@
 #include <QToolButton>
 #include <QWheelEvent>
 
-using sample::u8;
 
 namespace {
 
