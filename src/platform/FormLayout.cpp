@@ -103,7 +103,7 @@ QGroupBox* titledArea(const QString& title, QWidget* parent) {
     return area;
 }
 
-QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons) {
+QHBoxLayout* buttonRow(const QList<QPushButton*>& buttons) {
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addStretch();

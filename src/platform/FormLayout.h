@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QWidget>
-#include <initializer_list>
 
 class QBoxLayout;
 class QDateEdit;
@@ -31,12 +31,12 @@ QLineEdit* textBox(const QString& name, QWidget* parent);
 QDateEdit* dateBox(const QString& name, QWidget* parent); ///< With a calendar, "dd/MM/yyyy".
 QPushButton* button(const QString& name, const QString& caption, QWidget* parent);
 QLabel* heading(const QString& name, const QString& text, QWidget* parent); ///< Heading at the top of a window.
-/// The white strip "picTop" along the upper edge of a dialog, with the heading "laTitoloForm" and, below it, a hint; empty
-/// for none. A picture may go into column 0 of its grid.
+/// The white strip "picTop" along the upper edge of a dialog, with the heading "laTitoloForm" and, below it, a hint;
+/// empty for none. A picture may go into column 0 of its grid.
 QFrame* titleStrip(const QString& title, const QString& hint, QWidget* parent);
 /// A caption and its control in one row of a grid; the caption is the control's buddy and accessible name.
 QLabel* labelledRow(QGridLayout* grid, int row, int column, const QString& caption, QWidget* control, int span = 1);
 QGroupBox* titledArea(const QString& title, QWidget* parent);
-QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons); ///< Right aligned.
+QHBoxLayout* buttonRow(const QList<QPushButton*>& buttons); ///< Right aligned.
 
 } // namespace platform::form

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desk/DeskFixture.h"
-#include "desk/clinical/RoomEditor.h"
+#include "platform/RecordForm.h"
 #include "host/contract/Host.h"
 #include "platform/Clock.h"
 #include "platform/ReportGrid.h"

@@ -104,7 +104,7 @@ TEST_P(TextRooms, AFailingDatabaseIsToldAndLosesNeitherTextNorList) {
         EXPECT_EQ(answers_.messages.size(), 1);
         EXPECT_TRUE(answers_.messages.value(0).startsWith(QStringLiteral("I dati non sono stati salvati.\nErrore")))
             << answers_.messages.value(0).toStdString();
-        control<desk::RoomEditor>(GetParam().form);
+        control<platform::RecordForm>(GetParam().form);
         rename(QStringLiteral("tblAltrove"), table);
         press(window, "cbConferma");
     });

@@ -1,96 +1,56 @@
 #include "desk/clinical/ClinicalRooms.h"
 
-#include "desk/clinical/DueDateRoom.h"
-#include "desk/clinical/EventRoom.h"
-#include "desk/clinical/FileRoom.h"
-#include "desk/clinical/NoteRoom.h"
-#include "desk/clinical/RoomEditor.h"
-#include "desk/clinical/RoomPage.h"
-#include "desk/clinical/VisitRoom.h"
 #include "desk/data/PatientRecord.h"
 #include "platform/ReportGrid.h"
 
 #include <QVBoxLayout>
-#include <utility>
-#include <vector>
 
 namespace desk {
 
 namespace {
 
-constexpr RoomKind KINDS[] = {RoomKind::Events, RoomKind::Notes, RoomKind::Visits, RoomKind::DueDates, RoomKind::Files};
+const ClinicalKind& kindOf(int tab) {
+    return clinicalKinds()[static_cast<std::size_t>(tab)];
+}
 
 } // namespace
 
-std::unique_ptr<Room> makeRoom(RoomKind kind, PatientRecord& patient, const RoomServices& services) {
-    switch (kind) {
-    case RoomKind::Events:
-        return std::make_unique<EventRoom>(patient, services);
-    case RoomKind::Notes:
-        return std::make_unique<NoteRoom>(patient, services);
-    case RoomKind::Visits:
-        return std::make_unique<VisitRoom>(patient, services);
-    case RoomKind::DueDates:
-        return std::make_unique<DueDateRoom>(patient, services);
-    case RoomKind::Files:
-        break;
-    }
-    return std::make_unique<FileRoom>(patient, services);
-}
-
 QObject* makeRoomEditor(RoomKind kind, PatientRecord& patient, const RoomServices& services, const QString& id) {
-    return makeRoom(kind, patient, services)->editor(id, nullptr);
+    const RoomContext context{std::shared_ptr<PatientRecord>(std::shared_ptr<void>(), &patient), services};
+    return kindOf(static_cast<int>(kind)).form(context, id, nullptr);
 }
-
-/// A patient who left, with the rooms; they go when those who still work with them have returned.
-struct ClinicalRooms::Former : QObject {
-    std::unique_ptr<PatientRecord> patient;
-    std::vector<std::unique_ptr<Room>> rooms; ///< Go before the patient on whom they hold.
-
-    ~Former() override { rooms.clear(); }
-};
 
 ClinicalRooms::ClinicalRooms(const RoomServices& services, QWidget* parent)
     : QTabWidget(parent)
-    , services_(services)
-    , pages_(std::size(KINDS), nullptr) {
+    , context_{nullptr, services}
+    , pages_(static_cast<qsizetype>(clinicalKinds().size()), nullptr) {
     setObjectName(QStringLiteral("cartella"));
     setAccessibleName(QStringLiteral("Cartella clinica"));
     setDocumentMode(true);
-    PatientRecord nobody(services_.database, QString());
-    for (const RoomKind kind : KINDS) {
+    for (const ClinicalKind& kind : clinicalKinds()) {
         auto* place = new QWidget(this);
         auto* column = new QVBoxLayout(place);
         column->setContentsMargins(0, 0, 0, 0);
-        addTab(place, makeRoom(kind, nobody, services_)->texts().caption);
+        addTab(place, QString::fromUtf16(kind.caption));
     }
     connect(this, &QTabWidget::currentChanged, this, &ClinicalRooms::showFront);
 }
 
-// The pages go first, since their rooms hold on to the patient.
-ClinicalRooms::~ClinicalRooms() {
-    qDeleteAll(pages_);
-}
-
 void ClinicalRooms::enter(std::unique_ptr<PatientRecord> patient) {
-    patient_ = std::move(patient);
-    for (const RoomKind kind : KINDS) {
-        if (RoomPage* page = pages_[static_cast<int>(kind)]) page->setRoom(makeRoom(kind, *patient_, services_));
-    }
+    context_.patient = std::move(patient);
+    for (int tab = 0; tab < count(); ++tab)
+        if (pages_[tab]) pages_[tab]->enter(kindOf(tab).list(context_));
 }
 
+// Who still works with the patient holds on to it.
 void ClinicalRooms::leave() {
-    if (!patient_) return;
-    auto* former = new Former;
-    former->setParent(this);
-    former->patient = std::move(patient_);
-    for (RoomPage* page : std::as_const(pages_))
-        if (page) former->rooms.push_back(page->takeRoom());
-    former->deleteLater();
+    for (platform::ListPage* page : std::as_const(pages_))
+        if (page && context_.patient) page->leave();
+    context_.patient.reset();
 }
 
 void ClinicalRooms::showFront() {
-    if (isVisible() && patient_) page(KINDS[currentIndex()]);
+    if (isVisible() && context_.patient) page(static_cast<RoomKind>(currentIndex()));
 }
 
 void ClinicalRooms::showEvent(QShowEvent* event) {
@@ -98,12 +58,12 @@ void ClinicalRooms::showEvent(QShowEvent* event) {
     showFront();
 }
 
-RoomPage& ClinicalRooms::page(RoomKind kind) {
+platform::ListPage& ClinicalRooms::page(RoomKind kind) {
     const auto tab = static_cast<int>(kind);
-    RoomPage*& page = pages_[tab];
+    platform::ListPage*& page = pages_[tab];
     if (!page) {
         QWidget* place = widget(tab);
-        page = new RoomPage(makeRoom(kind, *patient_, services_), services_.database, place);
+        page = new platform::ListPage(kindOf(tab).list(context_), platform::ListPage::Buttons::Above, place);
         place->layout()->addWidget(page);
         page->show();
         page->refresh();
@@ -112,8 +72,8 @@ RoomPage& ClinicalRooms::page(RoomKind kind) {
 }
 
 void ClinicalRooms::refresh() {
-    for (RoomPage* page : std::as_const(pages_))
-        if (page && patient_) page->refresh();
+    for (platform::ListPage* page : std::as_const(pages_))
+        if (page && context_.patient) page->refresh();
 }
 
 void ClinicalRooms::showRoom(RoomKind kind) {

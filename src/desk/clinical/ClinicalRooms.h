@@ -1,26 +1,14 @@
 #pragma once
 
-#include "desk/clinical/RoomServices.h"
+#include "desk/clinical/ClinicalKinds.h"
 
 #include <QList>
 #include <QTabWidget>
-#include <memory>
-
-class QObject;
 
 namespace desk {
 
-class PatientRecord;
-class Room;
-class RoomPage;
-
-enum class RoomKind { Events, Notes, Visits, DueDates, Files };
-
-/// A room of a patient, who is borrowed.
-std::unique_ptr<Room> makeRoom(RoomKind kind, PatientRecord& patient, const RoomServices& services);
-
-/// The editor of one row, new with an empty id; owned by the caller, who executes it. Borrows the patient. Null after a
-/// cancel; throws HostError when the row is gone or not for this user.
+/// The editor of one row, new with an empty id; owned by the caller, who executes it. Borrows the patient. Throws
+/// HostError when the row is gone or not for this user.
 QObject* makeRoomEditor(RoomKind kind, PatientRecord& patient, const RoomServices& services, const QString& id);
 
 /// The rooms of a patient, a tab each, whose list is built and read when it is first in front. They serve patient after
@@ -30,25 +18,22 @@ class ClinicalRooms : public QTabWidget {
 
 public:
     explicit ClinicalRooms(const RoomServices& services, QWidget* parent = nullptr);
-    ~ClinicalRooms() override;
 
     void enter(std::unique_ptr<PatientRecord> patient);
     void leave(); ///< No list keeps a row of the patient, and no editor stays open.
 
     void refresh();
     void showRoom(RoomKind kind); ///< Brings it forward with the keyboard in its list.
-    RoomPage& page(RoomKind kind);
+    platform::ListPage& page(RoomKind kind);
 
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    struct Former;
     void showFront();
 
-    std::unique_ptr<PatientRecord> patient_;
-    RoomServices services_;
-    QList<RoomPage*> pages_; ///< In the order of the tabs; null for one not yet seen.
+    RoomContext context_;              ///< Without a patient while none is open.
+    QList<platform::ListPage*> pages_; ///< In the order of the tabs; null for one not yet seen.
 };
 
 } // namespace desk

@@ -1,15 +1,14 @@
 #include "desk/clinical/FreeDataWindow.h"
 
-#include "desk/clinical/FolderEditor.h"
-#include "desk/clinical/FreeDataRoom.h"
-#include "desk/clinical/RoomPage.h"
+#include "desk/clinical/FreeDataKind.h"
 #include "desk/data/Database.h"
 #include "desk/data/FreeData.h"
-#include "desk/data/Guarded.h"
 #include "desk/icons/DeskIcon.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
+#include "platform/Guarded.h"
+#include "platform/ListPage.h"
 
 #include <QHBoxLayout>
 #include <QPointer>
@@ -33,9 +32,7 @@ FreeDataWindow::FreeDataWindow(FreeData& archive, const RoomServices& services, 
     setObjectName(QStringLiteral("frmArchivioDati"));
     setWindowTitle(QStringLiteral("Archivio dati"));
     setWindowIcon(deskIcon("archivi"));
-    auto room = std::make_unique<FreeDataRoom>(archive, services);
-    room_ = room.get();
-    page_ = new RoomPage(std::move(room), services.database, this);
+    page_ = new platform::ListPage(freeDataList(archive, folder_, services), platform::ListPage::Buttons::Above, this);
     auto* splitter = new QSplitter(this);
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(buildFolders());
@@ -47,7 +44,7 @@ FreeDataWindow::FreeDataWindow(FreeData& archive, const RoomServices& services, 
     column->addWidget(splitter);
     resize(900, 560);
     // A stored item may be the first of a folder, or have left the last one behind.
-    connect(page_, &RoomPage::changed, this, &FreeDataWindow::refresh);
+    connect(page_, &platform::ListPage::changed, this, &FreeDataWindow::refresh);
     refresh();
     folders_->setFocus();
     platform::FormRegistry::add(this);
@@ -86,7 +83,7 @@ void FreeDataWindow::refresh() {
 
 void FreeDataWindow::readFolders(const QString& select) {
     QStringList paths;
-    const QString why = guarded([&] { paths = archive_.folders(); });
+    const QString why = platform::guarded([&] { paths = archive_.folders(); });
     if (!why.isEmpty()) return tell(why);
     {
         const QSignalBlocker quiet(folders_);
@@ -122,7 +119,7 @@ QString FreeDataWindow::chosenFolder() const {
 }
 
 void FreeDataWindow::showFolder() {
-    room_->setFolder(chosenFolder());
+    folder_ = chosenFolder();
     page_->refresh();
     const bool any = folders_->currentItem() != nullptr;
     rename_->setEnabled(any);
@@ -131,12 +128,8 @@ void FreeDataWindow::showFolder() {
 
 void FreeDataWindow::renameFolder() {
     const QPointer<FreeDataWindow> alive(this);
-    const QPointer<FolderEditor> editor(new FolderEditor(archive_, chosenFolder(), services_, this));
-    editor->exec();
-    if (!alive) return;
-    const std::unique_ptr<FolderEditor> closed(editor);
-    const QString path = closed ? closed->savedId() : QString();
-    if (!path.isEmpty()) readFolders(path);
+    const QString path = platform::RecordForm::run(makeFolderForm(archive_, folder_, services_, this));
+    if (alive && !path.isEmpty()) readFolders(path);
 }
 
 void FreeDataWindow::removeFolder() {

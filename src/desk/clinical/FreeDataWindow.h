@@ -8,11 +8,13 @@ class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 
+namespace platform {
+class ListPage;
+}
+
 namespace desk {
 
 class FreeData;
-class FreeDataRoom;
-class RoomPage;
 
 /// The archive of free data, "frmArchivioDati": the tree of folders, what is in the chosen one, and their editors.
 /// Report layouts are kept there, too. Borrows the archive.
@@ -36,8 +38,8 @@ private:
 
     FreeData& archive_;
     RoomServices services_;
-    FreeDataRoom* room_;
-    RoomPage* page_;
+    QString folder_; ///< The chosen one.
+    platform::ListPage* page_;
     QTreeWidget* folders_ = nullptr;
     QPushButton* rename_ = nullptr;
     QPushButton* remove_ = nullptr;

@@ -3,7 +3,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-namespace desk {
+namespace platform {
 
 /// The wait cursor, for as long as it lives.
 class WaitCursor {
@@ -14,4 +14,4 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-} // namespace desk
+} // namespace platform
