@@ -56,10 +56,14 @@ TEST_F(DeskSettingsWindow, ChangesTheDeskAtOnceAndTheFontOnTheNextStart) {
         EXPECT_EQ(QApplication::font().pointSize(), again ? 11 : font_.pointSize());
         EXPECT_TRUE(control<QDockWidget>("pannelloMenu")->isHidden());
     }
-    work([](QWidget& window) {
+    work([this](QWidget& window) {
         EXPECT_EQ(window.findChild<QComboBox*>(QStringLiteral("cbScheda"))->currentText(), QStringLiteral("Strumenti"));
         EXPECT_FALSE(window.findChild<QCheckBox*>(QStringLiteral("ckMenu"))->isChecked());
         toggle(window, "ckMenu");
+        dialogs_.answer = platform::Answer::No;
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_TRUE(window.isVisible()) << "what was changed is not lost without a Yes";
+        dialogs_.answer = platform::Answer::Yes;
         QTest::keyClick(&window, Qt::Key_Escape);
     });
     EXPECT_EQ(desk::DeskSettings::load(items()).menuPane, std::optional(false)) << "cancelled";

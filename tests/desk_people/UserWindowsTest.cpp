@@ -31,9 +31,12 @@ protected:
     }
     /// Runs in the editor that a button of the list opens.
     void inEditor(QWidget& list, const char* button, const std::function<void(QWidget&)>& act) {
-        whenModal("frmUtente", [&act](QWidget& window) {
+        whenModal("frmUtente", [this, &act](QWidget& window) {
             act(window);
+            const qsizetype told = dialogs_.messages.size();
+            dialogs_.answer = platform::Answer::Yes;
             if (window.isVisible()) window.close();
+            dialogs_.messages.resize(told); // but for the question whether to lose what was typed
         });
         press(list, button);
     }

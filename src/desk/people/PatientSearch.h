@@ -3,14 +3,11 @@
 #include <QDialog>
 #include <QString>
 
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
-
 namespace platform {
-class ReportGrid;
-}
+class ListPage;
+struct ListQuery;
+struct ListRows;
+} // namespace platform
 
 namespace desk {
 
@@ -28,21 +25,11 @@ public:
     void start(const QString& value, const QString& column);
     QString chosenId() const { return chosen_; } ///< Empty after a cancel.
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
-    void buildGrid();
-    void search();
-    void choose();
-    void moveFocus(int step);
+    platform::ListRows search(const platform::ListQuery& query);
 
     PatientDirectory& patients_;
-    QLineEdit* text_;
-    QComboBox* column_;
-    platform::ReportGrid* grid_;
-    QLabel* count_;
-    QPushButton* open_;
+    platform::ListPage* page_;
     QString chosen_;
 };
 

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "desk/people/DeskSettings.h"
+#include "platform/RecordForm.h"
 
-#include <QDialog>
 #include <QStringList>
-
-class QCheckBox;
-class QComboBox;
 
 namespace host {
 class Items;
@@ -15,7 +12,7 @@ class Items;
 namespace desk {
 
 /// The user's settings of the desk, "frmImpostazioni". Accepted only when they could be stored. Borrows the items.
-class SettingsWindow : public QDialog {
+class SettingsWindow : public platform::RecordForm {
     Q_OBJECT
 
 public:
@@ -29,17 +26,13 @@ public:
 
     const DeskSettings& settings() const { return settings_; }
 
-private:
-    void fill(const Desk& desk);
-    void save();
+protected:
+    QString store(QString& id) override;
 
+private:
     host::Items& items_;
     bool menuPaneBefore_;
     DeskSettings settings_;
-    QComboBox* startTab_;
-    QComboBox* font_;
-    QCheckBox* menuPane_;
-    QCheckBox* keepPlace_;
 };
 
 } // namespace desk

@@ -5,12 +5,11 @@
 #include <QDialog>
 #include <QString>
 
-class QKeyEvent;
-class QPushButton;
-
 namespace platform {
-class ReportGrid;
-}
+class ListPage;
+class RecordForm;
+struct ListRows;
+} // namespace platform
 
 namespace desk {
 
@@ -26,25 +25,14 @@ public:
     UserList(UserDirectory& users, SignIn& signIn, QString signedInId, QWidget* parent = nullptr);
 
 private:
-    void buildGrid();
-    void load(const QString& idToSelect);
-    void add();
-    void edit();
-    void remove();
-    QString removeOrDeactivate(UserData user);
-    void runEditor(const UserData& user);
-    std::optional<UserData> known(const QString& id);
-    std::optional<UserData> focused();
-    void handleKey(QKeyEvent* event);
-    void tell(const QString& text);
-    bool ask(const QString& question);
+    platform::ListRows rows();
+    platform::RecordForm* editor(const QString& id, QWidget* parent);
+    bool removeOrDeactivate(const QString& id, platform::ListPage& page);
+    UserData known(const QString& id); ///< Throws when there is no such user any more.
 
     UserDirectory& users_;
     SignIn& signIn_;
     QString signedInId_;
-    platform::ReportGrid* grid_ = nullptr;
-    QPushButton* edit_ = nullptr;
-    QPushButton* remove_ = nullptr;
 };
 
 } // namespace desk
