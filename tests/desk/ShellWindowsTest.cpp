@@ -142,6 +142,8 @@ TEST_F(DeskOfPatients, OneServesPatientAfterPatientAndIsKnownOnlyWhileOneIsOpen)
     ASSERT_TRUE(desk_->openPatient(rossi_));
     EXPECT_EQ(platform::FormRegistry::find(QStringLiteral("frmAmbulatorio")), first);
     EXPECT_EQ(shownRecords(), QStringList{QStringLiteral("di Rossi")});
+    EXPECT_TRUE(control<QWidget>("pannello(Prova: Lista Prova)")->isAncestorOf(desk_->window()->focusWidget()))
+        << "the keyboard does not begin in a list";
     ASSERT_TRUE(desk_->openPatient(verdi_));
     EXPECT_EQ(control<PatientDesk>("frmAmbulatorio"), first);
     EXPECT_EQ(shownRecords(), QStringList{QStringLiteral("di Verdi")});

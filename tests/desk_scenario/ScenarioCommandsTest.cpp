@@ -140,7 +140,7 @@ TEST_F(ScenarioCommandsTest, TakesPicturesAndTellsWhatThereIs) {
     window.field(0)->setFocus();
     window.field(0)->setToolTip(QStringLiteral("Non si salva"));
     testing::internal::CaptureStdout();
-    expectPlays(QStringLiteral("shot cartella/prova\ndump"));
+    expectPlays(QStringLiteral("shot cartella/prova\ndump\nclick rcRighi 1 1\nkeys X\ndump"));
     const std::string said = testing::internal::GetCapturedStdout();
     const QImage picture(folder.filePath(QStringLiteral("out/cartella/prova.png")));
     EXPECT_EQ(picture.size(), window.size());
@@ -150,7 +150,7 @@ TEST_F(ScenarioCommandsTest, TakesPicturesAndTellsWhatThereIs) {
           "tbDati(2) \"\" [sola lettura]\n", "rcRighi 0 1 \"due\\nrighe\"\n",
           "rcRighi 1 1 \"VISITA\" [testo #ff0000, sfondo #ffecb3, grassetto, icona 3, "
           "suggerimento \"Non è un dente\"]\n",
-          "rcRighi 2 2 \"\" [off]\n", "3 passi eseguiti\n"})
+          "rcRighi 2 2 \"\" [off]\n", "rcRighi \"\" [fuoco, cella 1 1 in modifica]\n", "6 passi eseguiti\n"})
         EXPECT_NE(said.find(line), std::string::npos) << line << said;
 }
 

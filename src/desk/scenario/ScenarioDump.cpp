@@ -45,11 +45,26 @@ QColor markedText(const QWidget& control) {
     return isField && own != QApplication::palette(&control).color(QPalette::Active, QPalette::Text) ? own : QColor();
 }
 
+/// The named control that has the focus, itself or a part of it.
+const QWidget* focusedControl() {
+    const QWidget* focused = QApplication::focusWidget();
+    while (focused && !isNamedControl(*focused))
+        focused = focused->parentWidget();
+    return focused;
+}
+
+QString focusedCell(const platform::ReportGrid& grid) {
+    const QString place = QStringLiteral("cella %1 %2").arg(grid.rowOf(grid.focusedRecord())).arg(grid.focusedColumn());
+    return grid.isEditing() ? place + QStringLiteral(" in modifica") : place;
+}
+
 QString stateOf(const QWidget& control, const QWidget& window) {
     QStringList marks;
     if (!control.isVisibleTo(&window)) marks += QStringLiteral("nascosto");
     if (!control.isEnabled()) marks += QStringLiteral("disattivato");
-    if (control.hasFocus()) marks += QStringLiteral("fuoco");
+    if (&control == focusedControl()) marks += QStringLiteral("fuoco");
+    if (const auto* grid = qobject_cast<const platform::ReportGrid*>(&control); grid && grid->focusedRecord())
+        marks += focusedCell(*grid);
     if (control.property("readOnly").toBool()) marks += QStringLiteral("sola lettura");
     const auto* button = qobject_cast<const QAbstractButton*>(&control);
     if (button && button->isCheckable()) marks += checkMark(button->isChecked());
