@@ -36,7 +36,10 @@ ReportTreeView::ReportTreeView(ReportGridModel& model, const ReportColours& colo
     setFrameShape(QFrame::NoFrame);
     setMouseTracking(true);
     editTimer_.setSingleShot(true);
-    connect(&editTimer_, &QTimer::timeout, this, [this] { startEdit(pressed_); });
+    connect(&editTimer_, &QTimer::timeout, this, [this] {
+        // Whoever went elsewhere meanwhile keeps the keyboard.
+        if (hasFocus() && currentIndex() == pressed_) startEdit(pressed_);
+    });
     connect(delegate_, &ReportGridDelegate::committed, this, [this](const QModelIndex& index) {
         changedRecord_ = model_.recordAt(index);
         changedColumn_ = index.column();

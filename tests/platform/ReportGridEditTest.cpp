@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QSignalSpy>
+#include <functional>
 
 using platform::ReportGrid;
 using platform::ReportRecord;
@@ -44,6 +45,23 @@ TEST_F(GridTest, SecondClickF2AndTypingStartTheEdit) {
     ASSERT_TRUE(grid.isEditing());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_EQ(edits.seen, list({"IGIENE"})) << "neither Escape nor an unchanged text is a change";
+}
+
+TEST_F(GridTest, TheEditOfASecondClickDoesNotTakeTheKeyboardBack) {
+    show(list({"Servizio", "Descrizione"}), true);
+    grid.setEditMode(true, true);
+    ReportRecord* record = add(list({"VISITA", "Prima visita"}));
+    const std::function<void()> elsewhere[] = {[this] { view()->header()->setFocus(); },
+                                               [this] { QTest::keyClick(view(), Qt::Key_Right); }};
+    for (const auto& go : elsewhere) {
+        view()->setFocus();
+        click(record, 0);
+        QTest::qWait(QApplication::doubleClickInterval() + 50);
+        click(record, 0);
+        go();
+        QTest::qWait(QApplication::doubleClickInterval() + 50);
+        EXPECT_FALSE(grid.isEditing());
+    }
 }
 
 TEST_F(GridTest, TabCommitsAndGoesToTheNextCellThatCanBeEdited) {

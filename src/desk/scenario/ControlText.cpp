@@ -25,8 +25,8 @@ QString labelText(const QLabel& label) {
 
 /// A control that wraps an editor under its own name shows the editor's text.
 QString innerText(const QWidget& control) {
-    if (const auto* inner = control.findChild<const QTextEdit*>()) return inner->toPlainText();
     if (control.isWindow()) return control.windowTitle();
+    if (const auto* inner = control.findChild<const QTextEdit*>()) return inner->toPlainText();
     const QVariant text = control.property("text");
     return text.isValid() ? text.toString() : control.windowTitle();
 }
