@@ -5,9 +5,11 @@
 #include "desk/shell/DeskCommands.h"
 #include "desk/shell/MainMenu.h"
 #include "desk/shell/PatientDesk.h"
+#include "desk/shell/ShowModally.h"
 #include "platform/FormRegistry.h"
 
 #include <QAction>
+#include <QHideEvent>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -112,6 +114,24 @@ TEST_F(DeskChildWindows, ClosesAllButThePatientAndDeletesWhatWasDiscarded) {
     EXPECT_TRUE(patient) << "callers may still be in it";
     area.deleteAll();
     EXPECT_FALSE(patient);
+}
+
+TEST(ShowModally, AWindowPutDownAsAnIconIsNotTakenForClosed) {
+    auto* form = new QWidget; // no dialog, as a module may hand one out
+    bool wasUp = false;
+    QTimer::singleShot(0, form, [form] {
+        QHideEvent asIcon;
+        QSpontaneKeyEvent::setSpontaneous(&asIcon);
+        qApp->notify(form, &asIcon);
+    });
+    QTimer::singleShot(50, form, [&] {
+        wasUp = true;
+        form->close();
+    });
+    EXPECT_TRUE(desk::showModally(form));
+    EXPECT_TRUE(wasUp);
+    settle();
+    EXPECT_FALSE(desk::showModally(new QObject(qApp))) << "what is no window cannot be shown";
 }
 
 class DeskOfPatients : public DeskFixture {

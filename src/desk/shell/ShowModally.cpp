@@ -16,7 +16,8 @@ public:
     explicit HideWatcher(QEventLoop& loop)
         : loop_(loop) {}
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Hide) loop_.quit();
+        // The window system hides it too, when it is put down as an icon; it comes back from there.
+        if (event->type() == QEvent::Hide && !event->spontaneous()) loop_.quit();
         return false;
     }
 
