@@ -24,6 +24,15 @@ constexpr qint32 CONTROLLO_STILE = 12;
 constexpr qint32 CONTROLLO_ALTRO_MENU = 74;
 constexpr qint32 CONTROLLI_NASCOSTI[] = {10, 11, 20, 69, 70, 71, 279, 417, 418, 419, 420};
 
+/// An answer that could not be read counts as yes: the command reads anew, and says what is wrong.
+bool unlessUnread(const std::function<bool()>& question) {
+    try {
+        return question();
+    } catch (const host::HostError&) {
+        return true;
+    }
+}
+
 // What a dental practice has no use for.
 const QStringList& vociNascoste() {
     static const QStringList voci = {
@@ -234,7 +243,7 @@ void clsConfig::RefreshGUI(bool enabled) {
         if (!servizio.Patient || !servizio.Enabled || !conAzione(servizio.Key)) continue;
         bool attivo = enabled;
         if (enabled && !UnicaSchedaTrattamento() && servizio.Key == QLatin1String(PIANO_PAZIENTE)) {
-            attivo = agganci.pazienteConPiani && agganci.pazienteConPiani();
+            attivo = agganci.pazienteConPiani && unlessUnread(agganci.pazienteConPiani);
         }
         abilita(servizio.ID, attivo);
     }
@@ -242,6 +251,7 @@ void clsConfig::RefreshGUI(bool enabled) {
 
 void clsConfig::RefreshGUITrattamento() {
     if (UnicaSchedaTrattamento() || !UsableService(QLatin1String(PIANO_PAZIENTE))) return;
-    const bool aperti = PazienteAperto() && agganci.contaTrattamentiAperti && agganci.contaTrattamentiAperti() > 0;
+    const bool aperti = PazienteAperto() && agganci.contaTrattamentiAperti &&
+                        unlessUnread([] { return agganci.contaTrattamentiAperti() > 0; });
     abilita(IDService(QLatin1String(PIANO_PAZIENTE)), aperti);
 }

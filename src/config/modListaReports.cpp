@@ -14,7 +14,14 @@ void ImpostaReport(clsListaReports& lista) {
     if (lista.InMemoria()) {
         platform::dialogs().message(QStringLiteral("Lista in memoria"), platform::MB_INFORMATION, titolo);
     }
-    lista.Carica(oHost->Archivio().Dati());
+    try {
+        lista.Carica(oHost->Archivio().Dati());
+    } catch (const host::HostError& error) {
+        platform::dialogs().message(
+            QStringLiteral("Attenzione! Archivio dei modelli di stampa non letto!\r\nErrore: ") + error.text(),
+            platform::MB_WARNING, titolo);
+        return;
+    }
     if (!lista.InMemoria()) {
         platform::dialogs().message(QStringLiteral("Non recuperata alcuna informazione utile!\r\n"
                                                    "Controllare che esista una cartella certificati 'Odontoiatria'"),

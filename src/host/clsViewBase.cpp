@@ -5,7 +5,6 @@
 #include "platform/ReportGrid.h"
 
 #include <QColor>
-#include <QScopeGuard>
 
 namespace {
 
@@ -33,13 +32,10 @@ void clsViewBase::refreshGrid(QObject* grid, const QString& idToSelect) {
     griglia_ = report;
     if (report->columnCount() == 0) preparaGriglia(*report);
 
-    {
-        report->beginUpdate();
-        const auto mostra = qScopeGuard([report] { report->endUpdate(); }); // even when the host cannot list them
-        report->clear();
-        adattaColonne(*report);
+    adattaColonne(*report);
+    reading_.read(*report, [&] {
         if (PazienteAperto()) riempi(*report);
-    }
+    });
 
     platform::ReportRecord* scelto = nullptr;
     for (int i = 0; i < report->recordCount() && !idToSelect.isEmpty() && !scelto; ++i) {
@@ -50,9 +46,6 @@ void clsViewBase::refreshGrid(QObject* grid, const QString& idToSelect) {
 
 void clsViewBase::preparaGriglia(platform::ReportGrid& grid) {
     costruisciColonne(grid);
-    grid.setTexts(QStringLiteral("Non ci sono dati da visualizzare"),
-                  QStringLiteral("Trascinare qui il titolo di una colonna per raggruppare"),
-                  QStringLiteral("Ordina per "));
     grid.setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
     grid.setGroupBoxVisible(true);
     grid.setReadOnly(true);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/ListReading.h"
 #include "host/contract/View.h"
 
 #include <QObject>
@@ -38,7 +39,8 @@ public:
 protected:
     /// Adds the columns, on the first fill of a grid.
     virtual void costruisciColonne(platform::ReportGrid& grid) = 0;
-    /// Adds one record per item of the open patient, its tag the item's `ID`. The grid is empty and being updated.
+    /// Adds one record per item of the open patient, its tag the item's `ID`. The grid is empty and being updated. A
+    /// HostError tells that they could not be read.
     virtual void riempi(platform::ReportGrid& grid) = 0;
     /// Shows and hides columns; on every fill.
     virtual void adattaColonne(platform::ReportGrid& grid);
@@ -55,4 +57,5 @@ private:
 
     bool likePannello_ = false;
     QPointer<QObject> griglia_;
+    ListReading reading_{[this] { RefreshPannello(); }};
 };

@@ -34,6 +34,11 @@ clsServizi* oServizi = nullptr;
 IdComandi idComandi;
 Agganci agganci;
 
+host::Host& runningHost() {
+    if (!oHost) throw host::HostError(QStringLiteral("il modulo non è più attivo"));
+    return *oHost;
+}
+
 host::Paziente* PazienteAperto() {
     return oHost ? oHost->paziente() : nullptr;
 }

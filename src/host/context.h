@@ -87,6 +87,8 @@ extern Agganci agganci;
 
 /// The patient open in the desk; null when there is none, and after the end of the module.
 host::Paziente* PazienteAperto();
+/// The host. Throws HostError after the end of the module, which its windows may outlive.
+host::Host& runningHost();
 
 /// Title of the message boxes of record windows, and prefix of the captions of child windows.
 inline constexpr char16_t TITOLO_CORVALA[] = u"Tessara 5000. CORVALA";

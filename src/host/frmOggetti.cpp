@@ -2,6 +2,7 @@
 
 #include "platform/FormRegistry.h"
 
+#include <QScopeGuard>
 #include <QTimer>
 #include <QVariant>
 #include <exception>
@@ -38,7 +39,6 @@ void frmOggetti::Timer1_Timer() {
         minuto();
     } catch (const std::exception& errore) {
         qWarning("Aggiornamento periodico non riuscito: %s", errore.what());
-        timer_->start();
     }
 }
 
@@ -49,11 +49,13 @@ void frmOggetti::minuto() {
         timer_->stop();
         return;
     }
-    const QString tag = QString::number(timer_->property(TAG).toString().toInt() + 1);
-    timer_->setProperty(TAG, tag);
-    if (tag != QString::number(*ogni)) return;
-    timer_->stop(); // a slow refresh delays the count and never overlaps another
+    const int passati = timer_->property(TAG).toString().toInt() + 1;
+    timer_->setProperty(TAG, QString::number(passati));
+    if (passati < *ogni) return;            // beyond it when the setting was lowered meanwhile
+    timer_->stop();                         // a slow refresh delays the count and never overlaps another
+    const auto again = qScopeGuard([this] { // also after one that failed
+        timer_->setProperty(TAG, QStringLiteral("0"));
+        timer_->start();
+    });
     RefreshDatiPaziente();
-    timer_->setProperty(TAG, QStringLiteral("0"));
-    timer_->start();
 }

@@ -44,8 +44,11 @@ struct Contesto::Oggetti {
     clsServizi servizi;
 };
 
+const Contesto* Contesto::current_ = nullptr;
+
 Contesto::Contesto(host::Host& host)
     : comandi_([](qint32 id) { return oConfig ? oConfig->KeyService(id) : QString(); }) {
+    current_ = this;
     oHost = &host;
     oggetti_ = std::make_unique<Oggetti>();
     oggetti_->config = std::make_unique<clsConfig>();
@@ -75,7 +78,8 @@ void Contesto::creaGestori() {
          std::initializer_list<clsViewBase*>{oViewPreventivi, oViewFatture, oViewTrattamenti, oViewPagamenti}) {
         vista->setLikePannello(true);
     }
-    for (QString* id : {&sIDPreventivo, &sIDFattura, &sIDTrattamento, &sIDPagamento, &sIDParadontale, &sLogFile})
+    for (QString* id :
+         {&sIDPreventivo, &sIDFattura, &sIDTrattamento, &sRigoTrattamento, &sIDPagamento, &sIDParadontale, &sLogFile})
         id->clear();
 }
 
@@ -88,13 +92,17 @@ void Contesto::collega() {
 }
 
 void Contesto::termina() {
-    oHost = nullptr;
-    oConfig = nullptr;
+    if (isCurrent()) {
+        oHost = nullptr;
+        oConfig = nullptr;
+    }
     oggetti_->config.reset();
 }
 
 Contesto::~Contesto() {
     termina();
+    if (!isCurrent()) return;
+    current_ = nullptr;
     oGraphical = nullptr;
     colIva = nullptr;
     colRaggMerc = nullptr;

@@ -10,7 +10,7 @@ class Host;
 
 /// The objects of the application context: makes them in their order, puts them where every room reaches them
 /// (host/context.h) and fills what lower rooms ask of higher ones. Owned by the Plugin; takes everything out of reach
-/// again when it ends.
+/// again when it ends, unless that is another run's by then.
 class Contesto {
 public:
     explicit Contesto(host::Host& host);
@@ -19,6 +19,9 @@ public:
     Contesto& operator=(const Contesto&) = delete;
 
     Comandi& comandi() { return comandi_; }
+
+    /// Whether what every room reaches is of this run; another one may have taken its place.
+    bool isCurrent() const { return current_ == this; }
 
     /// The end of the run: host and configuration go, the other objects stay until the Plugin itself is ended, since
     /// the host may still hold its panels.
@@ -32,4 +35,5 @@ private:
 
     std::unique_ptr<Oggetti> oggetti_;
     Comandi comandi_;
+    static const Contesto* current_;
 };

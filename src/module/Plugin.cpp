@@ -2,12 +2,12 @@
 
 #include "chart/clsGraphical.h"
 #include "config/clsConfig.h"
+#include "host/Passo.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "host/frmOggetti.h"
 #include "module/CartellaModulo.h"
 #include "module/Contesto.h"
-#include "module/Passo.h"
 #include "module/modComandiModulo.h"
 #include "module/modPannelli.h"
 #include "platform/Clock.h"
@@ -25,11 +25,11 @@ Plugin::Plugin() {
 Plugin::~Plugin() = default;
 
 bool Plugin::terminated() const {
-    return bTerminato;
+    return ended_;
 }
 
 void Plugin::Init(host::Host* host, const QVariant&) {
-    if (!host || bTerminato || contesto_) return;
+    if (!host || ended_ || contesto_) return;
     try {
         avvia(*host);
     } catch (const std::exception& errore) {
@@ -66,6 +66,8 @@ void Plugin::fallito(const QString& motivo) {
 }
 
 void Plugin::Termina() {
+    ended_ = true;
+    oggetti_->setTimerAttivo(false);
+    if (!contesto_ || contesto_->isCurrent()) bTerminato = true;
     if (contesto_) contesto_->termina();
-    bTerminato = true;
 }

@@ -45,4 +45,5 @@ private:
     std::unique_ptr<frmOggetti> oggetti_;
     std::unique_ptr<Contesto> contesto_;
     QString motivo_;
+    bool ended_ = false; ///< For good; `bTerminato` tells of the latest run.
 };

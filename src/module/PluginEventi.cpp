@@ -1,5 +1,6 @@
 #include "config/clsConfig.h"
 #include "estimates/clsPreventivi.h"
+#include "host/Passo.h"
 #include "host/context.h"
 #include "host/contract/Forms.h"
 #include "host/contract/Host.h"
@@ -8,7 +9,6 @@
 #include "host/modAggiorna.h"
 #include "invoicing/clsFatture.h"
 #include "module/Contesto.h"
-#include "module/Passo.h"
 #include "module/Plugin.h"
 #include "module/modPannelli.h"
 #include "payments/clsPagamenti.h"
@@ -42,10 +42,11 @@ Plugin::Gestore Plugin::gestore(const QString& nome) {
 }
 
 void Plugin::evento(const QString& nome, host::Host* mittente, QVariantList& args) {
-    const Gestore trovato = bTerminato ? nullptr : gestore(nome);
+    const Gestore trovato = ended_ ? nullptr : gestore(nome);
     if (!trovato) return;
-    // Before the start there is nothing that could answer.
-    if (!oHost && trovato != &Plugin::registrazione && trovato != &Plugin::fine) return;
+    // Before the start there is nothing that could answer, nor after another run has begun.
+    const bool running = contesto_ && contesto_->isCurrent();
+    if (!running && trovato != &Plugin::registrazione && trovato != &Plugin::fine) return;
     passo([&] { (this->*trovato)(mittente, args); });
 }
 

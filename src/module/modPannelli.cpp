@@ -2,12 +2,12 @@
 
 #include "estimates/clsPreventivi.h"
 #include "estimates/clsViewPreventivi.h"
+#include "host/Passo.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "host/modAggiorna.h"
 #include "invoicing/clsFatture.h"
 #include "invoicing/clsViewFatture.h"
-#include "module/Passo.h"
 #include "payments/clsPagamenti.h"
 #include "payments/clsViewPagamenti.h"
 #include "periodontal/clsViewSondaggi.h"

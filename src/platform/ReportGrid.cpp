@@ -75,6 +75,10 @@ void ReportGrid::setColumnVisible(int column, bool visible) {
     parts_->widths.apply();
 }
 
+QString ReportGrid::emptyText() const {
+    return parts_->view->emptyText();
+}
+
 void ReportGrid::setTexts(const QString& empty, const QString& groupBox, const QString& sortPrompt) {
     parts_->view->setEmptyText(empty);
     parts_->groupBox->setPrompt(groupBox);

@@ -24,6 +24,7 @@ public:
     const ReportColumn& column(int index) const;
     void setColumnVisible(int column, bool visible);
     void setTexts(const QString& empty, const QString& groupBox, const QString& sortPrompt);
+    QString emptyText() const; ///< What stands in the place of the rows when there are none.
     void setGroupBoxVisible(bool visible);
     void setColours(const QColor& shaded, const QColor& plain, const QColor& head);
     void setSort(int column, Qt::SortOrder order); ///< -1 for the order of adding. Taken up by `populate`.

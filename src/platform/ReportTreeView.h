@@ -25,6 +25,7 @@ public:
 
     void setCellFocus(bool cellFocus);
     void setEmptyText(const QString& text);
+    const QString& emptyText() const { return emptyText_; }
 
     // Displayed rows
     int displayedRowCount() const { return static_cast<int>(displayed().size()); }

@@ -4,6 +4,7 @@
 #include "host/contract/Host.h"
 #include "host/modForm.h"
 #include "platform/Clock.h"
+#include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "platform/Regional.h"
 #include "platform/ReportGrid.h"
@@ -74,12 +75,13 @@ void ElencoPeriodo::costruisciFinestra() {
 
     connect(filtra, &QPushButton::clicked, this, [this] { ricarica(QString()); });
     connect(griglia_, &ReportGrid::rowDoubleClicked, this, [this](ReportRecord* record) {
-        if (record) modifica(*record);
+        if (record) attempt([this, record] { modifica(*record); });
     });
     connect(griglia_, &ReportGrid::keyPressed, this, [this](QKeyEvent* tasto) {
         if (tasto->key() != Qt::Key_Return && tasto->key() != Qt::Key_Enter) return;
         tasto->accept();
-        if (const ReportRecord* scelto = griglia_->focusedRecord()) modifica(*scelto); // as a double click
+        // As a double click.
+        if (const ReportRecord* scelto = griglia_->focusedRecord()) attempt([this, scelto] { modifica(*scelto); });
     });
     connect(griglia_, &ReportGrid::rowRightClicked, this, [this] { mostraMenu(); });
 }
@@ -89,9 +91,6 @@ void ElencoPeriodo::prepara() {
     dtpData_[0]->setDate(primo);
     dtpData_[1]->setDate(primo.addMonths(1).addDays(-1));
     costruisciColonne(*griglia_);
-    griglia_->setTexts(QStringLiteral("Non ci sono dati da visualizzare"),
-                       QStringLiteral("Trascinare qui il titolo di una colonna per raggruppare"),
-                       QStringLiteral("Ordina per "));
     griglia_->setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
     griglia_->setGroupBoxVisible(true);
     griglia_->setReadOnly(true);
@@ -126,24 +125,29 @@ void ElencoPeriodo::leggi() {
     const QDate a = dtpData_[1]->date();
     titolo_->setText(impostazioni_.titolo + platform::regional().shortDate(da) + QLatin1String(" - ") +
                      platform::regional().shortDate(a));
-    griglia_->beginUpdate();
-    const auto mostra = qScopeGuard([this] { griglia_->endUpdate(); }); // what there is, should the database go
-    griglia_->clear();
-    if (const auto righe = oHost->DB().OpenRecordset(queryPeriodo(impostazioni_.t1, da, a))) {
-        for (; !righe->isEOF(); righe->MoveNext())
+    reading_.read(*griglia_, [&] {
+        const auto righe = runningHost().DB().OpenRecordset(queryPeriodo(impostazioni_.t1, da, a));
+        for (; righe && !righe->isEOF(); righe->MoveNext())
             aggiungi(*righe);
-    }
+    });
+}
+
+std::unique_ptr<host::Paziente> ElencoPeriodo::paziente(const QString& id) {
+    std::unique_ptr<host::Paziente> paziente = runningHost().Framework().NewPaziente();
+    return paziente && paziente->Init(id) ? std::move(paziente) : nullptr;
 }
 
 void ElencoPeriodo::aggiungi(const host::Recordset& riga) {
-    const std::unique_ptr<host::Paziente> paziente = oHost->Framework().NewPaziente();
-    if (!paziente || !paziente->Init(riga.text(QStringLiteral("idpaziente")))) return;
+    const std::unique_ptr<host::Paziente> suo = paziente(riga.text(QStringLiteral("idpaziente")));
+    if (!suo) return;
 
     platform::ReportRecord* record = griglia_->addRecord();
     record->tag = riga.text(QStringLiteral("id"));
-    record->cell(CELLA_PAZIENTE).tag = paziente->ID();
+    record->cell(CELLA_PAZIENTE).tag = suo->ID();
     try {
-        riempi(*record, riga, *paziente);
+        riempi(*record, riga, *suo);
+    } catch (const host::HostError&) {
+        throw;
     } catch (const std::runtime_error&) {
         // One record that cannot be read must not hide those of the whole practice.
     }
@@ -182,19 +186,31 @@ void ElencoPeriodo::mostraMenu() {
     const auto scelti = griglia_->selectedRecords();
     platform::ReportRecord* record = scelti.size() == 1 ? scelti.first() : nullptr;
     if (record) voci << QStringLiteral("Modifica") << QStringLiteral("Elimina") << QStringLiteral("Stampa");
-    const QPointer<ElencoPeriodo> viva(this);
-    const int scelta = oHost->Framework().Popup(voci);
-    if (!viva || (scelta > NUOVO && griglia_->focusedRecord() != record)) return;
-    if (scelta == NUOVO) nuovo();
-    if (scelta == MODIFICA) modifica(*record);
-    if (scelta == ELIMINA) eliminaRigo(record);
-    if (scelta == STAMPA) stampa(record->tag);
+    attempt([this, voci, record] {
+        const QPointer<ElencoPeriodo> viva(this);
+        const int scelta = runningHost().Framework().Popup(voci);
+        if (!viva || (scelta > NUOVO && griglia_->focusedRecord() != record)) return;
+        if (scelta == NUOVO) nuovo();
+        if (scelta == MODIFICA) modifica(*record);
+        if (scelta == ELIMINA) eliminaRigo(record);
+        if (scelta == STAMPA) stampa(record->tag);
+    });
+}
+
+// The windows of another host may not bear what a command throws.
+void ElencoPeriodo::attempt(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const std::exception& errore) {
+        platform::dialogs().message(QStringLiteral("Attenzione! Operazione non riuscita!\r\nErrore: ") +
+                                        QString::fromUtf8(errore.what()),
+                                    platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
+    }
 }
 
 bool ElencoPeriodo::richiamaPaziente(const platform::ReportRecord& record) const {
-    const std::unique_ptr<host::Paziente> paziente = oHost->Framework().NewPaziente();
-    if (!paziente || !paziente->Init(record.cell(CELLA_PAZIENTE).tag) || !ApriPaziente(paziente.get())) return false;
-    return idPazienteAperto() == paziente->ID(); // the host may have refused
+    const std::unique_ptr<host::Paziente> suo = paziente(record.cell(CELLA_PAZIENTE).tag);
+    return ApriPaziente(suo.get()) && idPazienteAperto() == suo->ID(); // the host may have refused
 }
 
 void ElencoPeriodo::modifica(const platform::ReportRecord& record) {
@@ -208,10 +224,9 @@ void ElencoPeriodo::nuovo() {
 
 void ElencoPeriodo::eliminaRigo(platform::ReportRecord* record) {
     const QString id = record->tag;
-    const std::unique_ptr<host::Paziente> paziente = oHost->Framework().NewPaziente();
-    if (!paziente || !paziente->Init(record->cell(CELLA_PAZIENTE).tag)) return;
+    const std::unique_ptr<host::Paziente> suo = paziente(record->cell(CELLA_PAZIENTE).tag);
     const QPointer<ElencoPeriodo> viva(this);
-    if (!elimina(*paziente, id) || !viva) return;
+    if (!suo || !elimina(*suo, id) || !viva) return;
     if (griglia_->focusedRecord() == record) griglia_->removeRecord(record);
 }
 

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "host/ListReading.h"
+
 #include <QList>
 #include <QString>
 #include <QWidget>
 #include <array>
+#include <functional>
+#include <memory>
 
 class QDateEdit;
 class QLabel;
@@ -22,7 +26,7 @@ class ReportRecord;
 /// reload straight from the database that keeps the selected record, the bold marks of the open patient, and the way
 /// from a row to its patient. A list gives its columns, its rows and what its commands do. The host owns it as a child
 /// window. A row whose patient the host refuses is left out; one whose memo cannot be read shows what the row itself
-/// gave.
+/// gave. A list that the host cannot read shows no rows and says so.
 class ElencoPeriodo : public QWidget {
     Q_OBJECT
 
@@ -56,8 +60,10 @@ protected:
     platform::ReportGrid& griglia() const { return *griglia_; }
 
 private:
+    static std::unique_ptr<host::Paziente> paziente(const QString& id); ///< Null when the host has no such one.
     void costruisciFinestra();
     void leggi();
+    void attempt(const std::function<void()>& step); ///< Tells what it throws.
     void aggiungi(const host::Recordset& riga);
     void segnaPaziente(platform::ReportRecord& record, const QString& idPaziente) const;
     void seleziona(const QString& id);
@@ -73,4 +79,5 @@ private:
     QLabel* titolo_ = nullptr;
     QLabel* pbAttesa_ = nullptr;
     platform::ReportGrid* griglia_ = nullptr;
+    ListReading reading_{[this] { leggi(); }, this};
 };

@@ -7,29 +7,29 @@ namespace {
 
 const QString CARTELLA_PRIMA_NOTA = QStringLiteral("Prima Nota Magazzino/");
 
-/// What `domanda` answers on the host's archive; an empty value when there is no host, or when it fails.
-template <class Valore, class Domanda>
-Valore chiedi(Domanda domanda) {
-    if (!oHost) return {};
+/// What writing on the host's archive answers; false too when there is no host, or when it fails.
+template <class Write>
+bool written(Write write) {
+    if (!oHost) return false;
     try {
-        return domanda(oHost->Archivio().Dati());
+        return write(oHost->Archivio().Dati());
     } catch (const host::HostError&) {
-        return {};
+        return false;
     }
 }
 
 } // namespace
 
 std::optional<host::ItemDati> clsArchivioDati::GetITEM(const QString& key) const {
-    return chiedi<std::optional<host::ItemDati>>([&](host::Dati& dati) { return dati.Carica(key); });
+    return oHost ? oHost->Archivio().Dati().Carica(key) : std::nullopt;
 }
 
 bool clsArchivioDati::DelITEM(const QString& key) {
-    return chiedi<bool>([&](host::Dati& dati) { return dati.Elimina(key); });
+    return written([&](host::Dati& dati) { return dati.Elimina(key); });
 }
 
 bool clsArchivioDati::SetITEM(VocePrimaNota& item, const QString& file) {
-    return chiedi<bool>([&](host::Dati& dati) {
+    return written([&](host::Dati& dati) {
         std::optional<host::ItemDati> voce;
         if (!item.file.isEmpty()) voce = dati.Carica(item.file);
         if (!voce) voce = dati.GetEmptyItem();
@@ -49,6 +49,12 @@ void clsArchivioDati::Refresh() {
 
 const QList<host::ItemDati>& clsArchivioDati::Lista(const QString& folder) {
     if (lista_ && folder == cartella_) return *lista_;
+    Refresh(); // should the reading fail, nothing is kept
+    if (!oHost) {
+        static const QList<host::ItemDati> none;
+        return none;
+    }
+    lista_ = oHost->Archivio().Dati().Lista(folder, true);
     cartella_ = folder;
-    return lista_.emplace(chiedi<QList<host::ItemDati>>([&](host::Dati& dati) { return dati.Lista(folder, true); }));
+    return *lista_;
 }

@@ -13,8 +13,8 @@ struct VocePrimaNota {
     QString descrizione;
 };
 
-/// The host's archive of free data, and the list of the folder asked for last. Nothing here throws or tells the user:
-/// a failure of the host is an empty answer or false.
+/// The host's archive of free data, and the list of the folder asked for last. Nothing here tells the user:
+/// reading throws HostError when the host could not read, writing answers false; without a host there is nothing.
 class clsArchivioDati {
 public:
     std::optional<host::ItemDati> GetITEM(const QString& key) const;

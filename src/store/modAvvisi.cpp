@@ -3,6 +3,7 @@
 #include "config/clsConfig.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
+#include "platform/Dialogs.h"
 #include "store/frmAvvisi.h"
 
 #include <QApplication>
@@ -25,7 +26,15 @@ QList<host::Appunto> appuntiImportanti(host::Paziente& paziente) {
 void MostraAppuntiImportanti() {
     host::Paziente* paziente = PazienteAperto();
     if (!paziente || !oConfig || !oConfig->AppuntiPazienteModali()) return;
-    const QList<host::Appunto> importanti = appuntiImportanti(*paziente);
+    QList<host::Appunto> importanti;
+    try {
+        importanti = appuntiImportanti(*paziente);
+    } catch (const host::HostError& error) {
+        platform::dialogs().message(QStringLiteral("Attenzione! Appunti del paziente non letti!\r\nErrore: ") +
+                                        error.text(),
+                                    platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
+        return;
+    }
     if (importanti.isEmpty()) return;
 
     frmAvvisi avvisi(QApplication::activeWindow());

@@ -5,6 +5,7 @@
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/SingleByteText.h"
 #include "store/modFile.h"
 
 #include <QDir>
@@ -16,7 +17,7 @@ namespace {
 
 // Empty without a shared folder: the mark would lie wherever the program was started, and nobody would find it again.
 QString lockPath(const QString& tipo, const QString& id) {
-    return oConfig->FileDati(id + QLatin1Char('-') + tipo + QStringLiteral(".lck"));
+    return oConfig ? oConfig->FileDati(id + QLatin1Char('-') + tipo + QStringLiteral(".lck")) : QString();
 }
 
 bool cannotRemove(const QString& file, const QString& error) {
@@ -26,12 +27,28 @@ bool cannotRemove(const QString& file, const QString& error) {
     return false;
 }
 
+// Test and creation in one step of the file system, which all workstations share.
+bool writeNew(const QString& path, const QString& text) {
+    QFile file(platform::files::resolve(path));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return false;
+    file.write(platform::toSingleByte(text)); // for who looks at the folder; the mark is the file itself
+    file.close();
+    platform::files::shareAsFolder(path); // for the others, who see it and may have to take it away
+    return true;
+}
+
 } // namespace
 
-void CreaLock(const QString& tipo, const QString& id) {
+bool CreaLock(const QString& tipo, const QString& id) {
     const QString path = lockPath(tipo, id);
-    ScriviFile(path, platform::now().toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")));
-    platform::files::shareAsFolder(path); // for the others, who see it and may have to take it away
+    if (path.isEmpty()) return true;
+    const QString now = platform::now().toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
+    // A second time, since a mark may go between the refusal and the look at it.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (writeNew(path, now)) return true;
+        if (FileEsiste(path)) return false;
+    }
+    return true;
 }
 
 bool EsisteLock(const QString& tipo, const QString& id) {
@@ -50,6 +67,7 @@ bool RimuoviLock(const QString& tipo, const QString& id) {
 }
 
 bool RimuoviTuttiLock() {
+    if (!oConfig) return false;
     const QString all = QStringLiteral("*.lck");
     const QString folder = oConfig->DBPAth();
     // Out of reach is not the same as without locks.

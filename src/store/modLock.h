@@ -5,8 +5,9 @@
 // A record under the hands of somebody is marked by a small file in the folder that all workstations share. The mark is
 // advisory and has neither owner nor expiry; `tipo` is "Preventivo", "Fattura" or "Trattamento".
 
-/// Writes the mark. When the folder cannot be written, the work goes on without one.
-void CreaLock(const QString& tipo, const QString& id);
+/// Writes the mark, unless it is there: false then, and of several that ask in one instant only one gets true. When the
+/// folder cannot be written, the work goes on without a mark.
+bool CreaLock(const QString& tipo, const QString& id);
 bool EsisteLock(const QString& tipo, const QString& id);
 /// True when there was nothing to remove. Tells the user when the file cannot be removed.
 bool RimuoviLock(const QString& tipo, const QString& id);

@@ -19,7 +19,7 @@ int numberIn(const QString& idrif1) {
 }
 
 QString rowsOfType(const QString& t1) {
-    return oHost->Utente().idschema() + QStringLiteral(".tblWorkspace where tiporecord=906 and t1='") + t1 +
+    return runningHost().Utente().idschema() + QStringLiteral(".tblWorkspace where tiporecord=906 and t1='") + t1 +
            QStringLiteral("' and idrif1");
 }
 
@@ -27,8 +27,8 @@ QString rowsOfType(const QString& t1) {
 
 QString ProssimoProgressivo(const QString& t1, const QString& anno) {
     const auto rows =
-        oHost->DB().OpenRecordset(QStringLiteral("Select max(idrif1) AS HighestValue from ") + rowsOfType(t1) +
-                                  QStringLiteral(" like '") + anno + QStringLiteral("%'"));
+        runningHost().DB().OpenRecordset(QStringLiteral("Select max(idrif1) AS HighestValue from ") + rowsOfType(t1) +
+                                         QStringLiteral(" like '") + anno + QStringLiteral("%'"));
     int highest = 0;
     if (rows && rows->RecordCount() == 1) {
         const QVariant value = rows->value(QStringLiteral("HighestValue"));
@@ -38,7 +38,7 @@ QString ProssimoProgressivo(const QString& t1, const QString& anno) {
 }
 
 bool EsisteProgressivo(const QString& t1, const QString& idrif1) {
-    const auto rows = oHost->DB().OpenRecordset(QStringLiteral("Select id from ") + rowsOfType(t1) +
-                                                QStringLiteral("='") + idrif1 + QLatin1Char('\''));
+    const auto rows = runningHost().DB().OpenRecordset(QStringLiteral("Select id from ") + rowsOfType(t1) +
+                                                       QStringLiteral("='") + idrif1 + QLatin1Char('\''));
     return rows && rows->RecordCount() > 0;
 }

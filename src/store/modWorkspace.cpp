@@ -24,7 +24,7 @@ void leggiRiga(const host::RigaCorvala& riga, WorkspaceItem& item) {
 
 QString queryPeriodo(const QString& t1, const QDate& from, const QDate& to) {
     QString sql =
-        QStringLiteral("Select * from ") + oHost->Utente().idschema() + QStringLiteral(".tblWorkspace where ");
+        QStringLiteral("Select * from ") + runningHost().Utente().idschema() + QStringLiteral(".tblWorkspace where ");
     if (from.isValid() && to.isValid()) {
         sql += QStringLiteral("data Between '%1 00:00:00' AND '%2 23:59:59' and ")
                    .arg(from.toString(Qt::ISODate), to.toString(Qt::ISODate));

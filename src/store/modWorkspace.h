@@ -3,6 +3,7 @@
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "platform/Collection.h"
+#include "store/modProgressivi.h"
 
 #include <QDate>
 #include <QString>
@@ -17,6 +18,9 @@ struct WorkspaceItem {
     QString progressivo;
     QString Data;
     QString descrizione;
+    /// What kept the record from being read whole; empty when it was. Such a record is shown and deleted, never written
+    /// over. Not stored.
+    QString guasto;
 };
 
 /// `anno` "-" `progressivo`.
@@ -43,10 +47,11 @@ public:
     virtual void DeserializzaMEMO(Item& item, const QString& memo) const = 0;
 
     /// Writes the record for the current patient, and its new identity into `ID`. False leaves `ID` as it was. Does not
-    /// empty the list: the caller does, once all its work on the record is done.
+    /// empty the list: the caller does, once all its work on the record is done. Throws NumberTakenError for a new
+    /// record whose number another one has, where the host guards the numbers.
     bool Salva(Item& item) {
-        host::Paziente* paziente = oHost->paziente();
-        if (!paziente) return false;
+        host::Paziente* paziente = PazienteAperto();
+        if (!paziente || !item.guasto.isEmpty()) return false;
         QString id = item.ID;
         const host::DatiCorvala dati{item.Data, unisciIdrif1(item), item.descrizione, t1_, SerializzaMEMO(item)};
         if (!paziente->corvala().Salva(id, dati)) return false;
@@ -54,9 +59,24 @@ public:
         return true;
     }
 
+    /// As `Salva`, for a new record: under its own number, or under the next free one of its year when another
+    /// workstation has taken that meanwhile, which is then in `progressivo`.
+    bool SalvaNuovo(Item& item) {
+        if (EsisteProgressivo(t1_, unisciIdrif1(item))) item.progressivo = ProssimoProgressivo(t1_, item.anno);
+        while (true) {
+            try {
+                return Salva(item);
+            } catch (const host::NumberTakenError&) {
+                const QString next = ProssimoProgressivo(t1_, item.anno);
+                if (next == item.progressivo) return false; // the numbers of the year are used up
+                item.progressivo = next;
+            }
+        }
+    }
+
     /// Nothing when the row is not there. Without a patient, that of the desk.
     std::optional<Item> Carica(const QString& id, host::Paziente* paziente = nullptr) const {
-        if (!paziente) paziente = oHost->paziente();
+        if (!paziente) paziente = PazienteAperto();
         if (!paziente) return std::nullopt;
         const std::optional<host::RigaCorvala> riga = paziente->corvala().Carica(id);
         return riga ? std::optional<Item>(CreaItem(*riga)) : std::nullopt;
@@ -68,11 +88,12 @@ public:
         return true;
     }
 
-    /// The records of the current patient by `ID`; what others saved since it was filled is not seen.
+    /// The records of the current patient by `ID`; what others saved since it was filled is not seen. What the host
+    /// could not read is not kept: HostError passes through, and the next call asks again.
     const platform::Collection<Item>& Lista() {
         if (cache_) return *cache_;
         platform::Collection<Item> items;
-        if (host::Paziente* paziente = oHost->paziente()) {
+        if (host::Paziente* paziente = PazienteAperto()) {
             for (const host::RigaCorvala& riga : paziente->corvala().Lista()) {
                 if (riga.t1 == t1_) items.add(riga.ID, CreaItemDiLista(riga)); // The host lists all types together.
             }

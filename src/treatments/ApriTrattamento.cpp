@@ -5,7 +5,6 @@
 #include "host/contract/Host.h"
 #include "host/frmOggetti.h"
 #include "host/modComandi.h"
-#include "platform/Collection.h"
 #include "platform/Dialogs.h"
 #include "platform/FormRegistry.h"
 #include "store/modPazienti.h"
@@ -15,8 +14,14 @@
 #include "treatments/modTrattamenti.h"
 
 #include <QApplication>
+#include <exception>
 
 namespace {
+
+void messaggio(const QString& testo, const std::exception& errore) {
+    platform::dialogs().message(testo + QStringLiteral("\r\nErrore: ") + QString::fromUtf8(errore.what()),
+                                platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
+}
 
 // CRVL0301
 void apriElenco() {
@@ -31,13 +36,17 @@ void nuovoTrattamento() {
 
 // CRVL0303: with the single sheet the patient's first plan, or a new one; otherwise the last with work going on.
 void apriSchedaPaziente() {
-    if (!PazienteAperto()) return;
-    if (oConfig->UnicaSchedaTrattamento()) {
-        ApriTrattamento(PrimoTrattamento());
+    if (!PazienteAperto() || !oConfig) return;
+    const bool unica = oConfig->UnicaSchedaTrattamento();
+    QString id;
+    try {
+        rereadPlans(); // a plan that another workstation has begun meanwhile must not get a second one beside it
+        id = unica ? PrimoTrattamento() : UltimoTrattamentoAperto();
+    } catch (const host::HostError& errore) {
+        messaggio(QStringLiteral("Attenzione! Elenco dei trattamenti non letto!"), errore);
         return;
     }
-    const QString id = UltimoTrattamentoAperto();
-    if (!id.isEmpty()) ApriTrattamento(id);
+    if (unica || !id.isEmpty()) ApriTrattamento(id);
 }
 
 } // namespace
@@ -48,8 +57,9 @@ void ApriTrattamento(const QString& id) {
         frmEditTrattamento editor(QApplication::activeWindow());
         editor.exec();
     }
-    if (oHost->Framework().DialogCancel()) return;
-    oConfig->RefreshGUITrattamento();
+    // The module may have ended under the open window.
+    if (!oHost || oHost->Framework().DialogCancel()) return;
+    if (oConfig) oConfig->RefreshGUITrattamento();
     if (auto* oggetti = qobject_cast<frmOggetti*>(platform::FormRegistry::find(QStringLiteral("frmOggetti"))))
         oggetti->RefreshDatiPaziente();
 }
@@ -57,12 +67,8 @@ void ApriTrattamento(const QString& id) {
 bool EliminaTrattamento(host::Paziente& paziente, const QString& id) {
     try {
         return oTrattamenti->Elimina(paziente, id);
-    } catch (const platform::DuplicateKey& errore) {
-        // What hangs on such a plan cannot be told for sure, so it is not deleted in part.
-        platform::dialogs().message(
-            QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!\r\nErrore: ") +
-                QString::fromUtf8(errore.what()),
-            platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
+    } catch (const std::exception& errore) {
+        messaggio(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!"), errore);
     }
     return false;
 }

@@ -12,8 +12,8 @@ class Paziente;
 /// is open is refreshed.
 void ApriTrattamento(const QString& id);
 
-/// Deletes a plan of that patient as the manager does, questions included. One that cannot be read whole is told of and
-/// stays as it is; false then, and when the user decides against it.
+/// Deletes a plan of that patient as the manager does, questions included. One that the host could not read is told of;
+/// false then, and when the user decides against it.
 bool EliminaTrattamento(host::Paziente& paziente, const QString& id);
 
 /// Adds the commands of the plans: the practice-wide list, a new plan, the plan of the patient.

@@ -7,7 +7,7 @@
 #include "store/modConversioni.h"
 #include "treatments/clsItemTrattamento.h"
 
-#include <exception>
+#include <QStringList>
 #include <utility>
 
 namespace {
@@ -15,6 +15,7 @@ namespace {
 using platform::XmlNode;
 
 const QLatin1String ROOT("trattamento");
+const QString UNREADABLE = QStringLiteral("il testo registrato del piano non si può leggere");
 
 // ------------------------------------------------------------------------------------------------------------- writing
 
@@ -55,7 +56,9 @@ void scriviApertura(QString& memo, const clsItemTrattamento& item) {
 void leggiApertura(clsItemTrattamento& item, const XmlNode& trattamento) {
     item.anno = trattamento.attribute("anno", item.anno);
     item.progressivo = trattamento.attribute("progressivo", item.progressivo);
-    item.Data = trattamento.attribute("data", item.Data);
+    // A text that is no date would leave the plan on the day of its next save.
+    const QString data = trattamento.attribute("data", item.Data);
+    if (platform::regional().toDate(data) || !platform::regional().toDate(item.Data)) item.Data = data;
     item.fatturaAnticipo = trattamento.attribute("fatturaAnticipo", QString()); // absent in older memos
 }
 
@@ -114,24 +117,27 @@ void conta(clsItemTrattamento& item, bool iniziato, bool finito) {
         ++item.lavoriaperti;
 }
 
-// The row number that stands twice is told once all else is read.
-std::exception_ptr leggiRighi(clsItemTrattamento& item, const XmlNode& righi) {
+/// Hands each row on, in the order of the document, and counts it.
+template <class Add>
+void leggiRighi(clsItemTrattamento& item, const XmlNode& righi, Add add) {
     constexpr std::size_t SOLITI = 16;
     item.righi.reserve(SOLITI); // one step of growth for nearly every plan
     const clsItemRigoTrattamento nessuno;
     for (XmlNode nodo = righi.firstChild("rigo"); nodo; nodo = nodo.nextSibling("rigo")) {
         clsItemRigoTrattamento rigo = leggiRigo(item, nodo, item.righi.empty() ? nessuno : item.righi.back());
-        const QString chiave = rigo.progressivo.trimmed();
         const bool iniziato = !rigo.inizio.isEmpty();
         const bool finito = !rigo.fine.isEmpty();
-        try {
-            item.righi.add(chiave, std::move(rigo));
-        } catch (const platform::DuplicateKey&) {
-            return std::current_exception();
-        }
+        add(rigo.progressivo.trimmed(), std::move(rigo));
         conta(item, iniziato, finito);
     }
-    return nullptr;
+}
+
+/// A key that no row has, for a row whose number another one bears.
+QString freeKey(const clsItemTrattamento& item, const QString& number) {
+    for (int other = 2;; ++other) {
+        const QString key = QStringLiteral("%1 (%2)").arg(number).arg(other);
+        if (!item.righi.contains(key)) return key;
+    }
 }
 
 // All but the rows.
@@ -169,10 +175,28 @@ QString scriviMemoTrattamento(const clsItemTrattamento& item) {
 void leggiMemoTrattamento(clsItemTrattamento& item, const QString& memo) {
     platform::XmlDocument documento;
     const XmlNode trattamento = memo::root(documento, memo, ROOT);
+    item.guasto = trattamento ? QString() : UNREADABLE;
     if (!trattamento) return;
     leggiTesta(item, trattamento);
-    if (const std::exception_ptr doppio = leggiRighi(item, trattamento.firstChild("righi")))
-        std::rethrow_exception(doppio);
+    leggiRighi(item, trattamento.firstChild("righi"), [&item](const QString& number, clsItemRigoTrattamento&& rigo) {
+        item.righi.add(number, std::move(rigo));
+    });
+}
+
+void salvageMemo(clsItemTrattamento& item, const QString& memo) {
+    platform::XmlDocument documento;
+    const XmlNode trattamento = memo::root(documento, memo, ROOT);
+    item.guasto = trattamento ? QString() : UNREADABLE;
+    if (!trattamento) return;
+    leggiTesta(item, trattamento);
+    QStringList doubled;
+    leggiRighi(item, trattamento.firstChild("righi"), [&](const QString& number, clsItemRigoTrattamento&& rigo) {
+        const bool taken = item.righi.contains(number);
+        if (taken && !doubled.contains(number)) doubled << number;
+        item.righi.add(taken ? freeKey(item, number) : number, std::move(rigo));
+    });
+    if (!doubled.isEmpty())
+        item.guasto = QStringLiteral("più righi portano lo stesso numero: ") + doubled.join(QLatin1String(", "));
 }
 
 void leggiMemoPerElenco(clsItemTrattamento& item, const QString& memo) {

@@ -11,10 +11,13 @@ struct clsItemTrattamento;
 /// The memo of a plan. Always well-formed, whatever the fields hold.
 QString scriviMemoTrattamento(const clsItemTrattamento& item);
 
-/// Fills the plan from its memo. A text that is no such memo leaves the plan as it is. Throws platform::DuplicateKey
-/// when two rows have one number; the plan then has its rows up to there and all else. A row without price, or with
-/// price 0 and no invoice, takes the catalogue's present price.
+/// Fills the plan from its memo. A text that is no such memo leaves the plan as it is but for `guasto`. Throws
+/// platform::DuplicateKey when two rows have one number; the plan then has its rows up to there and all else. A row
+/// without price, or with price 0 and no invoice, takes the catalogue's present price.
 void leggiMemoTrattamento(clsItemTrattamento& item, const QString& memo);
+
+/// The same with all rows, those of a number that another one bears under keys of their own; `guasto` tells of them.
+void salvageMemo(clsItemTrattamento& item, const QString& memo);
 
 /// The same without the rows: what the lists of the practice show, counts included. Two rows of one number are no
 /// error here.

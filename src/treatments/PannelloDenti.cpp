@@ -86,6 +86,7 @@ void PannelloDenti::menuDente(int indice) {
     QStringList voci{QStringLiteral("Informazioni"), QStringLiteral("-------------------")};
     for (const QString& id : SITUAZIONI_DEL_MENU)
         voci << (NomeSituazioneDente(id).isEmpty() ? id : NomeSituazioneDente(id));
+    if (!oHost) return; // the module may have ended under the window
     const int scelta = oHost->Framework().Popup(voci);
     if (scelta == INFORMAZIONI) emit informazioniChieste(indice);
     if (scelta < PRIMA_SITUAZIONE || solaLettura_) return;

@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <cmath>
 
 namespace {
 
@@ -26,6 +27,11 @@ enum Campo {
     MEDICO = 11,
     NOME_MEDICO = 12
 };
+
+// Of four digits: a greater one would end the numbering of its year.
+bool numerabile(double numero) {
+    return numero >= 1 && numero <= 9999 && std::trunc(numero) == numero;
+}
 
 QString quattroCifre(const QString& testo) {
     const auto numero = platform::regional().toNumber(testo);
@@ -141,9 +147,12 @@ std::optional<TestataTrattamento::Mancanza> TestataTrattamento::verifica() {
     if (anno().isEmpty()) return Mancanza{QStringLiteral("Attenzione! Anno di riferimento mancante"), campo(ANNO)};
     if (progressivo().isEmpty())
         return Mancanza{QStringLiteral("Attenzione! Progressivo mancante"), campo(PROGRESSIVO)};
-    if (!platform::regional().toDate(QStringLiteral("01/01/") + campo(ANNO)->text()))
+    // A number that is stored already stays as it is, whatever earlier versions let through.
+    const bool nuovo = campo(ANNO)->isEnabled();
+    if (!platform::regional().toDate(QStringLiteral("01/01/") + anno()) || (nuovo && anno().size() != 4))
         return Mancanza{QStringLiteral("Attenzione! Anno di riferimento errato!"), campo(ANNO)};
-    if (!platform::regional().toNumber(progressivo()))
+    const auto numero = platform::regional().toNumber(progressivo());
+    if (!numero || (nuovo && !numerabile(*numero)))
         return Mancanza{QStringLiteral("Attenzione! Progressivo di riferimento errato!"), campo(PROGRESSIVO)};
     setProgressivo(quattroCifre(progressivo()));
     return std::nullopt;

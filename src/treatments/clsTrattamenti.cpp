@@ -1,10 +1,12 @@
 #include "treatments/clsTrattamenti.h"
 
 #include "config/clsConfig.h"
+#include "host/Passo.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "platform/Dialogs.h"
 #include "treatments/MemoTrattamento.h"
+#include "treatments/StrangeInMemo.h"
 
 namespace {
 
@@ -36,14 +38,27 @@ clsTrattamenti::clsTrattamenti()
     : WorkspaceManager(QStringLiteral("TRT")) {}
 
 std::optional<clsItemTrattamento> clsTrattamenti::Carica(const QString& id, host::Paziente* paziente) {
-    if (!paziente) paziente = oHost->paziente();
+    if (!paziente) paziente = PazienteAperto();
     if (!paziente) return std::nullopt;
     paziente->corvala().Refresh();
     return WorkspaceManager::Carica(id, paziente);
 }
 
+std::optional<clsItemTrattamento> clsTrattamenti::salvage(const QString& id, host::Paziente* paziente) {
+    if (!paziente) paziente = PazienteAperto();
+    if (!paziente) return std::nullopt;
+    paziente->corvala().Refresh();
+    const std::optional<host::RigaCorvala> riga = paziente->corvala().Carica(id);
+    if (!riga) return std::nullopt;
+    clsItemTrattamento item;
+    leggiRiga(*riga, item);
+    salvageMemo(item, riga->m1);
+    if (item.guasto.isEmpty()) item.guasto = strangeInMemo(riga->m1);
+    return item;
+}
+
 std::optional<clsItemTrattamento> clsTrattamenti::CaricaUltimo() {
-    if (host::Paziente* paziente = oHost->paziente()) paziente->corvala().Refresh();
+    if (host::Paziente* paziente = PazienteAperto()) paziente->corvala().Refresh();
     const clsItemTrattamento* ultimo = nullptr;
     for (const clsItemTrattamento& item : Lista()) {
         // As texts on purpose: "2024-9" ranks above "2024-10", and the summary relies on the same order.
@@ -56,12 +71,9 @@ void clsTrattamenti::DeserializzaMEMO(clsItemTrattamento& item, const QString& m
     leggiMemoTrattamento(item, memo);
 }
 
+// The editor tells what is wrong when the plan is opened; the patient's other plans must be seen all the same.
 void clsTrattamenti::DeserializzaPerLista(clsItemTrattamento& item, const QString& memo) const {
-    try {
-        leggiMemoTrattamento(item, memo);
-    } catch (const platform::DuplicateKey&) {
-        // The editor tells it when the plan is opened; the patient's other plans must be seen all the same.
-    }
+    salvageMemo(item, memo);
 }
 
 QString clsTrattamenti::SerializzaMEMO(const clsItemTrattamento& item) const {
@@ -69,7 +81,7 @@ QString clsTrattamenti::SerializzaMEMO(const clsItemTrattamento& item) const {
 }
 
 bool clsTrattamenti::Elimina(host::Paziente& paziente, const QString& id) {
-    const std::optional<clsItemTrattamento> item = Carica(id, &paziente);
+    const std::optional<clsItemTrattamento> item = salvage(id, &paziente);
     if (!item) {
         platform::dialogs().message(QStringLiteral("Segnalare problema"), 0, QString::fromUtf16(TITOLO_CORVALA));
         return false;
@@ -80,8 +92,8 @@ bool clsTrattamenti::Elimina(host::Paziente& paziente, const QString& id) {
 
     scollegaMagazzino(*item, paziente);
     scollegaAllegati(*item, paziente, risposta.checked);
-    paziente.Files().Refresh();
-    paziente.Eventi().Refresh();
+    passo([&] { paziente.Files().Refresh(); });
+    passo([&] { paziente.Eventi().Refresh(); });
     Refresh();
     if (oConfig) oConfig->RefreshGUITrattamento();
     return true;

@@ -13,8 +13,11 @@ class clsTrattamenti : public WorkspaceManager<clsItemTrattamento> {
 public:
     clsTrattamenti();
 
-    /// Reads the patient's rows anew first, so that what another workstation saved is seen. The same for the one below.
+    /// Reads the patient's rows anew first, so that what another workstation saved is seen. The same for those below.
     std::optional<clsItemTrattamento> Carica(const QString& id, host::Paziente* paziente = nullptr);
+    /// As `Carica`, for whoever shows or deletes the plan: with all that can be read of it, and what cannot in
+    /// `guasto`.
+    std::optional<clsItemTrattamento> salvage(const QString& id, host::Paziente* paziente = nullptr);
     /// The plan with the greatest number; nothing without plans. Numbers are compared as texts.
     std::optional<clsItemTrattamento> CaricaUltimo();
     void DeserializzaMEMO(clsItemTrattamento& item, const QString& memo) const override;

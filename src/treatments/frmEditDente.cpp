@@ -242,8 +242,8 @@ void frmEditDente::riempiTrattamenti() {
     const QString indice = QString::number(indice_);
     const QString numero = piano_.anno + QLatin1Char('-') + piano_.progressivo;
     platform::ReportRecord* attuale = nullptr;
-    rcTrattamenti_->clear();
-    if (oTrattamenti) {
+    reading_.read(*rcTrattamenti_, [&] {
+        if (!oTrattamenti) return;
         for (const clsItemTrattamento& item : oTrattamenti->Lista()) {
             bool trattato = false;
             for (const clsItemRigoTrattamento& rigo : item.righi)
@@ -258,7 +258,7 @@ void frmEditDente::riempiTrattamenti() {
             record->cell(3).value = voce.section(PARTI, 2);
             if (record->cell(0).value == numero) attuale = record;
         }
-    }
+    });
     rcTrattamenti_->populate();
     rcTrattamenti_->setFocusedRecord(attuale);
     mostraRighi();
@@ -267,15 +267,15 @@ void frmEditDente::riempiTrattamenti() {
 void frmEditDente::mostraRighi() {
     const QString indice = QString::number(indice_);
     const platform::ReportRecord* scelto = rcTrattamenti_->focusedRecord();
-    const clsItemTrattamento* item = scelto ? oTrattamenti->Lista().find(scelto->tag) : nullptr;
-    rcRighi_->clear();
-    if (item) {
+    readingRows_.read(*rcRighi_, [&] {
+        const clsItemTrattamento* item = scelto && oTrattamenti ? oTrattamenti->Lista().find(scelto->tag) : nullptr;
+        if (!item) return;
         for (const clsItemRigoTrattamento& rigo : item->righi) {
             if (!riguarda(rigo, indice)) continue;
             platform::ReportRecord* record = rcRighi_->addRecord();
             record->cell(0).value = rigo.servizio;
             record->cell(1).value = rigo.descrizione;
         }
-    }
+    });
     rcRighi_->populate();
 }

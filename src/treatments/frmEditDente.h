@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/ListReading.h"
 #include "treatments/modSituazioneDente.h"
 
 #include <QDialog>
@@ -50,6 +51,8 @@ private:
     QLineEdit* tbDati_ = nullptr;
     platform::ReportGrid* rcTrattamenti_ = nullptr;
     platform::ReportGrid* rcRighi_ = nullptr;
+    ListReading reading_{[this] { riempiTrattamenti(); }, this};
+    ListReading readingRows_{[this] { mostraRighi(); }, this};
     QPushButton* cbConferma_ = nullptr;
     QPushButton* cbAnnulla_ = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "treatments/frmEditTrattamento.h"
 
 #include "config/clsConfig.h"
+#include "host/Passo.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "host/modAggiorna.h"
@@ -8,7 +9,6 @@
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "store/modLock.h"
-#include "store/modProgressivi.h"
 #include "treatments/CollegamentiTrattamento.h"
 #include "treatments/PannelloDenti.h"
 #include "treatments/RigheTrattamento.h"
@@ -48,7 +48,7 @@ frmEditTrattamento::frmEditTrattamento(QWidget* parent)
     InizializzaForm(this);
     ConservaGeometria(this);
     leggi();
-    oHost->Framework().setDialogCancel(true);
+    if (oHost) oHost->Framework().setDialogCancel(true);
 }
 
 frmEditTrattamento::~frmEditTrattamento() {
@@ -126,29 +126,39 @@ void frmEditTrattamento::leggi() {
         aggiornaDisegno();
         totali_->aggiornaFatturazione();
     } catch (const std::exception& errore) {
-        messaggio(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!") + A_CAPO +
-                      QStringLiteral("Errore: ") + QString::fromUtf8(errore.what()),
-                  platform::MB_WARNING);
-        setSolaLettura(); // what was read only in part must not be saved over the whole
+        nonLetto(QString::fromUtf8(errore.what()));
     }
 }
 
+// What was read only in part must not be saved over the whole.
+void frmEditTrattamento::nonLetto(const QString& perche) {
+    liberaLock();
+    setSolaLettura();
+    messaggio(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!") + A_CAPO +
+                  QStringLiteral("Errore: ") + perche,
+              platform::MB_WARNING);
+}
+
 void frmEditTrattamento::caricaTrattamento() {
-    const auto item = oTrattamenti->Carica(id_);
-    if (!item) return; // the window stays empty, without a word
-    if (EsisteLock(LOCK, id_)) {
+    // Marked before it is read: what others saved until then is in it.
+    const bool nostro = CreaLock(LOCK, id_);
+    if (nostro) cbAnnulla_->setProperty(TAG, id_);
+    const auto item = oTrattamenti->salvage(id_);
+    if (!item) { // the window stays empty, without a word
+        liberaLock();
+        return;
+    }
+    if (!nostro) {
         setSolaLettura();
         messaggio(QStringLiteral("Attenzione! Trattamento in uso ad altro utente!") + A_CAPO +
                       QStringLiteral("Eventuali modifiche verranno tralasciate!"),
                   platform::MB_WARNING);
-    } else {
-        CreaLock(LOCK, id_);
-        cbAnnulla_->setProperty(TAG, id_);
     }
     testata_->carica(*item);
     collegamenti_->carica(*item);
     denti_->caricaSituazione(item->SituazioneOrale);
     righe_->carica(*item);
+    if (!item->guasto.isEmpty()) nonLetto(item->guasto);
 }
 
 void frmEditTrattamento::setSolaLettura() {
@@ -227,13 +237,15 @@ void frmEditTrattamento::premiTasto(int indice) {
 // ------------------------------------------------------------------------------------------------------------ saving
 
 void frmEditTrattamento::conferma() {
+    bool salvato = false;
     try {
-        if (verifica() && salva()) confermato();
+        salvato = verifica() && salva();
     } catch (const std::exception& errore) {
         messaggio(QStringLiteral("Attenzione! Riscontrati errori in salvataggio dati trattamento!") + A_CAPO +
                       QStringLiteral("Errore: ") + QString::fromUtf8(errore.what()),
                   platform::MB_WARNING);
     }
+    if (salvato) confermato();
 }
 
 bool frmEditTrattamento::verifica() {
@@ -259,33 +271,38 @@ clsItemTrattamento frmEditTrattamento::componi() {
 }
 
 bool frmEditTrattamento::salva() {
-    if (id_.isEmpty()) {
-        // Another workstation may have taken the number meanwhile; the plan then silently takes the next one.
-        const QString numero = testata_->anno() + QLatin1Char('-') + testata_->progressivo();
-        if (EsisteProgressivo(oTrattamenti->t1(), numero))
-            testata_->setProgressivo(ProssimoProgressivo(oTrattamenti->t1(), testata_->anno()));
-    }
     clsItemTrattamento item = componi();
-    if (!oTrattamenti->Salva(item)) {
+    if (!(id_.isEmpty() ? oTrattamenti->SalvaNuovo(item) : oTrattamenti->Salva(item))) {
         const platform::Answer rivedere = messaggio(
             QStringLiteral("Attenzione! Salvataggio non a buon fine! Vuoi rivedere i dati?"), platform::MB_QUESTION);
-        if (rivedere != platform::Answer::Yes) done(QDialog::Rejected);
+        if (rivedere != platform::Answer::Yes) reject();
         return false;
     }
     id_ = item.ID;
-    if (host::Paziente* paziente = PazienteAperto()) paziente->GeneraEvento(paziente->corvala());
+    testata_->setProgressivo(item.progressivo); // the next one, when another workstation has taken its own meanwhile
     return true;
 }
 
+// The plan is stored: what fails from here on concerns who shows it, and keeps nobody from the rest.
 void frmEditTrattamento::confermato() {
+    passo([] {
+        if (host::Paziente* paziente = PazienteAperto()) paziente->GeneraEvento(paziente->corvala());
+    });
     liberaLock();
     oTrattamenti->Refresh();
-    if (oConfig) oConfig->RefreshGUITrattamento(); // there may be work going on now, or no more
-    oHost->Framework().setDialogCancel(false);
-    RefreshTrattamenti(id_);
-    RefreshSintesi();
-    if (oViewTrattamenti && oHost->Archivio().Pannelli().PannelloCaricato(QStringLiteral("Corvala: Lista Trattamenti")))
-        oViewTrattamenti->RefreshPannello();
+    passo([] {
+        if (oConfig) oConfig->RefreshGUITrattamento(); // there may be work going on now, or no more
+    });
+    passo([] {
+        if (oHost) oHost->Framework().setDialogCancel(false);
+    });
+    passo([this] { RefreshTrattamenti(id_); });
+    passo([] { RefreshSintesi(); });
+    passo([] {
+        const QString pannello = QStringLiteral("Corvala: Lista Trattamenti");
+        if (oHost && oViewTrattamenti && oHost->Archivio().Pannelli().PannelloCaricato(pannello))
+            oViewTrattamenti->RefreshPannello();
+    });
     done(QDialog::Accepted);
 }
 

@@ -14,7 +14,8 @@ class TotaliTrattamento;
 struct clsItemTrattamento;
 
 /// The editor of one treatment plan of the open patient. Opens the plan whose id stands in `sIDTrattamento`, a new one
-/// when that is empty, and holds its lock while it is open; a plan in use elsewhere shows read-only.
+/// when that is empty, and holds its lock while it is open; a plan in use elsewhere, or one that
+/// could not be read whole, shows read-only.
 /// `Framework.DialogCancel` is its result: false only after a good confirm. Its parts do the work: header, rows, chart,
 /// totals, links.
 class frmEditTrattamento : public QDialog {
@@ -40,6 +41,7 @@ private:
     void leggi();
     void caricaTrattamento();
     void setSolaLettura();
+    void nonLetto(const QString& perche);
     void primaAttivazione();
     void aggiornaDisegno();
     void apriDente(int indice);

@@ -3,6 +3,11 @@
 #include "host/context.h"
 #include "treatments/clsTrattamenti.h"
 
+void rereadPlans() {
+    if (host::Paziente* paziente = PazienteAperto()) paziente->corvala().Refresh();
+    oTrattamenti->Refresh();
+}
+
 qint16 ContaTrattamentiAperti() {
     qint16 aperti = 0;
     for (const clsItemTrattamento& item : oTrattamenti->Lista()) {

@@ -9,6 +9,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <functional>
 
 class PatientCollectionsTest : public PracticeFixture {
 protected:
@@ -180,4 +181,37 @@ TEST_F(PatientCollectionsTest, FreeDataLiesInFolders) {
     EXPECT_TRUE(data.Elimina(first.ID));
     EXPECT_FALSE(data.Elimina(first.ID));
     EXPECT_FALSE(data.Carica(first.ID));
+}
+
+TEST_F(PatientCollectionsTest, UnreadIsNotNone) {
+    desk::FreeData data(*database_, sign_);
+    desk::UserDirectory users(*database_);
+    desk::DatabaseService sql(*database_, sign_);
+    const QString none = QStringLiteral("nessuno");
+    const struct {
+        const char* table;
+        std::function<void()> all, one;
+    } cases[] = {
+        {"tblWorkspace", [&] { patient_->corvala().Lista(); }, [&] { patient_->corvala().Carica(none); }},
+        {"tblFiles", [&] { patient_->Files().Lista(); }, [&] { patient_->Files().Carica(none); }},
+        {"tblEventi", [&] { patient_->Eventi().Lista(); }, [&] { patient_->Eventi().Carica(none); }},
+        {"tblAppunti", [&] { patient_->Appunti().Lista(); }, [&] { patient_->Appunti().Carica(none); }},
+        {"tblVisite", [&] { patient_->VisiteAmbDom().Lista(); }, [&] { patient_->VisiteAmbDom().Carica(none); }},
+        {"tblScadenze", [&] { patient_->scadenze().Lista(); }, [&] { patient_->scadenze().Carica(none); }},
+        {"tblDati", [&] { data.Lista(none, true); }, [&] { data.Carica(none); }},
+        {"tblUtenti", [&] { users.Lista(); }, [&] { users.byCode(none); }},
+        {"tblPazienti", [&] { sql.OpenRecordset(QStringLiteral("select * from tessara.tblPazienti")); },
+         [&] { patient_->Init(none); }},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.table);
+        const QString table = QLatin1String(c.table);
+        EXPECT_NO_THROW(c.all());
+        EXPECT_NO_THROW(c.one());
+        place_.execute(QStringLiteral("alter table %1 rename to altrove").arg(table));
+        EXPECT_THROW(c.all(), host::HostError);
+        EXPECT_THROW(c.one(), host::HostError);
+        place_.execute(QStringLiteral("alter table altrove rename to %1").arg(table));
+        EXPECT_NO_THROW(c.all());
+    }
 }

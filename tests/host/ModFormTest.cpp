@@ -93,7 +93,8 @@ TEST_F(Geometria, PassesOverNonsenseAndStaysOnTheScreen) {
     CaricaGeometria(form.get());
     EXPECT_TRUE(form->isMinimized());
     const QRect schermo = QGuiApplication::primaryScreen()->availableGeometry();
-    for (const char* testo : {"Left=20000\r\nTop=20000", "Left=-20000\r\nTop=-20000", "Width=30000\r\nHeight=30000"}) {
+    for (const char* testo : {"Left=20000\r\nTop=20000", "Left=-20000\r\nTop=-20000", "Width=30000\r\nHeight=30000",
+                              "Left=40\r\nTop=-40"}) { // the last with its title above the screen
         SCOPED_TRACE(testo);
         ASSERT_TRUE(platform::files::writeAtomically(file(), testo));
         form = finestra();
@@ -196,11 +197,13 @@ TEST(FrmOggetti, RefreshesAtEveryMinuteOfTheSetting) {
     std::optional<int> minuti;
     int refresh = 0;
     bool spentoDurante = false;
+    bool rotto = false;
     frmOggetti* form = nullptr;
     frmOggetti oggetti({[&] { return minuti; },
                         [&] {
                             ++refresh;
                             spentoDurante = !form->findChild<QTimer*>(QStringLiteral("Timer1"))->isActive();
+                            if (rotto) throw std::runtime_error("archivio");
                         }});
     form = &oggetti;
     auto* timer = oggetti.findChild<QTimer*>(QStringLiteral("Timer1"));
@@ -224,11 +227,23 @@ TEST(FrmOggetti, RefreshesAtEveryMinuteOfTheSetting) {
     EXPECT_EQ(refresh, 1);
     tick(1);
     EXPECT_EQ(refresh, 2);
+    minuti = 5;
+    rotto = true;
+    tick(5);
+    EXPECT_EQ(refresh, 3);
+    EXPECT_TRUE(timer->isActive());
+    rotto = false;
+    tick(5);
+    EXPECT_EQ(refresh, 4) << "one that failed is followed by the next";
+    tick(3);
+    minuti = 2;
+    tick(1);
+    EXPECT_EQ(refresh, 5) << "a setting that was lowered under the count";
     minuti.reset();
     tick(20);
     EXPECT_TRUE(timer->isActive()) << "no configuration, nothing happens";
     minuti = 0;
     tick(1);
     EXPECT_FALSE(timer->isActive());
-    EXPECT_EQ(refresh, 2);
+    EXPECT_EQ(refresh, 5);
 }

@@ -60,6 +60,27 @@ TEST_F(PluginTest, StartsOnceAndTakesItsObjectsAwayAtTheEnd) {
     EXPECT_EQ(timer1(), nullptr);
 }
 
+TEST_F(PluginTest, ASecondOneNeitherRevivesTheFirstNorLosesItsObjectsToIt) {
+    avvia();
+    evento("fine");
+    auto secondo = std::make_unique<Plugin>();
+    EXPECT_TRUE(plugin_->terminated()) << "a second one revives it";
+    sRigoTrattamento = QStringLiteral("03");
+    QVariantList args;
+    evento("registrazione", {QVariant()});
+    EXPECT_EQ(oHost, nullptr);
+    secondo->evento(QStringLiteral("listapannelli"), nullptr, args = {QStringList()});
+    EXPECT_EQ(args, QVariantList{QStringList()}) << "it has not begun";
+    secondo->Init(&desk_->host(), QVariant());
+    EXPECT_TRUE(sRigoTrattamento.isEmpty()) << "what the former run left behind";
+    EXPECT_EQ(evento("mainribbonbar.returntab", {false}), QVariantList{false});
+    desk_.reset(); // and the first one with it
+    EXPECT_NE(oHost, nullptr);
+    EXPECT_NE(oViewTrattamenti, nullptr);
+    secondo.reset();
+    EXPECT_EQ(oViewTrattamenti, nullptr);
+}
+
 TEST_F(PluginTest, ARefusedStartIsToldOnceAndLeavesTheDeskWithoutModule) {
     const struct {
         const char* file;

@@ -49,6 +49,15 @@ TEST_F(ArchivioDati, AFolderIsAskedForOnceUntilRefreshOrAnotherFolder) {
     EXPECT_TRUE(archivio_.Lista(cartella).isEmpty()) << "an empty list is a list too, and is kept";
     EXPECT_EQ(archivio_.Lista(cartella + QStringLiteral("/A")).size(), 1);
     EXPECT_EQ(archivio_.Lista(cartella).size(), 1) << "the items of the folders below belong to it";
+    PracticeDatabase& studio = StudioConModulo::archivio_;
+    studio.execute(QStringLiteral("alter table tblDati rename to altrove"));
+    archivio_.Refresh();
+    for (int volta = 0; volta < 2; ++volta)
+        EXPECT_THROW(archivio_.Lista(cartella), host::HostError) << "unread is not none";
+    EXPECT_THROW(archivio_.GetITEM(voce.file), host::HostError);
+    EXPECT_FALSE(archivio_.SetITEM(voce, QStringLiteral("y"))) << "nor is the item taken for a new one";
+    studio.execute(QStringLiteral("alter table altrove rename to tblDati"));
+    EXPECT_EQ(archivio_.Lista(cartella).size(), 1);
     ASSERT_TRUE(archivio_.DelITEM(voce.file));
     EXPECT_EQ(archivio_.Lista(cartella).size(), 1);
     archivio_.Refresh();

@@ -9,8 +9,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <atomic>
+#include <functional>
 #include <gtest/gtest.h>
+#include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -21,8 +25,8 @@ struct Nota : WorkspaceItem {
 /// The smallest record type there can be: its memo is its text.
 class Note : public WorkspaceManager<Nota> {
 public:
-    Note()
-        : WorkspaceManager(u8("NTA")) {}
+    explicit Note(const QString& t1 = u8("NTA"))
+        : WorkspaceManager(t1) {}
     void DeserializzaMEMO(Nota& item, const QString& memo) const override { item.testo = memo; }
 
 protected:
@@ -130,6 +134,49 @@ TEST_F(RecordsTest, NumbersBeyondFourDigitsAndMalformedOnesKeepTheirKnownAnswers
     }
 }
 
+// Another workstation stores the same number between the look at it and the save.
+TEST_F(RecordsTest, ANewRecordTakesTheNextNumberWhenItsOwnIsTakenMeanwhile) {
+    class Plans : public Note {
+    public:
+        Plans()
+            : Note(u8("TRT")) {}
+        std::function<void(const Nota&)> meanwhile;
+
+    protected:
+        QString SerializzaMEMO(const Nota& item) const override {
+            if (meanwhile) meanwhile(item);
+            return item.progressivo;
+        }
+    } plans;
+    Nota item = nota("2025", "0001");
+    ASSERT_TRUE(store("TRT", "2025-0001"));
+    int taken = 0;
+    plans.meanwhile = [&](const Nota& composed) {
+        if (++taken < 4) EXPECT_TRUE(store("TRT", qPrintable(unisciIdrif1(composed))));
+    };
+    ASSERT_TRUE(plans.SalvaNuovo(item));
+    EXPECT_EQ(item.progressivo, u8("0005"));
+    EXPECT_EQ(plans.Carica(item.ID)->testo, u8("0005")) << "the memo tells the number under which it stands";
+    plans.meanwhile = {};
+    EXPECT_TRUE(plans.Salva(item)) << "its own number is nobody else's";
+    ASSERT_TRUE(store("TRT", "2025-9999"));
+    ASSERT_TRUE(store("TRT", "2025-10000"));
+    Nota last = nota("2025", "9999");
+    EXPECT_FALSE(plans.SalvaNuovo(last)) << "the numbers of the year are used up";
+
+    place_.execute(QStringLiteral("alter table tblWorkspace rename to altrove"));
+    Nota unread = nota("2025", "0001");
+    EXPECT_FALSE(plans.SalvaNuovo(unread));
+    EXPECT_THROW(ProssimoProgressivo(u8("TRT"), u8("2025")), host::HostError);
+    EXPECT_THROW(plans.Carica(item.ID), host::HostError);
+    for (int again = 0; again < 2; ++again)
+        EXPECT_THROW(plans.Lista(), host::HostError) << "unread is not none, and is not kept";
+    place_.execute(QStringLiteral("alter table altrove rename to tblWorkspace"));
+    EXPECT_EQ(plans.Lista().size(), 7U);
+    item.guasto = u8("non letto per intero");
+    EXPECT_FALSE(plans.Salva(item)) << "what was not read whole is never written over";
+}
+
 TEST_F(RecordsTest, ARecordComesBackAsItWasSaved) {
     Note note;
     Nota item = nota("2025", "0004");
@@ -217,7 +264,9 @@ TEST_F(RecordsTest, ALockIsAFileThatOnlyItsRemovalEnds) {
     platform::setClock(QDateTime(QDate(2025, 3, 9), QTime(8, 5, 7)));
     EXPECT_FALSE(EsisteLock(u8("Trattamento"), u8("7F3A")));
     EXPECT_TRUE(RimuoviLock(u8("Trattamento"), u8("7F3A"))); // Nothing there to remove.
-    CreaLock(u8("Trattamento"), u8("7F3A"));
+    EXPECT_TRUE(CreaLock(u8("Trattamento"), u8("7F3A")));
+    platform::setClock(QDateTime(QDate(2026, 3, 9), QTime(8, 5, 7)));
+    EXPECT_FALSE(CreaLock(u8("Trattamento"), u8("7F3A"))) << "it is somebody else's";
     platform::releaseClock();
     EXPECT_EQ(platform::files::read(path("DB/7F3A-Trattamento.lck")), QByteArray("09/03/2025 08:05:07"));
     EXPECT_TRUE(EsisteLock(u8("Trattamento"), u8("7F3A"))); // Age plays no part.
@@ -226,8 +275,27 @@ TEST_F(RecordsTest, ALockIsAFileThatOnlyItsRemovalEnds) {
     EXPECT_FALSE(EsisteLock(u8("Trattamento"), u8("7F3A")));
 
     ASSERT_TRUE(QDir(path("DB")).removeRecursively());
-    CreaLock(u8("Trattamento"), u8("7F3A")); // The shared folder is away: the work goes on without a lock.
+    EXPECT_TRUE(CreaLock(u8("Trattamento"), u8("7F3A"))); // The shared folder is away: the work goes on without a lock.
     EXPECT_FALSE(EsisteLock(u8("Trattamento"), u8("7F3A")));
+}
+
+TEST_F(RecordsTest, OfManyWhoOpenOneRecordInTheSameInstantOneGetsTheLock) {
+    for (int round = 0; round < 200; ++round) {
+        const QString id = QString::number(round);
+        std::atomic<int> ready = 0;
+        std::atomic<int> got = 0;
+        std::vector<std::thread> desks;
+        for (int i = 0; i < 4; ++i) {
+            desks.emplace_back([&] {
+                for (++ready; ready < 4;)
+                    ;
+                if (CreaLock(u8("Fattura"), id)) ++got;
+            });
+        }
+        for (std::thread& desk : desks)
+            desk.join();
+        ASSERT_EQ(got, 1) << round;
+    }
 }
 
 TEST_F(RecordsTest, TheToolRemovesAllLocksButHiddenOnes) {

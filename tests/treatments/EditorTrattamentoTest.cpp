@@ -80,7 +80,13 @@ TEST_F(Editor, NamesWhatKeepsThePlanFromBeingSaved) {
         {" ", "1", "Attenzione! Anno di riferimento mancante", 0},
         {"2026", " ", "Attenzione! Progressivo mancante", 1},
         {"20AB", "1", "Attenzione! Anno di riferimento errato!", 0},
+        {"26", "1", "Attenzione! Anno di riferimento errato!", 0},
+        {"12026", "1", "Attenzione! Anno di riferimento errato!", 0},
         {"2026", "12A", "Attenzione! Progressivo di riferimento errato!", 1},
+        {"2026", "0", "Attenzione! Progressivo di riferimento errato!", 1},
+        {"2026", "-3", "Attenzione! Progressivo di riferimento errato!", 1},
+        {"2026", "1,5", "Attenzione! Progressivo di riferimento errato!", 1},
+        {"2026", "99999", "Attenzione! Progressivo di riferimento errato!", 1},
     };
     apri(QString());
     for (const Caso& caso : casi) {
@@ -99,6 +105,18 @@ TEST_F(Editor, NamesWhatKeepsThePlanFromBeingSaved) {
     dato(1)->setText(QStringLiteral("12"));
     conferma();
     EXPECT_TRUE(riga(QStringLiteral("2026-0012"))); // a plan without rows or description is a plan
+
+    // Numbers that earlier versions let through, and doubled ones, are no reason to refuse what is stored already.
+    for (const char* numero : {"99999", "0", "0012"}) {
+        SCOPED_TRACE(numero);
+        const QString id = salvato(QStringLiteral("2025"), QLatin1String(numero)).ID;
+        archivio_.execute(QStringLiteral("update tblWorkspace set idrif1 = '2026-0012' where idrif1 = '2025-0012'"));
+        apri(id);
+        dato(2)->setText(QStringLiteral("Corretto"));
+        conferma();
+        EXPECT_FALSE(finestra_->isVisible());
+        EXPECT_EQ(trattamenti().Carica(id)->descrizione, QStringLiteral("Corretto"));
+    }
 }
 
 TEST_F(Editor, TakesTheNextNumberWhenItsOwnWasTakenMeanwhile) {

@@ -237,6 +237,20 @@ TEST_F(Elenchi, RunsTheCommandsOfThePanel) {
     EXPECT_FALSE(riga(QStringLiteral("2026-0041")));
 }
 
+TEST_F(Elenchi, ThePanelShowsWhatWasConfirmedBehindItsDoubleClick) {
+    salvato(QStringLiteral("2026"), QStringLiteral("0041"));
+    auto* grid = desk_->window()->findChild<ReportGrid*>(QStringLiteral("pannello(Corvala: Lista Trattamenti)"));
+    ASSERT_NE(grid, nullptr);
+    vista().refreshGrid(grid, QString());
+    ASSERT_EQ(grid->rowCount(), 1);
+    const FinestraModale attesa("frmEditTrattamento", [](QWidget& editor) {
+        editor.findChild<QLineEdit*>(QStringLiteral("tbDati(2)"))->setText(QStringLiteral("Corretto"));
+        QTest::mouseClick(editor.findChild<QPushButton*>(QStringLiteral("cbConferma")), Qt::LeftButton);
+    });
+    emit grid->rowDoubleClicked(grid->rowRecord(0), PROGRESSIVO);
+    EXPECT_EQ(grid->rowRecord(0)->cell(DESCRIZIONE).value, QStringLiteral("Corretto"));
+}
+
 TEST_F(Elenchi, OpensThePlanWithWorkGoingOnFromTheRibbon) {
     EXPECT_FALSE(desk_->pressCommand(QStringLiteral("CRVL0303"))) << "without a plan the command is off";
     {

@@ -1,11 +1,19 @@
 // What can go wrong under the editor of a plan: bad records, other workstations, the database.
 #include "EditorDiProva.h"
+#include "FinestraModale.h"
 #include "catalogues/clsServizi.h"
+#include "host/contract/Forms.h"
+#include "platform/FormRegistry.h"
+#include "store/modLock.h"
+#include "treatments/ApriTrattamento.h"
+#include "treatments/ColonneTrattamenti.h"
 #include "treatments/PannelloDenti.h"
 #include "treatments/frmMDITrattamenti.h"
 #include "treatments/modTrattamenti.h"
 
 #include <QApplication>
+#include <QDateEdit>
+#include <memory>
 #include <stdexcept>
 #include <utility>
 
@@ -15,72 +23,214 @@ const QString DOMANDA = QStringLiteral("Attenzione! Salvataggio non a buon fine!
 
 class Guasti : public EditorDiProva {
 protected:
-    void esegui(const QString& sql) {
-        if (!archivio_.onServer()) {
-            QSqlDatabase altra = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("altra"));
-            altra.setDatabaseName(archivio_.path());
-            ASSERT_TRUE(altra.open());
-            QSqlQuery comando(altra);
-            EXPECT_TRUE(comando.exec(sql)) << comando.lastError().text().toStdString();
+    /// While it lives the rows of all records are away, as when the server is.
+    class Away {
+    public:
+        explicit Away(PracticeDatabase& place, const char* table = "tblWorkspace")
+            : place_(place)
+            , table_(QLatin1String(table)) {
+            place_.execute(QStringLiteral("alter table %1 rename to altrove").arg(table_));
         }
-        QSqlDatabase::removeDatabase(QStringLiteral("altra"));
-    }
-    /// A plan whose stored rows bear the same number twice.
-    clsItemTrattamento pianoDoppio(const char* numero) {
-        const clsItemTrattamento item = salvato(QStringLiteral("2026"), QLatin1String(numero));
-        const QString memo =
-            QStringLiteral("<trattamento anno=\"2026\" progressivo=\"%1\" data=\"10/03/2026\"><righi>"
-                           "<rigo progressivo=\"01\" inizioLavori=\"01/02/2026\"/><rigo progressivo=\"01\"/></righi>"
-                           "<descrizione>RG9wcGlv</descrizione></trattamento>")
-                .arg(QLatin1String(numero));
-        QString id = item.ID;
-        EXPECT_TRUE(paziente().corvala().Salva(
-            id, {item.Data, unisciIdrif1(item), item.descrizione, QStringLiteral("TRT"), memo}));
+        ~Away() { place_.execute(QStringLiteral("alter table altrove rename to %1").arg(table_)); }
+        Away(const Away&) = delete;
+        Away& operator=(const Away&) = delete;
+
+    private:
+        PracticeDatabase& place_;
+        QString table_;
+    };
+    void conMemo(const QString& numero, const QString& memo) {
+        archivio_.execute(QStringLiteral("update tblWorkspace set m1 = '%1' where idrif1 = '%2'").arg(memo, numero));
         trattamenti().Refresh();
+    }
+    /// A plan whose stored rows bear the same number twice: one at work, the other finished.
+    clsItemTrattamento pianoDoppio(const char* numero) {
+        clsItemTrattamento item = salvato(QStringLiteral("2026"), QLatin1String(numero));
+        conMemo(unisciIdrif1(item),
+                QStringLiteral("<trattamento anno=\"2026\" progressivo=\"%1\" data=\"10/03/2026\"><righi>"
+                               "<rigo progressivo=\"01\" servizio=\"VISITA\" inizioLavori=\"01/02/2026\"/>"
+                               "<rigo progressivo=\" 01\" servizio=\"CORONA\" inizioLavori=\"01/02/2026\" "
+                               "fineLavori=\"01/03/2026\"/></righi><descrizione>RG9wcGlv</descrizione></trattamento>")
+                    .arg(QLatin1String(numero)));
         return item;
     }
 };
 
+class Ambulatorio : public host::HostForm {
+public:
+    QString Name() const override { return QStringLiteral("frmAmbulatorio"); }
+};
+
+/// A window of the program that fails whenever it is told of a change.
+class FinestraRotta : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit FinestraRotta(const char* nome) {
+        setObjectName(QLatin1String(nome));
+        platform::FormRegistry::add(this);
+    }
+    Q_INVOKABLE void plbRefresh() { throw std::runtime_error("sintesi"); }
+    Q_INVOKABLE void RefreshTrattamenti(const QString&) { throw std::runtime_error("elenco"); }
+};
+
 } // namespace
 
-TEST_F(Guasti, OneBadPlanHidesNoOther) {
+TEST_F(Guasti, OneBadPlanHidesNoOtherAndStandsAlikeInPanelAndList) {
     salvato(QStringLiteral("2026"), QStringLiteral("0001"));
     const clsItemTrattamento doppio = pianoDoppio("0002");
     salvato(QStringLiteral("2026"), QStringLiteral("0003"));
     trattamenti().Refresh();
     ASSERT_EQ(trattamenti().Lista().size(), 3U);
-    const clsItemTrattamento* letto = trattamenti().Lista().find(doppio.ID);
-    ASSERT_NE(letto, nullptr);
-    EXPECT_EQ(letto->descrizione, QStringLiteral("Doppio"));
-    EXPECT_EQ(letto->lavoriaperti, 1);
+    EXPECT_EQ(trattamenti().Lista().find(doppio.ID)->descrizione, QStringLiteral("Doppio"));
     EXPECT_EQ(ContaTrattamentiAperti(), 1);
-    platform::ReportGrid griglia;
-    vista().refreshGrid(&griglia, doppio.ID);
-    EXPECT_EQ(griglia.rowCount(), 3);
-    EXPECT_EQ(griglia.focusedRecord()->tag, doppio.ID);
-    frmMDITrattamenti elenco;
-    EXPECT_EQ(elenco.findChild<platform::ReportGrid*>(QStringLiteral("rcTrattamenti"))->rowCount(), 3);
+    platform::ReportGrid pannello;
+    vista().refreshGrid(&pannello, doppio.ID);
+    EXPECT_EQ(pannello.rowCount(), 3);
+    EXPECT_EQ(pannello.focusedRecord()->tag, doppio.ID);
+    frmMDITrattamenti finestra;
+    auto& elenco = *finestra.findChild<platform::ReportGrid*>(QStringLiteral("rcTrattamenti"));
+    ASSERT_EQ(elenco.rowCount(), 3);
+    for (platform::ReportGrid* griglia : {&pannello, &elenco}) {
+        const platform::ReportCell& stato = griglia->rowRecord(1)->cell(colonnetrattamenti::STATUS);
+        EXPECT_EQ(stato.value, QStringLiteral("1 lavori finiti. Ci sono 1 lavori aperti"));
+        EXPECT_EQ(stato.style().iconIndex, 2);
+    }
     EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
     EXPECT_THROW(trattamenti().Carica(doppio.ID), platform::DuplicateKey);
 }
 
-TEST_F(Guasti, TellsTheDoubledNumberAndLeavesTheRecordAsItWas) {
-    const clsItemTrattamento doppio = pianoDoppio("0002");
-    const QString prima = riga(QStringLiteral("2026-0002"))->m1;
-    apri(doppio.ID);
-    ASSERT_EQ(dialoghi_.messaggi.size(), 1);
-    EXPECT_TRUE(dialoghi_.messaggi[0].startsWith(QStringLiteral("Attenzione! Riscontrati errori in lettura")));
-    EXPECT_TRUE(dialoghi_.messaggi[0].contains(QStringLiteral("01"))) << dialoghi_.messaggi[0].toStdString();
-    EXPECT_FALSE(trova<QPushButton>(QStringLiteral("cbConferma"))->isEnabled());
-    premi(QStringLiteral("cbAnnulla"));
-    EXPECT_FALSE(finestra_->isVisible());
+TEST_F(Guasti, ShowsWhatCanBeReadOfABadPlanAndNeverWritesOverIt) {
+    const QString testa = QStringLiteral("<trattamento anno=\"2026\" progressivo=\"0002\" data=\"05/01/2026\">");
+    const QString rigo = QStringLiteral("<rigo progressivo=\"01\" servizio=\"VISITA\"/>");
+    const QString fine = QStringLiteral("</trattamento>");
+    const struct {
+        const char* guasto;
+        QString memo;
+        int righi; ///< That are shown.
+    } casi[] = {
+        {"empty", QString(), 0},
+        {"cut off", testa + QStringLiteral("<righi>") + rigo, 0},
+        {"no text at all", QStringLiteral("\u0001\u0002"), 0},
+        {"two roots", testa + fine + testa + fine, 0},
+        {"another document", QStringLiteral("<preventivo><righi>%1</righi></preventivo>").arg(rigo), 0},
+        {"rows are missing", testa + fine, 0},
+        {"rows twice", testa + QStringLiteral("<righi>%1</righi><righi>%1</righi>").arg(rigo) + fine, 1},
+        {"a row by another name", testa + QStringLiteral("<righi>%1<rixo/></righi>").arg(rigo) + fine, 1},
+        {"a row in a row", testa + QStringLiteral("<righi><rigo progressivo=\"01\">%1</rigo></righi>").arg(rigo) + fine,
+         1},
+        {"a value by another name", testa + QStringLiteral("<righi><rigo progrexxivo=\"01\"/></righi>") + fine, 1},
+        {"a part by another name", testa + QStringLiteral("<righi>%1</righi><annotaxioni/>").arg(rigo) + fine, 1},
+        {"a number twice", testa + QStringLiteral("<righi>%1%1%1</righi>").arg(rigo) + fine, 3},
+    };
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0002")).ID;
+    for (const auto& caso : casi) {
+        SCOPED_TRACE(caso.guasto);
+        conMemo(QStringLiteral("2026-0002"), caso.memo);
+        const QString prima = riga(QStringLiteral("2026-0002"))->m1;
+        dialoghi_.messaggi.clear();
+        apri(id);
+        ASSERT_EQ(dialoghi_.messaggi.size(), 1);
+        EXPECT_TRUE(dialoghi_.messaggi[0].startsWith(
+            QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!\r\nErrore: ")));
+        EXPECT_FALSE(trova<QPushButton>(QStringLiteral("cbConferma"))->isEnabled());
+        EXPECT_EQ(trova<QPushButton>(QStringLiteral("cbAnnulla"))->text(), QStringLiteral("Chiudi"));
+        EXPECT_EQ(dato(0)->text() + dato(1)->text(), QStringLiteral("20260002"));
+        EXPECT_EQ(righi()->rowCount(), caso.righi);
+        if (caso.righi == 0 && !caso.memo.startsWith(testa + QLatin1String("</")))
+            EXPECT_EQ(trova<QDateEdit>(QStringLiteral("dtpData"))->date(), QDate(2026, 3, 10)) << "of the row";
+        EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), id)) << "nobody is working in it";
+        premi(QStringLiteral("cbAnnulla"));
+        EXPECT_FALSE(finestra_->isVisible());
+        EXPECT_EQ(riga(QStringLiteral("2026-0002"))->m1, prima);
+    }
+    EXPECT_EQ(righi()->rowRecord(2)->cell(rigogriglia::SERVIZIO).value, QStringLiteral("VISITA"));
+    EXPECT_TRUE(dialoghi_.messaggi[0].contains(QStringLiteral("01"))) << "which number it is";
+
     platform::ReportGrid griglia;
-    vista().refreshGrid(&griglia, doppio.ID);
+    vista().refreshGrid(&griglia, id);
+    dialoghi_.rispostaTask.button = QStringLiteral("Si");
     vista().PopupExecute(10079, &griglia); // deletes
-    ASSERT_EQ(dialoghi_.messaggi.size(), 2) << "the panel says nothing";
-    EXPECT_EQ(dialoghi_.messaggi[1], dialoghi_.messaggi[0]);
-    EXPECT_EQ(griglia.rowCount(), 1);
-    EXPECT_EQ(riga(QStringLiteral("2026-0002"))->m1, prima);
+    EXPECT_EQ(griglia.rowCount(), 0);
+    EXPECT_FALSE(riga(QStringLiteral("2026-0002")));
+}
+
+TEST_F(Guasti, OpensReadOnlyWhatCouldNotBeReadAndSaysSo) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0001")).ID;
+    for (const QString& quale : {id, QString()}) {
+        SCOPED_TRACE(qPrintable(quale));
+        dialoghi_.messaggi.clear();
+        {
+            const Away away(archivio_);
+            apri(quale);
+        }
+        ASSERT_FALSE(dialoghi_.messaggi.isEmpty());
+        EXPECT_TRUE(dialoghi_.messaggi[0].startsWith(QStringLiteral("Attenzione! Riscontrati errori in lettura")));
+        EXPECT_FALSE(trova<QPushButton>(QStringLiteral("cbConferma"))->isEnabled());
+        EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), id));
+    }
+    apri(id);
+    EXPECT_EQ(dato(2)->text(), QStringLiteral("Piano 0001"));
+    EXPECT_TRUE(trova<QPushButton>(QStringLiteral("cbConferma"))->isEnabled());
+}
+
+TEST_F(Guasti, KeepsTheDateOfTheRowWhenTheMemoHasNone) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0001")).ID;
+    archivio_.execute(QStringLiteral("update tblWorkspace set Data = '2025-11-22' where idrif1 = '2026-0001'"));
+    for (const char* data : {"", "31/02/2026", "ieri"}) {
+        SCOPED_TRACE(data);
+        conMemo(QStringLiteral("2026-0001"), QStringLiteral("<trattamento anno=\"2026\" progressivo=\"0001\" "
+                                                            "data=\"%1\"><righi/></trattamento>")
+                                                 .arg(QLatin1String(data)));
+        apri(id);
+        EXPECT_EQ(trova<QDateEdit>(QStringLiteral("dtpData"))->date(), QDate(2025, 11, 22));
+        conferma();
+        EXPECT_EQ(riga(QStringLiteral("2026-0001"))->Data.date(), QDate(2025, 11, 22));
+    }
+}
+
+TEST_F(Guasti, AConfirmStandsWhateverFailsAfterIt) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0001")).ID;
+    const FinestraRotta elenco("frmMDITrattamenti");
+    const FinestraRotta sintesi("frmMDISintesi");
+    platform::ReportGrid pannello;
+    vista().refreshGrid(&pannello, id);
+    apri(id);
+    QTest::keyClicks(dato(2), QStringLiteral(" corretto"));
+    conferma();
+    EXPECT_TRUE(dialoghi_.messaggi.isEmpty()) << dialoghi_.messaggi.value(0).toStdString();
+    EXPECT_FALSE(finestra_->isVisible());
+    EXPECT_FALSE(oHost->Framework().DialogCancel());
+    EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), id));
+    EXPECT_EQ(pannello.rowRecord(0)->cell(colonnetrattamenti::DESCRIZIONE).value,
+              QStringLiteral("Piano 0001 corretto"));
+}
+
+TEST_F(Guasti, TheModuleMayEndUnderItsWindows) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0001")).ID;
+    frmMDITrattamenti elenco;
+    elenco.show();
+    auto* griglia = elenco.findChild<platform::ReportGrid*>(QStringLiteral("rcTrattamenti"));
+    QTimer::singleShot(30, [&] {
+        evento("fine");
+        QWidget* editor = QApplication::activeModalWidget();
+        ASSERT_NE(editor, nullptr);
+        QTest::mouseClick(editor->findChild<QWidget*>(QStringLiteral("imTooth(7)")), Qt::RightButton);
+        dialoghi_.risposta = platform::Answer::Yes;
+        editor->findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
+        EXPECT_EQ(dialoghi_.messaggi, QStringList{DOMANDA}) << "nothing can be saved any more";
+        editor->close();
+    });
+    ApriTrattamento(id);
+    ASSERT_EQ(oHost, nullptr);
+    platform::ReportRecord* primo = griglia->rowRecord(0);
+    emit griglia->rowDoubleClicked(primo, 0);
+    emit griglia->rowRightClicked(primo, 0);
+    QTest::mouseClick(elenco.findChild<QPushButton*>(QStringLiteral("cbFiltra")), Qt::LeftButton);
+    EXPECT_EQ(griglia->rowCount(), 0);
+    EXPECT_EQ(griglia->emptyText(), QStringLiteral("Elenco non letto: il modulo non è più attivo"));
+    std::unique_ptr<QObject> altro(vista().EditForm(id));
+    vista().refreshGrid(griglia, id);
 }
 
 TEST_F(Guasti, AsksWhatToDoWithAPlanThatAnotherWorkstationDeleted) {
@@ -95,6 +245,7 @@ TEST_F(Guasti, AsksWhatToDoWithAPlanThatAnotherWorkstationDeleted) {
     EXPECT_TRUE(finestra_->isVisible());
     EXPECT_EQ(dato(2)->text(), QStringLiteral("Piano 0001 corretto"));
     dialoghi_.risposta = platform::Answer::No;
+    oHost->Framework().setDialogCancel(false); // as an editor opened from this one leaves it
     conferma();
     EXPECT_FALSE(finestra_->isVisible());
     EXPECT_TRUE(oHost->Framework().DialogCancel());
@@ -102,7 +253,6 @@ TEST_F(Guasti, AsksWhatToDoWithAPlanThatAnotherWorkstationDeleted) {
 }
 
 TEST_F(Guasti, SavesAtTheSecondTryOnceTheDatabaseIsBack) {
-    if (archivio_.onServer()) GTEST_SKIP() << "renames a table of the file";
     const clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0001"));
     for (const bool nuovo : {false, true}) {
         SCOPED_TRACE(nuovo);
@@ -110,9 +260,10 @@ TEST_F(Guasti, SavesAtTheSecondTryOnceTheDatabaseIsBack) {
         apri(nuovo ? QString() : item.ID);
         QTest::keyClicks(dato(2), QStringLiteral(" corretto"));
         dialoghi_.risposta = platform::Answer::Yes;
-        esegui(QStringLiteral("alter table tblWorkspace rename to altrove"));
-        conferma();
-        esegui(QStringLiteral("alter table altrove rename to tblWorkspace"));
+        {
+            const Away away(archivio_);
+            conferma();
+        }
         ASSERT_FALSE(dialoghi_.messaggi.isEmpty());
         EXPECT_EQ(dialoghi_.messaggi[0], DOMANDA); // the desk may tell of the database on its own after it
         EXPECT_TRUE(finestra_->isVisible());
@@ -125,7 +276,6 @@ TEST_F(Guasti, SavesAtTheSecondTryOnceTheDatabaseIsBack) {
 }
 
 TEST_F(Guasti, ShowsThePlanBehindARowThatCouldNotBeSaved) {
-    if (archivio_.onServer()) GTEST_SKIP() << "renames a table of the file";
     clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0001"));
     item.righi.add(QStringLiteral("01"), {});
     item.righi[0].progressivo = QStringLiteral("01");
@@ -138,9 +288,9 @@ TEST_F(Guasti, ShowsThePlanBehindARowThatCouldNotBeSaved) {
         QWidget* rigo = QApplication::activeModalWidget();
         ASSERT_NE(rigo, nullptr);
         rigo->findChild<QLineEdit*>(QStringLiteral("tbDati(2)"))->setText(QStringLiteral("Non va perso"));
-        esegui(QStringLiteral("alter table tblWorkspace rename to altrove"));
-        QTimer::singleShot(30, [&] {
-            esegui(QStringLiteral("alter table altrove rename to tblWorkspace"));
+        auto away = std::make_shared<Away>(archivio_);
+        QTimer::singleShot(30, [away, &piano]() mutable {
+            away.reset();
             EXPECT_EQ(QApplication::activeModalWidget(), &piano);
             piano.findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
         });
@@ -249,21 +399,59 @@ TEST_F(Guasti, TellsInWhichPhaseTheChartFailedAndGoesOn) {
     EXPECT_EQ(pannello.dente(IndiceDaDente(QStringLiteral("4.6"))).stato, StatoDente::Aperto);
 }
 
-TEST_F(Guasti, TheListOfThePracticeComesBackWithTheDatabase) {
-    if (archivio_.onServer()) GTEST_SKIP() << "renames a table of the file";
-    salvato(QStringLiteral("2026"), QStringLiteral("0001"));
+TEST_F(Guasti, ListsSayThatTheyAreUnreadAndComeBackWithTheDatabase) {
+    const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0001")).ID;
     frmMDITrattamenti elenco;
     elenco.show();
-    const auto* griglia = elenco.findChild<platform::ReportGrid*>(QStringLiteral("rcTrattamenti"));
-    auto* filtra = elenco.findChild<QPushButton*>(QStringLiteral("cbFiltra"));
+    auto* griglia = elenco.findChild<platform::ReportGrid*>(QStringLiteral("rcTrattamenti"));
     for (const char* tabella : {"tblWorkspace", "tblPazienti"}) {
         SCOPED_TRACE(tabella);
         ASSERT_EQ(griglia->rowCount(), 1);
-        esegui(QStringLiteral("alter table %1 rename to altrove").arg(QLatin1String(tabella)));
-        QTest::mouseClick(filtra, Qt::LeftButton);
-        EXPECT_FALSE(elenco.findChild<QWidget*>(QStringLiteral("pbAttesa"))->isVisible());
-        esegui(QStringLiteral("alter table altrove rename to %1").arg(QLatin1String(tabella)));
-        QTest::mouseClick(filtra, Qt::LeftButton);
+        {
+            const Away away(archivio_, tabella);
+            QTest::mouseClick(elenco.findChild<QPushButton*>(QStringLiteral("cbFiltra")), Qt::LeftButton);
+            EXPECT_FALSE(elenco.findChild<QWidget*>(QStringLiteral("pbAttesa"))->isVisible());
+            EXPECT_EQ(griglia->rowCount(), 0);
+            EXPECT_TRUE(griglia->emptyText().startsWith(QStringLiteral("Elenco non letto: ")));
+        }
+        auto* rilettura = elenco.findChild<QTimer*>(QStringLiteral("tmRilettura"));
+        EXPECT_TRUE(rilettura->isActive());
+        rilettura->start(1);
+        QTest::qWait(20);
         EXPECT_EQ(griglia->rowCount(), 1);
+        EXPECT_FALSE(rilettura->isActive());
+        EXPECT_EQ(griglia->emptyText(), QStringLiteral("Non ci sono dati da visualizzare"));
     }
+    platform::ReportGrid pannello;
+    {
+        const Away away(archivio_);
+        trattamenti().Refresh();
+        vista().refreshGrid(&pannello, id);
+        EXPECT_TRUE(pannello.emptyText().startsWith(QStringLiteral("Elenco non letto: ")));
+        EXPECT_THROW(trattamenti().Lista(), host::HostError);
+        Ambulatorio ambulatorio;
+        evento("form.load", {QVariant::fromValue<host::HostForm*>(&ambulatorio)});
+        dialoghi_.messaggi.clear();
+        for (const bool unica : {true, false}) {
+            oConfig->setUnicaSchedaTrattamento(unica);
+            EXPECT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0303"))) << "opens nothing, and is not off either";
+        }
+        EXPECT_EQ(dialoghi_.messaggi.filter(QStringLiteral("Attenzione! Elenco dei trattamenti non letto!")).size(), 2);
+    }
+    vista().RefreshPannello();
+    EXPECT_EQ(pannello.rowCount(), 1);
 }
+
+TEST_F(Guasti, TheSingleSheetReadsAnewBeforeItDecides) {
+    oConfig->setUnicaSchedaTrattamento(true);
+    Ambulatorio ambulatorio;
+    evento("form.load", {QVariant::fromValue<host::HostForm*>(&ambulatorio)});
+    EXPECT_TRUE(trattamenti().Lista().empty());
+    salvato(QStringLiteral("2026"), QStringLiteral("0041")); // as another workstation does, behind the list
+    const FinestraModale attesa("frmEditTrattamento", [](QWidget& editor) {
+        EXPECT_EQ(editor.findChild<QLineEdit*>(QStringLiteral("tbDati(1)"))->text(), QStringLiteral("0041"));
+    });
+    EXPECT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0303")));
+}
+
+#include "GuastiTrattamentoTest.moc"

@@ -50,12 +50,10 @@ private:
 /// playing a script. In a script "segni/" stands for the folder of the signs.
 class Workstation {
 public:
-    Workstation(const SharedFolder& shared, const QString& database, const char* scriptName) {
+    Workstation(const SharedFolder& shared, const QString& database, const char* scriptName)
+        : Workstation(shared, database, scriptOf(scriptName)) {}
+    Workstation(const SharedFolder& shared, const QString& database, QString script) {
         prepareConfig(shared);
-        const auto written =
-            platform::files::read(places::tests("/workstations/%1.txt").arg(QLatin1String(scriptName)));
-        EXPECT_TRUE(written) << scriptName;
-        QString script = QString::fromUtf8(written.value_or(QByteArray()));
         script.replace(QLatin1String("segni/"), shared.path("segni/"));
         QFile file(folder_.filePath(QStringLiteral("lavoro.txt")));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
@@ -71,6 +69,12 @@ public:
                         folder_.filePath(QStringLiteral("config")), QStringLiteral("--scenario"), file.fileName(),
                         QStringLiteral("--out"), folder_.filePath(QStringLiteral("out"))});
         EXPECT_TRUE(program_.waitForStarted());
+    }
+
+    static QString scriptOf(const char* name) {
+        const auto written = platform::files::read(places::tests("/workstations/%1.txt").arg(QLatin1String(name)));
+        EXPECT_TRUE(written) << name;
+        return QString::fromUtf8(written.value_or(QByteArray()));
     }
 
     /// Waits for the end of the script; what went wrong, else nothing.

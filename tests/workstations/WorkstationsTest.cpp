@@ -4,6 +4,9 @@
 #include "desk/data/DemoPractice.h"
 #include "support/PracticeDatabase.h"
 
+#include <QSet>
+#include <vector>
+
 /// Two desks on the demonstration practice, with one folder for the locks.
 class WorkstationsTest : public testing::Test {
 protected:
@@ -38,6 +41,37 @@ TEST_F(WorkstationsTest, ANumberTakenMeanwhileBecomesTheNextAndBothPlansAreSeen)
     EXPECT_EQ(plansOf2026(), QStringList({QStringLiteral("2026-0001 Arcata inferiore"),
                                           QStringLiteral("2026-0002 Arcata superiore")}));
     EXPECT_EQ(shared_.locks(), QStringList());
+}
+
+TEST_F(WorkstationsTest, SixDesksThatSaveInTheSameSecondDoubleNoNumber) {
+    constexpr int DESKS = 6;
+    constexpr int PLANS = 15;
+    const QString plan = QStringLiteral("press CRVL0302\nwindow frmEditTrattamento\ntype tbDati(2) \"Piano %1\"\n"
+                                        "click cbConferma\nexpect-closed frmEditTrattamento\n");
+    std::vector<std::unique_ptr<Workstation>> desks;
+    for (int desk = 1; desk <= DESKS; ++desk) {
+        const QString ready = QStringLiteral("pronta-%1").arg(desk);
+        QString script = QStringLiteral("clock 2026-03-02T09:30:00\npatient RSSMRA80A01H501U\n"
+                                        "window frmAmbulatorio\ntouch segni/%1\nwait-file segni/via\n")
+                             .arg(ready);
+        for (int i = 1; i <= PLANS; ++i)
+            script += plan.arg(desk * 100 + i);
+        desks.push_back(std::make_unique<Workstation>(shared_, place_.url(), script));
+        ASSERT_TRUE(shared_.waitForSign(qPrintable(ready))) << desks.back()->output().toStdString();
+    }
+    shared_.sign("via");
+    for (const auto& desk : desks)
+        EXPECT_EQ(desk->fault(), "");
+    QSet<QString> numbers;
+    QSet<QString> descriptions;
+    const QStringList plans = plansOf2026();
+    for (const QString& stored : plans) {
+        numbers << stored.section(QLatin1Char(' '), 0, 0);
+        descriptions << stored.section(QLatin1Char(' '), 1);
+    }
+    EXPECT_EQ(plans.size(), DESKS * PLANS);
+    EXPECT_EQ(numbers.size(), plans.size()) << "doubled numbers";
+    EXPECT_EQ(descriptions.size(), plans.size()) << "plans stored twice";
 }
 
 TEST_F(WorkstationsTest, APlanInUseOpensReadOnlyAndClosingItLeavesTheLockOfTheFirst) {

@@ -135,10 +135,10 @@ void FreeDataWindow::renameFolder() {
 void FreeDataWindow::removeFolder() {
     const QString folder = chosenFolder();
     const QPointer<FreeDataWindow> alive(this);
-    services_.database.takeFailure();
-    const qsizetype count = archive_.Lista(folder, true).size();
-    const QString unread = services_.database.takeFailure();
+    qsizetype count = 0;
+    const QString unread = guarded([&] { count = archive_.Lista(folder, true).size(); });
     if (!unread.isEmpty()) return tell(unread);
+    services_.database.takeFailure();
     const QString items =
         count == 1 ? QStringLiteral("il dato che contiene") : QStringLiteral("i %1 dati che contiene").arg(count);
     const auto answer = platform::dialogs().message(

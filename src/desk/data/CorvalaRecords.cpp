@@ -28,30 +28,22 @@ CorvalaRecords::CorvalaRecords(const PatientScope& scope)
 }
 
 QList<host::RigaCorvala> CorvalaRecords::Lista() {
-    try {
-        // A patient who opens is asked for the same rows by list after list.
-        database_.noticeOthers();
-        if (listed_ != database_.generation()) {
-            listed_ = 0;
-            list_.clear();
-            for (Query query = table_.rows(QStringLiteral("Data, idrif1, ID")); query.next();)
-                list_ << rowOf(query);
-            listed_ = database_.generation();
-        }
-        return list_;
-    } catch (const DatabaseError&) {
-        return {};
+    // A patient who opens is asked for the same rows by list after list.
+    database_.noticeOthers();
+    if (listed_ != database_.generation()) {
+        listed_ = 0;
+        list_.clear();
+        for (Query query = table_.rows(QStringLiteral("Data, idrif1, ID")); query.next();)
+            list_ << rowOf(query);
+        listed_ = database_.generation();
     }
+    return list_;
 }
 
 std::optional<host::RigaCorvala> CorvalaRecords::Carica(const QString& id) {
-    try {
-        Query query = table_.row(id);
-        if (!query.next()) return std::nullopt;
-        return rowOf(query);
-    } catch (const DatabaseError&) {
-        return std::nullopt;
-    }
+    Query query = table_.row(id);
+    if (!query.next()) return std::nullopt;
+    return rowOf(query);
 }
 
 bool CorvalaRecords::Salva(QString& id, const host::DatiCorvala& dati) {

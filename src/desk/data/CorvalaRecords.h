@@ -5,9 +5,9 @@
 
 namespace desk {
 
-/// The module's rows of `tblWorkspace` under one patient. Every failure of the database answers false or nothing. The
-/// list is kept until something is written, here or by another workstation. A new numbered document never takes a
-/// number that another one has, whichever workstation stored it; doubled numbers of former years stay.
+/// The module's rows of `tblWorkspace` under one patient. Reading throws DatabaseError, writing answers false. The list
+/// is kept until something is written, here or by another workstation. A new numbered document never takes a number
+/// that another one has, whichever workstation stored it; doubled numbers of former years stay.
 class CorvalaRecords : public host::Corvala {
 public:
     static constexpr int tiporecord = 906; ///< Marks the rows of this module among all others in the table.

@@ -8,14 +8,10 @@
 namespace desk {
 
 std::unique_ptr<host::Recordset> DatabaseService::OpenRecordset(const QString& sql) {
-    try {
-        database_.noticeOthers();
-        Query query = database_.runText(sql);
-        if (!query.statement().isSelect()) return nullptr;
-        return std::make_unique<MemoryRecordset>(query);
-    } catch (const DatabaseError&) {
-        return nullptr;
-    }
+    database_.noticeOthers();
+    Query query = database_.runText(sql);
+    if (!query.statement().isSelect()) return nullptr;
+    return std::make_unique<MemoryRecordset>(query);
 }
 
 void DatabaseService::Execute(const QString& sql) {

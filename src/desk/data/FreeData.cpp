@@ -20,33 +20,25 @@ QString selectItems() {
 } // namespace
 
 QList<host::ItemDati> FreeData::Lista(const QString& cartella, bool sottocartelle) {
-    try {
-        QString condition = QStringLiteral(" where Cartella = ?");
-        QVariantList values{cartella};
-        if (sottocartelle) {
-            condition += QStringLiteral(" or substr(Cartella, 1, length(?)) = ?");
-            const QString below = cartella + QLatin1Char('/');
-            values << below << below;
-        }
-        QList<host::ItemDati> list;
-        for (Query query = database_.run(
-                 selectItems() + condition + QStringLiteral(" order by Cartella, descrizione, ID"), values);
-             query.next();)
-            list << itemOf(query);
-        return list;
-    } catch (const DatabaseError&) {
-        return {};
+    QString condition = QStringLiteral(" where Cartella = ?");
+    QVariantList values{cartella};
+    if (sottocartelle) {
+        condition += QStringLiteral(" or substr(Cartella, 1, length(?)) = ?");
+        const QString below = cartella + QLatin1Char('/');
+        values << below << below;
     }
+    QList<host::ItemDati> list;
+    for (Query query =
+             database_.run(selectItems() + condition + QStringLiteral(" order by Cartella, descrizione, ID"), values);
+         query.next();)
+        list << itemOf(query);
+    return list;
 }
 
 std::optional<host::ItemDati> FreeData::Carica(const QString& id) {
-    try {
-        Query query = database_.run(selectItems() + QStringLiteral(" where ID = ?"), {id});
-        if (!query.next()) return std::nullopt;
-        return itemOf(query);
-    } catch (const DatabaseError&) {
-        return std::nullopt;
-    }
+    Query query = database_.run(selectItems() + QStringLiteral(" where ID = ?"), {id});
+    if (!query.next()) return std::nullopt;
+    return itemOf(query);
 }
 
 bool FreeData::Salva(host::ItemDati& item, bool sovrascrivi) {

@@ -9,8 +9,8 @@ namespace desk {
 
 class Database;
 
-/// The archive of free data, in `tblDati`. Folder names ignore case. Borrows the database; failures answer false or
-/// nothing.
+/// The archive of free data, in `tblDati`. Folder names ignore case. Borrows the database; reading throws
+/// DatabaseError, writing answers false.
 class FreeData : public host::Dati {
 public:
     FreeData(Database& database, QString sign)
@@ -25,7 +25,7 @@ public:
 
     /// Whether a text can be a folder: levels divided by "/", none of them empty.
     static bool isFolderName(const QString& folder);
-    QStringList folders(); ///< Those that hold an item, sorted. Throws DatabaseError.
+    QStringList folders(); ///< Those that hold an item, sorted.
     /// All that is in a folder and below it, moved or deleted in one step; false when there is nothing.
     bool moveFolder(const QString& from, const QString& to);
     bool removeFolder(const QString& folder);

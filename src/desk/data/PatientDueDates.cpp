@@ -25,24 +25,16 @@ QObject* PatientDueDates::EditForm(const QString& id) {
 }
 
 QList<Scadenza> PatientDueDates::Lista() {
-    try {
-        QList<Scadenza> list;
-        for (Query query = table_.rows(QStringLiteral("Data, ID")); query.next();)
-            list << dueDateOf(query);
-        return list;
-    } catch (const DatabaseError&) {
-        return {};
-    }
+    QList<Scadenza> list;
+    for (Query query = table_.rows(QStringLiteral("Data, ID")); query.next();)
+        list << dueDateOf(query);
+    return list;
 }
 
 std::optional<Scadenza> PatientDueDates::Carica(const QString& id) {
-    try {
-        Query query = table_.row(id);
-        if (!query.next()) return std::nullopt;
-        return dueDateOf(query);
-    } catch (const DatabaseError&) {
-        return std::nullopt;
-    }
+    Query query = table_.row(id);
+    if (!query.next()) return std::nullopt;
+    return dueDateOf(query);
 }
 
 bool PatientDueDates::Salva(Scadenza& scadenza) {

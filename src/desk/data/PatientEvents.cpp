@@ -19,24 +19,16 @@ PatientEvents::PatientEvents(const PatientScope& scope)
              {QStringLiteral("Data"), QStringLiteral("descrizione"), QStringLiteral("idfiles")}) {}
 
 QList<host::Evento> PatientEvents::Lista() {
-    try {
-        QList<host::Evento> list;
-        for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
-            list << eventOf(query);
-        return list;
-    } catch (const DatabaseError&) {
-        return {};
-    }
+    QList<host::Evento> list;
+    for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
+        list << eventOf(query);
+    return list;
 }
 
 std::optional<host::Evento> PatientEvents::Carica(const QString& id) {
-    try {
-        Query query = table_.row(id);
-        if (!query.next()) return std::nullopt;
-        return eventOf(query);
-    } catch (const DatabaseError&) {
-        return std::nullopt;
-    }
+    Query query = table_.row(id);
+    if (!query.next()) return std::nullopt;
+    return eventOf(query);
 }
 
 bool PatientEvents::Salva(host::Evento& evento) {

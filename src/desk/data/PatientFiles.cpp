@@ -43,24 +43,16 @@ PatientFiles::PatientFiles(const PatientScope& scope)
                  QStringLiteral("contenuto")}) {}
 
 QList<host::VoceFile> PatientFiles::Lista() {
-    try {
-        QList<host::VoceFile> list;
-        for (Query query = table_.rows(QStringLiteral("Data, ID")); query.next();)
-            list << fileOf(query);
-        return list;
-    } catch (const DatabaseError&) {
-        return {};
-    }
+    QList<host::VoceFile> list;
+    for (Query query = table_.rows(QStringLiteral("Data, ID")); query.next();)
+        list << fileOf(query);
+    return list;
 }
 
 std::optional<host::VoceFile> PatientFiles::Carica(const QString& id) {
-    try {
-        Query query = table_.row(id);
-        if (!query.next()) return std::nullopt;
-        return fileOf(query);
-    } catch (const DatabaseError&) {
-        return std::nullopt;
-    }
+    Query query = table_.row(id);
+    if (!query.next()) return std::nullopt;
+    return fileOf(query);
 }
 
 bool PatientFiles::SalvaFile(QString& id, const QString& descrizione, const QString& path) {
@@ -68,11 +60,11 @@ bool PatientFiles::SalvaFile(QString& id, const QString& descrizione, const QStr
     if (!QFileInfo(source).isFile() || source.size() > largest || !source.open(QIODevice::ReadOnly)) return false;
     // A picture that was edited keeps the date on which it was taken in.
     QDateTime date = platform::now();
-    if (!id.isEmpty()) {
-        if (const auto known = Carica(id)) date = known->Data;
-    }
     QString saved = id;
     try {
+        if (!id.isEmpty()) {
+            if (const auto known = Carica(id)) date = known->Data;
+        }
         Transaction transaction(scope_.database);
         const QByteArray first = source.read(PART);
         const QString name = QFileInfo(source).fileName();
@@ -102,9 +94,13 @@ bool PatientFiles::storeContent(const QString& id, QFile& source) {
 }
 
 bool PatientFiles::describe(const QString& id, const QString& descrizione) {
-    const auto known = Carica(id);
-    QString same = id;
-    return known && table_.save(same, {descrizione, storedMoment(known->Data), known->file});
+    try {
+        const auto known = Carica(id);
+        QString same = id;
+        return known && table_.save(same, {descrizione, storedMoment(known->Data), known->file});
+    } catch (const DatabaseError&) {
+        return false;
+    }
 }
 
 QHash<QString, qint64> PatientFiles::sizes() {

@@ -19,24 +19,16 @@ PatientNotes::PatientNotes(const PatientScope& scope)
              {QStringLiteral("Data"), QStringLiteral("b1"), QStringLiteral("b2"), QStringLiteral("m1")}) {}
 
 QList<host::Appunto> PatientNotes::Lista() {
-    try {
-        QList<host::Appunto> list;
-        for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
-            list << noteOf(query);
-        return list;
-    } catch (const DatabaseError&) {
-        return {};
-    }
+    QList<host::Appunto> list;
+    for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
+        list << noteOf(query);
+    return list;
 }
 
 std::optional<host::Appunto> PatientNotes::Carica(const QString& id) {
-    try {
-        Query query = table_.row(id);
-        if (!query.next()) return std::nullopt;
-        return noteOf(query);
-    } catch (const DatabaseError&) {
-        return std::nullopt;
-    }
+    Query query = table_.row(id);
+    if (!query.next()) return std::nullopt;
+    return noteOf(query);
 }
 
 bool PatientNotes::Salva(host::Appunto& appunto) {

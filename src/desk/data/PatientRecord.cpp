@@ -38,14 +38,10 @@ PatientRecord::PatientRecord(Database& database, QString sign, const PatientHook
 PatientRecord::~PatientRecord() = default;
 
 bool PatientRecord::Init(const QString& id) {
-    try {
-        const PatientCache::Entry* found = database_.patients().find(id);
-        if (!found) return false;
-        data_ = *found;
-        return true;
-    } catch (const DatabaseError&) {
-        return false;
-    }
+    const PatientCache::Entry* found = database_.patients().find(id);
+    if (!found) return false;
+    data_ = *found;
+    return true;
 }
 
 QString PatientRecord::idschema() const {

@@ -18,14 +18,10 @@ PatientVisits::PatientVisits(const PatientScope& scope)
     , table_(scope, QStringLiteral("tblVisite"), {QStringLiteral("Data"), QStringLiteral("descrizione")}) {}
 
 QList<host::Visita> PatientVisits::Lista() {
-    try {
-        QList<host::Visita> list;
-        for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
-            list << visitOf(query);
-        return list;
-    } catch (const DatabaseError&) {
-        return {};
-    }
+    QList<host::Visita> list;
+    for (Query query = table_.rows(QStringLiteral("Data desc, ID")); query.next();)
+        list << visitOf(query);
+    return list;
 }
 
 QObject* PatientVisits::EditForm(const QString& id) {
@@ -34,13 +30,9 @@ QObject* PatientVisits::EditForm(const QString& id) {
 }
 
 std::optional<host::Visita> PatientVisits::Carica(const QString& id) {
-    try {
-        Query query = table_.row(id);
-        if (!query.next()) return std::nullopt;
-        return visitOf(query);
-    } catch (const DatabaseError&) {
-        return std::nullopt;
-    }
+    Query query = table_.row(id);
+    if (!query.next()) return std::nullopt;
+    return visitOf(query);
 }
 
 bool PatientVisits::Salva(host::Visita& visita) {

@@ -36,7 +36,7 @@ const QList<ShippedReport>& ReportLayouts::shipped() {
 }
 
 void ReportLayouts::provide() {
-    if (std::exchange(provided_, true)) return;
+    if (provided_) return;
     for (const ShippedReport& one : shipped()) {
         if (archive_.Carica(one.id)) continue;
         host::ItemDati item = archive_.GetEmptyItem();
@@ -47,6 +47,7 @@ void ReportLayouts::provide() {
         // Another workstation may be doing the same: then its item stays.
         archive_.Salva(item, false);
     }
+    provided_ = true;
 }
 
 std::optional<ReportLayouts::Found> ReportLayouts::find(const QString& id) {

@@ -24,7 +24,7 @@ struct ShippedReport {
 };
 
 /// The layouts of the reports: those of the practice in its archive of free data, put there at first from those that
-/// come with the program. Borrows the archive; an archive that fails is as if it were empty.
+/// come with the program. Borrows the archive; throws HostError when that cannot be read.
 class ReportLayouts {
 public:
     explicit ReportLayouts(host::Dati& archive)

@@ -5,6 +5,7 @@
 #include "desk/report/ReportPrinting.h"
 #include "desk/report/frmAnteprima.h"
 #include "desk/report/frmModelli.h"
+#include "host/contract/HostError.h"
 #include "platform/Dialogs.h"
 
 namespace desk {
@@ -30,7 +31,14 @@ void ReportViewer::manage(QWidget* parent) {
 }
 
 std::optional<ReportDocument> ReportViewer::compose(const QString& id, const QMap<QString, QVariant>& variables) {
-    const std::optional<ReportLayouts::Found> found = layouts_.find(id);
+    std::optional<ReportLayouts::Found> found;
+    try {
+        found = layouts_.find(id);
+    } catch (const host::HostError& error) {
+        return composeShipped(
+            id, QStringLiteral("Il modello di stampa non si pu\u00f2 leggere dall'archivio.\n%1").arg(error.text()),
+            variables);
+    }
     if (!found)
         return composeShipped(
             id, QStringLiteral("Il modello di stampa \u201c%1\u201d non \u00e8 nell'archivio.").arg(id), variables);

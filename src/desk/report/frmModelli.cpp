@@ -3,6 +3,7 @@
 #include "desk/report/ReportLayout.h"
 #include "desk/report/ReportLayoutError.h"
 #include "desk/report/ReportLayouts.h"
+#include "host/contract/HostError.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/FormLayout.h"
@@ -96,7 +97,13 @@ void frmModelli::buildButtons() {
     const auto make = [this](const char* name, const QString& caption, void (frmModelli::*action)()) {
         QPushButton* made = button(QLatin1String(name), caption, this);
         made->setAutoDefault(false);
-        connect(made, &QPushButton::clicked, this, action);
+        connect(made, &QPushButton::clicked, this, [this, action] {
+            try {
+                (this->*action)();
+            } catch (const host::HostError& error) {
+                tell(error.text(), platform::MB_WARNING);
+            }
+        });
         return made;
     };
     cbEsporta_ = make("cbEsporta", QStringLiteral("&Esporta\u2026"), &frmModelli::exportChosen);
@@ -113,10 +120,11 @@ void frmModelli::buildButtons() {
 }
 
 void frmModelli::fill(const QString& idToSelect) {
+    const QList<host::ItemDati> items = archive_.Lista(QString::fromUtf16(REPORT_FOLDER), true);
     rcModelli_->beginUpdate();
     rcModelli_->clear();
     platform::ReportRecord* selected = nullptr;
-    for (const host::ItemDati& item : archive_.Lista(QString::fromUtf16(REPORT_FOLDER), true)) {
+    for (const host::ItemDati& item : items) {
         platform::ReportRecord* record = rcModelli_->addRecord();
         record->tag = item.ID;
         record->cell(0).value = item.descrizione;
@@ -131,7 +139,12 @@ void frmModelli::fill(const QString& idToSelect) {
 }
 
 void frmModelli::showChoices() {
-    const std::optional<host::ItemDati> item = chosen();
+    std::optional<host::ItemDati> item;
+    try {
+        item = chosen();
+    } catch (const host::HostError&) {
+        // What cannot be read offers nothing; the buttons come back with the next choice.
+    }
     const ShippedReport* shipped = item ? shippedFor(item->ID) : nullptr;
     cbEsporta_->setEnabled(item.has_value());
     cbImporta_->setEnabled(item.has_value());

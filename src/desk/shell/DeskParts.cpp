@@ -166,8 +166,11 @@ void Desk::Parts::showPatient(const PatientData& data) {
     const int own = ++sitting;
     if (module) module->formLoad(desk);
     if (own != sitting) return;
-    std::unique_ptr<PatientRecord> record = practice->newPatient();
-    if (record->Init(data.ID)) desk.fill(std::move(record));
+    const QString why = guarded([&] {
+        std::unique_ptr<PatientRecord> record = practice->newPatient();
+        if (record->Init(data.ID)) desk.fill(std::move(record));
+    });
+    if (!why.isEmpty()) tell(why);
     desk.show();
     window.children().bringForward(&desk);
     desk.focusPanel();

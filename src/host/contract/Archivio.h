@@ -19,12 +19,13 @@ public:
 /// One item of the archive of free data.
 struct ItemDati {
     QString ID;
-    QString Cartella;    ///< Folder, levels divided by "/".
+    QString Cartella; ///< Folder, levels divided by "/".
     QString descrizione;
-    QString file;        ///< The content, as text.
+    QString file; ///< The content, as text.
 };
 
-/// The host's archive of free data: items kept in folders, of no patient.
+/// The host's archive of free data: items kept in folders, of no patient. Reading throws HostError when the host cannot
+/// tell what there is.
 class Dati {
 public:
     virtual ~Dati() = default;
@@ -49,14 +50,15 @@ struct VoceUtente {
 class Utenti {
 public:
     virtual ~Utenti() = default;
-    virtual QList<VoceUtente> Lista() = 0; ///< All that records may name.
+    virtual QList<VoceUtente> Lista() = 0; ///< All that records may name; HostError when unread.
 };
 
 /// The patient search window.
 class Pazienti {
 public:
     virtual ~Pazienti() = default;
-    /// Opens the search on `column` ("Cognome e Nome" or "Codice Fiscale") with `value`; the chosen patient, or nothing.
+    /// Opens the search on `column` ("Cognome e Nome" or "Codice Fiscale") with `value`; the chosen patient, or
+    /// nothing.
     virtual std::unique_ptr<Paziente> Show(const QString& value, const QString& column) = 0;
 };
 

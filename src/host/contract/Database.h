@@ -23,7 +23,7 @@ public:
 class DB {
 public:
     virtual ~DB() = default;
-    /// Nothing when the statement fails.
+    /// Throws HostError when the statement fails; nothing for a statement that gives no rows.
     virtual std::unique_ptr<Recordset> OpenRecordset(const QString& sql) = 0;
     /// Runs one statement in a transaction of its own; throws HostError when it fails.
     virtual void Execute(const QString& sql) = 0;

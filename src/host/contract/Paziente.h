@@ -30,7 +30,8 @@ struct DatiCorvala {
     QString m1;
 };
 
-/// A collection of the patient; the marker that `Paziente::GeneraEvento` takes.
+/// A collection of the patient; the marker that `Paziente::GeneraEvento` takes. An empty `Lista` and a `Carica` of
+/// nothing say that there is none: a host that could not read throws HostError instead.
 class Raccolta {
 public:
     virtual ~Raccolta() = default;
@@ -64,7 +65,7 @@ public:
     virtual bool SalvaFile(QString& id, const QString& descrizione, const QString& path) = 0;
     virtual bool Elimina(const QString& id) = 0;
     virtual void Refresh() = 0;
-    virtual QString EstraiFile(const QString& id) = 0; ///< Path of a temporary copy; empty on failure.
+    virtual QString EstraiFile(const QString& id) = 0; ///< Path of a temporary copy; empty when none can be made.
     virtual void Visualizza(const QString& id) = 0;
 };
 
@@ -127,7 +128,7 @@ struct Medico {
 class Paziente {
 public:
     virtual ~Paziente() = default;
-    virtual bool Init(const QString& id) = 0; ///< False when the patient is not there.
+    virtual bool Init(const QString& id) = 0; ///< False when the patient is not there; HostError when unread.
     virtual QString ID() const = 0;
     virtual QString Cognome() const = 0;
     virtual QString Nome() const = 0;

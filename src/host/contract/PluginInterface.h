@@ -48,5 +48,5 @@ public:
 } // namespace host
 
 /// The number rises with every change of the contract, so that a module of another age is refused when it is loaded.
-#define HOST_PLUGIN_IID "tessara.host.PluginFactory/1"
+#define HOST_PLUGIN_IID "tessara.host.PluginFactory/2"
 Q_DECLARE_INTERFACE(host::PluginFactory, HOST_PLUGIN_IID)
