@@ -62,7 +62,11 @@ public:
     /// As `Salva`, for a new record: under its own number, or under the next free one of its year when another
     /// workstation has taken that meanwhile, which is then in `progressivo`.
     bool SalvaNuovo(Item& item) {
-        if (EsisteProgressivo(t1_, unisciIdrif1(item))) item.progressivo = ProssimoProgressivo(t1_, item.anno);
+        try {
+            if (EsisteProgressivo(t1_, unisciIdrif1(item))) item.progressivo = ProssimoProgressivo(t1_, item.anno);
+        } catch (const host::HostError&) {
+            return false; // nothing is stored under a number of which nobody knows whether it is free
+        }
         while (true) {
             try {
                 return Salva(item);

@@ -152,7 +152,8 @@ TEST_F(RecordsTest, ANewRecordTakesTheNextNumberWhenItsOwnIsTakenMeanwhile) {
     ASSERT_TRUE(store("TRT", "2025-0001"));
     int taken = 0;
     plans.meanwhile = [&](const Nota& composed) {
-        if (++taken < 4) EXPECT_TRUE(store("TRT", qPrintable(unisciIdrif1(composed))));
+        if (++taken > 3) return;
+        EXPECT_TRUE(store("TRT", qPrintable(unisciIdrif1(composed))));
     };
     ASSERT_TRUE(plans.SalvaNuovo(item));
     EXPECT_EQ(item.progressivo, u8("0005"));

@@ -249,6 +249,7 @@ TEST_F(Elenchi, ThePanelShowsWhatWasConfirmedBehindItsDoubleClick) {
     });
     emit grid->rowDoubleClicked(grid->rowRecord(0), PROGRESSIVO);
     EXPECT_EQ(grid->rowRecord(0)->cell(DESCRIZIONE).value, QStringLiteral("Corretto"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the editor, which the desk owns
 }
 
 TEST_F(Elenchi, OpensThePlanWithWorkGoingOnFromTheRibbon) {
