@@ -115,7 +115,7 @@ TEST_F(DeskBackup, AFailedReadIsNoEmptyArchive) {
         other->command(QStringLiteral("alter table tessara.tblWorkspace rename to tblSparita"));
     }
     for (int again = 0; again < 3; ++again)
-        EXPECT_TRUE(desk_->host().paziente()->corvala().Lista().isEmpty());
+        EXPECT_THROW(desk_->host().paziente()->corvala().Lista(), host::HostError);
     QTest::qWait(20);
     ASSERT_EQ(dialogs_.messages.size(), 1) << "once, not for every list";
     EXPECT_TRUE(lastMessage().contains(QStringLiteral("Errore dell'archivio"))) << lastMessage().toStdString();
