@@ -154,8 +154,9 @@ TEST_F(CorvalaRecordsTest, AnswersTheQuestionsOfNumberingAndPeriods) {
     EXPECT_EQ(within("2025-11-22", "2025-11-22"), 3);
     EXPECT_EQ(within("2025-11-23", "2025-12-31"), 0);
     EXPECT_EQ(within("2025-01-01", "2025-11-21"), 0);
-    EXPECT_FALSE(rows(QStringLiteral("select * from tessara.tblAltro")));
-    EXPECT_FALSE(rows(QStringLiteral("delete from tessara.tblVersione; select 1"))) << "one statement at a time";
+    EXPECT_THROW(rows(QStringLiteral("select * from tessara.tblAltro")), host::HostError);
+    EXPECT_THROW(rows(QStringLiteral("delete from tessara.tblVersione; select 1")), host::HostError)
+        << "one statement at a time";
 }
 
 TEST_F(CorvalaRecordsTest, ExecutesOneStatementOrNothing) {

@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTest>
 
-
 namespace {
 
 /// The window of the layouts over the archive of a real practice.

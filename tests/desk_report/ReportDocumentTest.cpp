@@ -6,7 +6,6 @@
 #include <QRegularExpression>
 #include <algorithm>
 
-
 namespace {
 
 const QString& xmlOf(int shipped) {

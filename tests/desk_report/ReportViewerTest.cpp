@@ -17,7 +17,6 @@
 #include <QToolButton>
 #include <QWheelEvent>
 
-
 namespace {
 
 class ReportViewer : public testing::Test {
