@@ -136,7 +136,7 @@ void FreeDataWindow::removeFolder() {
     const QString folder = chosenFolder();
     const QPointer<FreeDataWindow> alive(this);
     qsizetype count = 0;
-    const QString unread = guarded([&] { count = archive_.Lista(folder, true).size(); });
+    const QString unread = platform::guarded([&] { count = archive_.Lista(folder, true).size(); });
     if (!unread.isEmpty()) return tell(unread);
     services_.database.takeFailure();
     const QString items =
