@@ -120,6 +120,23 @@ TEST_F(ScenarioRunnerTest, LetsALineFinishAfterItsFirstModalWindowAndOpenAnother
               (QStringList{QStringLiteral("frmPrimo ok "), QStringLiteral("frmSecondo no "), QStringLiteral("fine")}));
 }
 
+// The program runs on while the key is down that closes a window: the next line must still find that window's answer.
+TEST_F(ScenarioRunnerTest, WaitsForWhatAClosedWindowLedTo) {
+    addEditor(QStringLiteral("Apri"), QStringLiteral("frmEdit"), [this](SampleWindow& window) {
+        const auto button = [&window](const char* name) { return window.findChild<QPushButton*>(QLatin1String(name)); };
+        QObject::connect(button("cbPremuto"), &QPushButton::clicked, &window,
+                         [this] { commands[QStringLiteral("Rigo")](); });
+        QObject::connect(button("cbConferma"), &QPushButton::clicked, &window,
+                         [this] { ended += QStringLiteral("conferma"); });
+    });
+    addEditor(QStringLiteral("Rigo"), QStringLiteral("frmRigo"));
+    const Outcome outcome = play(QStringLiteral("press Apri\nclick cbPremuto\nwindow frmRigo\nkey Escape\n"
+                                                "window frmEdit\nclick cbConferma\nexpect-closed frmEdit"));
+    EXPECT_EQ(outcome.failure, QString());
+    EXPECT_EQ(ended,
+              (QStringList{QStringLiteral("frmRigo no "), QStringLiteral("conferma"), QStringLiteral("frmEdit ok ")}));
+}
+
 TEST_F(ScenarioRunnerTest, CannotReachBehindAModalWindow) {
     SampleWindow behind(QStringLiteral("frmDietro"));
     behind.show();

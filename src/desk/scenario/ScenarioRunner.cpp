@@ -37,6 +37,13 @@ void closeWindow(QWidget* window) {
     if (window->isVisible()) window->hide();
 }
 
+QList<QPointer<QWidget>> modalWindows() {
+    QList<QPointer<QWidget>> modal;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isModal() && window->isVisible()) modal += window;
+    return modal;
+}
+
 /// Lines that only lay something ready, and need no window for it.
 bool laysReady(const ScenarioLine& line) {
     static const QStringList commands{QStringLiteral("answer"), QStringLiteral("popup"), QStringLiteral("file"),
@@ -132,7 +139,8 @@ void ScenarioRunner::step() {
 
 bool ScenarioRunner::isParked(const Frame& frame) const {
     const QWidget* modal = QApplication::activeModalWidget();
-    return modal && modal != frame.modalAtStart && modal->isVisible() &&
+    // One that the line only laid bare again is none that it opened.
+    return modal && !frame.modalAtStart.contains(modal) && modal->isVisible() &&
            QThread::currentThread()->loopLevel() > frame.loopLevel;
 }
 
@@ -154,7 +162,7 @@ void ScenarioRunner::runNextLine() {
     const ScenarioLine& line = lines_[position];
     lastStarted_ = line.number;
     sinceProgress_.start();
-    frames_.push_back({line.number, QThread::currentThread()->loopLevel(), QApplication::activeModalWidget()});
+    frames_.push_back({line.number, QThread::currentThread()->loopLevel(), modalWindows()});
     const ScenarioCommand* command = findScenarioCommand(line.command);
     try {
         command->perform(stage_, line.arguments);

@@ -46,7 +46,7 @@ private:
     struct Frame {
         int line = 0;
         int loopLevel = 0;
-        QPointer<QWidget> modalAtStart;
+        QList<QPointer<QWidget>> modalAtStart; ///< The windows that barred others already.
     };
 
     bool load();
