@@ -26,8 +26,8 @@ public:
     }
     TaskAnswer task(const TaskRequest& request) override { return {QString(), request.checked}; }
     int popup(const QList<MenuEntry>&) override { return -1; }
-    QString openFile(const QString&, const QString&, const QString&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
+    QString openFile(const QString&, const FileKinds&, const QString&) override { return {}; }
+    QString saveFile(const QString&, const FileKinds&, const QString&) override { return {}; }
 };
 
 Dialogs*& installed() {
@@ -39,6 +39,10 @@ Dialogs*& installed() {
 
 PrintAnswer Dialogs::choosePrinter(QPrinter&, const PrintRequest&) {
     return PrintAnswer::Cancel;
+}
+
+FileKind everyFile() {
+    return {QStringLiteral("Tutti i file"), {QStringLiteral("*")}};
 }
 
 Dialogs& dialogs() {

@@ -55,20 +55,10 @@ std::size_t defaultOf(int value) {
     return value & secondIsDefault ? 1 : 0;
 }
 
-/// "Immagini JPG|*.jpg|Tutti i file (*.*)|*.*" as Qt's list of filters.
-QStringList filtersOf(const QString& filter) {
-    static const QRegularExpression patternInCaption(QStringLiteral("\\s*\\([^)]*\\*[^)]*\\)\\s*$"));
-    const QStringList parts = filter.split(QLatin1Char('|'), Qt::SkipEmptyParts);
+QStringList filtersOf(const FileKinds& kinds) {
     QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString caption = parts.at(i);
-        caption.remove(patternInCaption);
-        QStringList patterns = parts.at(i + 1).split(QLatin1Char(';'), Qt::SkipEmptyParts);
-        // Here a file need not have an extension.
-        for (QString& pattern : patterns)
-            pattern = pattern.trimmed() == QLatin1String("*.*") ? QStringLiteral("*") : pattern.trimmed();
-        filters << QStringLiteral("%1 (%2)").arg(caption, patterns.join(QLatin1Char(' ')));
-    }
+    for (const FileKind& kind : kinds)
+        filters << QStringLiteral("%1 (%2)").arg(kind.caption, kind.patterns.join(QLatin1Char(' ')));
     return filters;
 }
 
@@ -77,11 +67,11 @@ QString suffixOf(const QString& filter) {
     return extension.match(filter).captured(1);
 }
 
-void prepare(QFileDialog& dialog, const QString& filter, const QString& accept) {
+void prepare(QFileDialog& dialog, const FileKinds& kinds, const QString& accept) {
     dialog.setObjectName(QStringLiteral("fileDialog"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.resize(780, 480);
-    const QStringList filters = filtersOf(filter);
+    const QStringList filters = filtersOf(kinds);
     if (!filters.isEmpty()) dialog.setNameFilters(filters);
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
     dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Nome file:"));
@@ -138,16 +128,16 @@ int QtDialogs::popup(const QList<MenuEntry>& entries) {
     return chosen ? chosen->data().toInt() : -1;
 }
 
-QString QtDialogs::openFile(const QString& title, const QString& filter, const QString& folder) {
+QString QtDialogs::openFile(const QString& title, const FileKinds& kinds, const QString& folder) {
     QFileDialog dialog(QApplication::activeWindow(), title, folder);
-    prepare(dialog, filter, QStringLiteral("Apri"));
+    prepare(dialog, kinds, QStringLiteral("Apri"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-QString QtDialogs::saveFile(const QString& title, const QString& filter, const QString& proposedName) {
+QString QtDialogs::saveFile(const QString& title, const FileKinds& kinds, const QString& proposedName) {
     QFileDialog dialog(QApplication::activeWindow(), title);
-    prepare(dialog, filter, QStringLiteral("Salva"));
+    prepare(dialog, kinds, QStringLiteral("Salva"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Salva"));
     dialog.setFileMode(QFileDialog::AnyFile);

@@ -10,8 +10,8 @@ public:
     Answer message(const QString& text, int value, const QString& title) override;
     TaskAnswer task(const TaskRequest& request) override;
     int popup(const QList<MenuEntry>& entries) override;
-    QString openFile(const QString& title, const QString& filter, const QString& folder) override;
-    QString saveFile(const QString& title, const QString& filter, const QString& proposedName) override;
+    QString openFile(const QString& title, const FileKinds& kinds, const QString& folder) override;
+    QString saveFile(const QString& title, const FileKinds& kinds, const QString& proposedName) override;
     PrintAnswer choosePrinter(QPrinter& printer, const PrintRequest& request) override;
 };
 

@@ -200,7 +200,7 @@ QWidget* RecordForm::filePath(const FormField& field, QWidget* parent) {
     row->addWidget(browse);
     both->setFocusProxy(path);
     connect(browse, &QPushButton::clicked, this, [this, path] {
-        const QString chosen = dialogs().openFile(windowTitle(), QStringLiteral("Tutti i file|*"), QString());
+        const QString chosen = dialogs().openFile(windowTitle(), {everyFile()}, QString());
         if (!chosen.isEmpty()) path->setText(QDir::toNativeSeparators(chosen));
     });
     return both;

@@ -39,14 +39,21 @@ public:
         if (whileMenuIsOpen) std::exchange(whileMenuIsOpen, {})();
         return static_cast<int>(menu.indexOf(choice));
     }
-    QString openFile(const QString&, const QString&, const QString&) override { return file; }
-    QString saveFile(const QString&, const QString&, const QString&) override { return file; }
+    QString openFile(const QString&, const platform::FileKinds& offered, const QString&) override {
+        kinds = offered;
+        return file;
+    }
+    QString saveFile(const QString&, const platform::FileKinds& offered, const QString&) override {
+        kinds = offered;
+        return file;
+    }
 
     QStringList messages;
     QStringList menu;
     QString choice;
     std::function<void()> whileMenuIsOpen; ///< Once.
     QString file; ///< Chosen in the next file dialogs.
+    platform::FileKinds kinds;
     platform::Answer answer = platform::Answer::Ok;
 
 private:

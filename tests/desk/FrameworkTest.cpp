@@ -89,6 +89,26 @@ TEST_F(DeskFramework, TheMainWindowStaysWhileAChildRefusesToClose) {
     EXPECT_EQ(run_.events, QStringList{QStringLiteral("chiuditutto")});
 }
 
+// A module tells the kinds of files in one text, which nothing else in the program is taken for.
+TEST_F(DeskFramework, KindsOfFilesAreReadFromTheModulesText) {
+    const struct {
+        const char* text;
+        const char* kinds;
+    } cases[] = {
+        {"File EXCEL|*.xls|Tutti i file|*.*", "File EXCEL: *.xls / Tutti i file: *"},
+        {"Immagini (*.jpg)|*.jpg; *.png", "Immagini: *.jpg *.png"},
+        {"Senza maschera", ""},
+        {"", ""},
+    };
+    for (const auto& [text, expected] : cases) {
+        framework().SalvaFile(QStringLiteral("Salva"), QLatin1String(text), QString());
+        QStringList kinds;
+        for (const platform::FileKind& kind : std::as_const(dialogs_.kinds))
+            kinds << kind.caption + QStringLiteral(": ") + kind.patterns.join(QLatin1Char(' '));
+        EXPECT_EQ(kinds.join(QStringLiteral(" / ")), QLatin1String(expected)) << text;
+    }
+}
+
 TEST_F(DeskFramework, PopupCountsThePositionsThatWereGiven) {
     dialogs_.choice = QStringLiteral("Stampa");
     EXPECT_EQ(framework().Popup({QStringLiteral("Nuovo"), QString(), QStringLiteral("Stampa")}), 3);

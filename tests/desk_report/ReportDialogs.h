@@ -18,8 +18,8 @@ public:
     }
     platform::TaskAnswer task(const platform::TaskRequest&) override { return {}; }
     int popup(const QList<platform::MenuEntry>&) override { return -1; }
-    QString openFile(const QString&, const QString&, const QString&) override { return file; }
-    QString saveFile(const QString&, const QString&, const QString& name) override {
+    QString openFile(const QString&, const platform::FileKinds&, const QString&) override { return file; }
+    QString saveFile(const QString&, const platform::FileKinds&, const QString& name) override {
         proposed = name;
         return file;
     }

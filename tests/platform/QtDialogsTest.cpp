@@ -216,7 +216,7 @@ TEST(QtDialogs, FilesAreFilteredAndNoneIsReplacedUnasked) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
     QtDialogs dialogs;
-    const QString filter = u8("Testo|*.txt;*.csv|Tutti i file (*.*)|*.*");
+    const platform::FileKinds filter{{u8("Testo"), {u8("*.txt"), u8("*.csv")}}, platform::everyFile()};
     QStringList filters;
     const auto typeName = [&](const char* name) {
         return [&filters, name](QWidget* window) {

@@ -66,8 +66,8 @@ public:
     }
     platform::TaskAnswer task(const platform::TaskRequest&) override { return {}; }
     int popup(const QList<platform::MenuEntry>&) override { return -1; }
-    QString openFile(const QString&, const QString&, const QString&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
+    QString openFile(const QString&, const platform::FileKinds&, const QString&) override { return {}; }
+    QString saveFile(const QString&, const platform::FileKinds&, const QString&) override { return {}; }
 
     QStringList heard;
 

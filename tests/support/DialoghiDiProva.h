@@ -28,8 +28,8 @@ public:
             menu << entry.caption;
         return static_cast<int>(menu.indexOf(scelta));
     }
-    QString openFile(const QString&, const QString&, const QString&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QString&) override { return {}; }
+    QString openFile(const QString&, const platform::FileKinds&, const QString&) override { return {}; }
+    QString saveFile(const QString&, const platform::FileKinds&, const QString&) override { return {}; }
 
     QStringList messaggi;
     QList<int> valori;

@@ -147,7 +147,7 @@ RowStore<PatientFile> storeOf(const RoomContext& context) {
 platform::RecordForm* addFile(const RoomContext& context, QWidget* parent) {
     PatientFile file;
     file.path = QDir::toNativeSeparators(platform::dialogs().openFile(QString::fromUtf16(NEW_FILE.newTitle),
-                                                                      QStringLiteral("Tutti i file|*"), QString()));
+                                                                      {platform::everyFile()}, QString()));
     if (file.path.isEmpty()) return nullptr;
     file.Descrizione = QFileInfo(file.path).completeBaseName();
     return new KindForm<PatientFile>(NEW_FILE, storeOf(context), file, context, parent);
@@ -183,7 +183,7 @@ void extractFile(const RoomContext& context, const QString& id) {
 void saveFileAs(const RoomContext& context, const QString& id) {
     const PatientFile file = loaded(FILES, storeOf(context), context, id);
     const QString path = platform::dialogs().saveFile(QStringLiteral("Salva con nome"),
-                                                      QStringLiteral("Tutti i file|*"), safeFileName(file.file));
+                                                      {platform::everyFile()}, safeFileName(file.file));
     if (path.isEmpty()) return;
     const platform::WaitCursor wait;
     context.services.database.takeFailure();

@@ -68,7 +68,8 @@ bool printReport(const ReportDocument& document, bool offerPreview) {
 
 void saveReport(const ReportDocument& document) {
     const QString path = platform::dialogs().saveFile(
-        QStringLiteral("Salva come PDF"), QStringLiteral("Documenti PDF|*.pdf|Tutti i file|*.*"), fileNameOf(document));
+        QStringLiteral("Salva come PDF"),
+        {{QStringLiteral("Documenti PDF"), {QStringLiteral("*.pdf")}}, platform::everyFile()}, fileNameOf(document));
     if (path.isEmpty()) return;
     const QByteArray content = document.toPdf();
     if (!content.isEmpty() && platform::files::writeAtomically(path, content)) return;

@@ -25,7 +25,10 @@ using platform::form::named;
 namespace {
 
 const QString TITLE = QStringLiteral("Modelli di stampa");
-const QString FILES = QStringLiteral("Modelli di stampa|*.xml|Tutti i file|*.*");
+
+platform::FileKinds layoutFiles() {
+    return {{TITLE, {QStringLiteral("*.xml")}}, platform::everyFile()};
+}
 
 const ShippedReport* shippedFor(const QString& id) {
     return ReportLayouts::fallback(id, {});
@@ -159,7 +162,7 @@ std::optional<host::ItemDati> frmModelli::chosen() {
 }
 
 std::optional<QString> frmModelli::pickLayout(QString* name) {
-    const QString path = platform::dialogs().openFile(QStringLiteral("Scelta del modello"), FILES, QString());
+    const QString path = platform::dialogs().openFile(QStringLiteral("Scelta del modello"), layoutFiles(), QString());
     if (path.isEmpty()) return std::nullopt;
     const std::optional<QByteArray> content = platform::files::read(path);
     if (!content) {
@@ -188,7 +191,7 @@ void frmModelli::store(host::ItemDati item) {
 void frmModelli::exportChosen() {
     const std::optional<host::ItemDati> item = chosen();
     if (!item) return;
-    const QString path = platform::dialogs().saveFile(QStringLiteral("Esporta modello"), FILES,
+    const QString path = platform::dialogs().saveFile(QStringLiteral("Esporta modello"), layoutFiles(),
                                                       item->descrizione + QStringLiteral(".xml"));
     if (path.isEmpty() || platform::files::writeAtomically(path, item->file.toUtf8())) return;
     tell(QStringLiteral("Il file %1 non si pu\u00f2 scrivere.").arg(QDir::toNativeSeparators(path)),

@@ -168,11 +168,11 @@ int ScenarioDialogs::popup(const QList<platform::MenuEntry>& entries) {
     return -1;
 }
 
-QString ScenarioDialogs::openFile(const QString& title, const QString&, const QString&) {
+QString ScenarioDialogs::openFile(const QString& title, const platform::FileKinds&, const QString&) {
     return nextFile(title);
 }
 
-QString ScenarioDialogs::saveFile(const QString& title, const QString&, const QString&) {
+QString ScenarioDialogs::saveFile(const QString& title, const platform::FileKinds&, const QString&) {
     return nextFile(title);
 }
 

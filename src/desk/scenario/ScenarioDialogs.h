@@ -31,8 +31,8 @@ public:
     platform::Answer message(const QString& text, int value, const QString& title) override;
     platform::TaskAnswer task(const platform::TaskRequest& request) override;
     int popup(const QList<platform::MenuEntry>& entries) override;
-    QString openFile(const QString& title, const QString& filter, const QString& folder) override;
-    QString saveFile(const QString& title, const QString& filter, const QString& proposedName) override;
+    QString openFile(const QString& title, const platform::FileKinds& kinds, const QString& folder) override;
+    QString saveFile(const QString& title, const platform::FileKinds& kinds, const QString& proposedName) override;
     platform::PrintAnswer choosePrinter(QPrinter& printer, const platform::PrintRequest& request) override;
 
 private:

@@ -9,6 +9,7 @@
 #include "platform/Files.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace desk {
 
@@ -20,6 +21,22 @@ QString sharpest(const QString& path) {
     const QString drawing = picture.path() + QLatin1Char('/') + picture.completeBaseName() + QStringLiteral(".svg");
     if (platform::files::exists(drawing)) return platform::files::resolve(drawing);
     return platform::files::exists(path) ? path : QString();
+}
+
+/// A module's "Immagini JPG|*.jpg|Tutti i file (*.*)|*.*".
+platform::FileKinds kindsIn(const QString& filter) {
+    static const QRegularExpression patternInCaption(QStringLiteral("\\s*\\([^)]*\\*[^)]*\\)\\s*$"));
+    const QStringList parts = filter.split(QLatin1Char('|'), Qt::SkipEmptyParts);
+    platform::FileKinds kinds;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        platform::FileKind kind{parts.at(i), parts.at(i + 1).split(QLatin1Char(';'), Qt::SkipEmptyParts)};
+        kind.caption.remove(patternInCaption);
+        // Here a file need not have an extension.
+        for (QString& pattern : kind.patterns)
+            pattern = pattern.trimmed() == QLatin1String("*.*") ? QStringLiteral("*") : pattern.trimmed();
+        kinds << kind;
+    }
+    return kinds;
 }
 
 } // namespace
@@ -79,11 +96,11 @@ int DeskFramework::Popup(const QStringList& items) {
 }
 
 QString DeskFramework::ApriFile(const QString& title, const QString& filter, const QString& folder) {
-    return platform::dialogs().openFile(title, filter, folder);
+    return platform::dialogs().openFile(title, kindsIn(filter), folder);
 }
 
 QString DeskFramework::SalvaFile(const QString& title, const QString& filter, const QString& proposedName) {
-    return platform::dialogs().saveFile(title, filter, proposedName);
+    return platform::dialogs().saveFile(title, kindsIn(filter), proposedName);
 }
 
 void DeskFramework::ReportView(const QString& reportID, bool preview) {
