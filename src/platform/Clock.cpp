@@ -1,5 +1,9 @@
 #include "platform/Clock.h"
 
+#include <QFile>
+#include <chrono>
+#include <ctime>
+
 #include <optional>
 
 namespace platform {
@@ -27,6 +31,20 @@ void setClock(const QDateTime& moment) {
 
 void releaseClock() {
     standing().reset();
+}
+
+qint64 secondsSinceStart() {
+#ifdef CLOCK_BOOTTIME
+    timespec passed{};
+    if (::clock_gettime(CLOCK_BOOTTIME, &passed) == 0) return passed.tv_sec;
+#endif
+    using namespace std::chrono;
+    return duration_cast<seconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+QString nameOfStart() {
+    QFile name(QStringLiteral("/proc/sys/kernel/random/boot_id"));
+    return name.open(QIODevice::ReadOnly) ? QString::fromLatin1(name.readAll().trimmed()) : QStringLiteral("-");
 }
 
 } // namespace platform

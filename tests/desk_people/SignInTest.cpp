@@ -2,6 +2,9 @@
 #include "desk/data/UserDirectory.h"
 #include "desk_data/PracticeFixture.h"
 #include "platform/Clock.h"
+#include "support/HelperProcess.h"
+
+#include <gmock/gmock.h>
 
 namespace {
 
@@ -10,13 +13,17 @@ using Outcome = desk::SignIn::Outcome;
 const QDateTime MORNING(QDate(2026, 3, 2), QTime(9, 0));
 const QString SECRET = QStringLiteral("pàssword 🦷 di prova");
 
+/// Some seconds may have passed since.
+auto about(int seconds) {
+    return testing::AllOf(testing::Le(seconds), testing::Gt(seconds - 9));
+}
+
 } // namespace
 
 /// A practice with a doctor who has a password and an assistant who has none. Counts what is really verified.
 class SignInTest : public PracticeFixture {
 protected:
     SignInTest() {
-        platform::setClock(MORNING);
         EXPECT_TRUE(users_.save(doctor_, desk::hashPassword(SECRET)));
         EXPECT_TRUE(users_.save(assistant_));
     }
@@ -28,7 +35,15 @@ protected:
             return desk::verifyPassword(hash, password);
         });
     }
-    static void wait(int seconds) { platform::setClock(platform::now().addSecs(seconds)); }
+    /// Time passes, as the clock sees it that nobody can turn.
+    void wait(int seconds) {
+        place_.execute(QStringLiteral("update tblUtenti set istante = istante - %1").arg(seconds));
+    }
+    void failAllFreeTries() {
+        desk::SignIn check = signIn();
+        for (int i = 0; i < desk::SignIn::freeTries; ++i)
+            ASSERT_EQ(check.attempt(doctor_.codice, QStringLiteral("x")), Outcome::Wrong);
+    }
 
     desk::UserDirectory users_{*database_};
     desk::UserData doctor_{{}, QStringLiteral("D'AN%"), QStringLiteral("D'Angelo"), QStringLiteral("Zoe"), {},
@@ -90,14 +105,14 @@ TEST_F(SignInTest, SlowsDownAfterFiveTriesAndLongerEachTimeWhereverTheyAreMade) 
         EXPECT_EQ(fail(), Outcome::Wrong) << i;
     }
     for (const int expected : {30, 60, 120, 240, 480, 900, 900}) {
-        EXPECT_EQ(check.secondsToWait(doctor_.codice), expected);
-        EXPECT_EQ(desk::SignIn(*elsewhere).secondsToWait(doctor_.codice), expected) << "a new start forgets none";
-        wait(expected - 1);
-        EXPECT_EQ(check.secondsToWait(doctor_.codice), 1);
+        EXPECT_THAT(check.secondsToWait(doctor_.codice), about(expected));
+        EXPECT_THAT(desk::SignIn(*elsewhere).secondsToWait(doctor_.codice), about(expected)) << "no start forgets any";
+        wait(expected - 10);
+        EXPECT_THAT(check.secondsToWait(doctor_.codice), about(10));
         const int before = verifications_;
         EXPECT_EQ(check.attempt(doctor_.codice, SECRET), Outcome::Wait) << "the right one has to wait as well";
         EXPECT_EQ(verifications_, before);
-        wait(1);
+        wait(10);
         EXPECT_EQ(fail(), Outcome::Wrong);
     }
     wait(900);
@@ -107,14 +122,57 @@ TEST_F(SignInTest, SlowsDownAfterFiveTriesAndLongerEachTimeWhereverTheyAreMade) 
     EXPECT_EQ(check.secondsToWait(assistant_.codice), 0);
 }
 
-TEST_F(SignInTest, AWrongClockShutsNobodyOutForLong) {
-    platform::setClock(MORNING.addYears(20));
-    for (int i = 0; i < desk::SignIn::freeTries; ++i)
-        signIn().attempt(doctor_.codice, QStringLiteral("x"));
-    platform::setClock(MORNING);
-    EXPECT_EQ(signIn().attempt(doctor_.codice, SECRET), Outcome::Wait);
-    wait(desk::SignIn::firstWait);
-    EXPECT_EQ(signIn().attempt(doctor_.codice, SECRET), Outcome::Accepted);
+// Whoever sets the time of day forward gains nothing, and whose clock ran ahead once loses nothing.
+TEST_F(SignInTest, TheTimeOfDayChangesNoWait) {
+    for (const int years : {20, 0, -20}) {
+        platform::setClock(MORNING.addYears(years));
+        failAllFreeTries();
+        for (const int move : {1, -1, 0}) {
+            platform::setClock(MORNING.addYears(years + move));
+            EXPECT_EQ(signIn().attempt(doctor_.codice, SECRET), Outcome::Wait);
+            EXPECT_THAT(signIn().secondsToWait(doctor_.codice), about(desk::SignIn::firstWait));
+        }
+        wait(desk::SignIn::firstWait);
+        EXPECT_EQ(signIn().secondsToWait(doctor_.codice), 0);
+        EXPECT_EQ(signIn().attempt(doctor_.codice, SECRET), Outcome::Accepted);
+    }
+}
+
+// Another clock cannot tell how long ago it was: the wait begins again, and comes to its end.
+TEST_F(SignInTest, AnotherStartOfTheComputerBeginsTheWaitAgain) {
+    for (const char* change :
+         {"orologio = 'ieri'", "orologio = null", "istante = null", "istante = istante + 100000"}) {
+        SCOPED_TRACE(change);
+        failAllFreeTries();
+        wait(desk::SignIn::firstWait);
+        place_.execute(QStringLiteral("update tblUtenti set ") + QLatin1String(change));
+        EXPECT_EQ(signIn().attempt(doctor_.codice, SECRET), Outcome::Wait);
+        EXPECT_THAT(signIn().secondsToWait(doctor_.codice), about(desk::SignIn::firstWait));
+        wait(desk::SignIn::firstWait);
+        EXPECT_EQ(signIn().secondsToWait(doctor_.codice), 0);
+        EXPECT_EQ(signIn().attempt(doctor_.codice, SECRET), Outcome::Accepted);
+    }
+}
+
+// Twelve desks, three tries each, all at once: five are free, and after the wait there is one.
+TEST_F(SignInTest, ManyDesksHaveNoMoreTriesThanOne) {
+    for (const int allowed : {desk::SignIn::freeTries, 1}) {
+        std::vector<std::unique_ptr<HelperProcess>> desks;
+        for (int i = 0; i < 12; ++i)
+            desks.push_back(
+                std::make_unique<HelperProcess>(QStringList{QStringLiteral("guess"), place_.url(), doctor_.codice}));
+        for (const auto& desk : desks)
+            desk->waitForWord();
+        for (const auto& desk : desks)
+            desk->go();
+        qsizetype tries = 0;
+        for (const auto& desk : desks) {
+            desk->end();
+            tries += desk->lines().count("provata");
+        }
+        EXPECT_EQ(tries, allowed);
+        wait(desk::SignIn::firstWait);
+    }
 }
 
 TEST_F(SignInTest, UsersWithRecordsStay) {

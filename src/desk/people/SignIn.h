@@ -2,8 +2,8 @@
 
 #include "desk/people/PasswordHash.h"
 
-#include <QDateTime>
 #include <QString>
+#include <QVariantList>
 #include <functional>
 #include <optional>
 
@@ -12,8 +12,9 @@ namespace desk {
 class Database;
 
 /// Checks the passwords of users, and slows down whoever guesses: after five wrong ones in a row each further try has
-/// to wait, longer every time. The tries are kept in the database, so that a new start does not forget them. Borrows
-/// the database; throws DatabaseError, and then nobody gets in.
+/// to wait, longer every time. The tries are kept in the database, so that a new start does not forget them and several
+/// workstations have no more of them than one; the wait runs by a clock that nobody can turn, whatever the time of day
+/// says. Borrows the database; throws DatabaseError, and then nobody gets in.
 class SignIn {
 public:
     enum class Outcome { Accepted, Wrong, Wait };
@@ -29,19 +30,27 @@ public:
     /// One try. A user without a password is accepted with any; while there is a wait, nothing is even compared. For a
     /// code that nobody has, or nobody active, the answer is Wrong and takes as long as any.
     Outcome attempt(const QString& code, const QString& password);
-    int secondsToWait(const QString& code); ///< 0 when a try may be made now.
+    /// 0 when a try may be made now. A wait that another clock measured, the computer having been started anew since,
+    /// begins again.
+    int secondsToWait(const QString& code);
 
 private:
     struct Account {
         QString id;
         QString hash;
-        int tries = 0;
-        QDateTime last;
     };
     std::optional<Account> find(const QString& code);
-    static int waitOf(const Account& account);
-    void countTry(const Account& account);
+    /// A clock that nobody can turn, and which one it is.
+    struct Moment {
+        QString clock;
+        qint64 seconds = 0;
+    };
+    Moment now();
+    bool takeTry(const Account& account); ///< Counts it; false when it may not be made yet.
+    void beginWaitAnew(const Account& account, const Moment& now);
     void forgetTries(const Account& account);
+    void write(const QString& sql, const QVariantList& values);
+    static int waitAfter(int tries);
 
     Database& database_;
     Verify verify_;
