@@ -4,9 +4,7 @@
 #include "desk/data/Transaction.h"
 #include "host/contract/HostError.h"
 #include "platform/Clock.h"
-#include "support/Places.h"
-
-#include <QProcess>
+#include "support/HelperProcess.h"
 
 namespace {
 
@@ -264,22 +262,18 @@ TEST_F(CorvalaRecordsTest, RefusesANewDocumentWithANumberThatIsTaken) {
 
 // Six desks store fifteen plans each, all in the same moment.
 TEST_F(CorvalaRecordsTest, DesksThatSaveAtOnceNeverShareANumber) {
-    std::vector<std::unique_ptr<QProcess>> desks;
-    for (int i = 0; i < 6; ++i) {
-        desks.push_back(std::make_unique<QProcess>());
-        desks.back()->start(places::deskDataHelper(), {QStringLiteral("number"), place_.url(), patient_->ID()});
-    }
+    std::vector<std::unique_ptr<HelperProcess>> desks;
+    for (int i = 0; i < 6; ++i)
+        desks.push_back(
+            std::make_unique<HelperProcess>(QStringList{QStringLiteral("number"), place_.url(), patient_->ID()}));
     for (const auto& desk : desks)
-        ASSERT_TRUE(desk->waitForReadyRead()) << desk->readAllStandardError().toStdString();
-    for (const auto& desk : desks) {
-        desk->write("via\n");
-        ASSERT_TRUE(desk->waitForBytesWritten());
-    }
+        desk->waitForWord();
+    for (const auto& desk : desks)
+        desk->go();
     qsizetype refused = 0;
     for (const auto& desk : desks) {
-        ASSERT_TRUE(desk->waitForFinished(60000));
-        EXPECT_EQ(desk->exitCode(), 0) << desk->readAllStandardError().toStdString();
-        refused += desk->readAllStandardOutput().count("preso");
+        desk->end();
+        refused += desk->lines().count("preso");
     }
     EXPECT_GT(refused, 0) << "they hardly met";
     const auto numbers = rows(QStringLiteral("select idrif1 from tessara.tblWorkspace order by idrif1"));

@@ -1,13 +1,16 @@
-// A second program for the tests that need one: a workstation that dies in the middle of its work, several that number
-// their plans at once, and a user without rights.
+// A second program for the tests that need one: workstations that die in the middle of their work, start over and over,
+// number their plans at once, or guess at a password, and a user without rights.
 
 #include "desk/data/Database.h"
 #include "desk/data/DatabaseError.h"
 #include "desk/data/PatientRecord.h"
+#include "desk/data/Transaction.h"
+#include "desk/people/SignIn.h"
 #include "host/contract/HostError.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
+#include <QThread>
 #include <unistd.h>
 
 namespace {
@@ -57,6 +60,59 @@ int storeNumbered(desk::Database& database, const QString& patientId) {
     return 0;
 }
 
+// Comes and goes for ever: opens the practice, stores one plan, tells so, closes.
+int startOverAndOver(const desk::DatabaseUrl& url, const QString& patientId) {
+    QTextStream out(stdout);
+    for (int i = 1;; ++i) {
+        QThread::msleep(60);
+        try {
+            const auto database = desk::Database::open(url);
+            desk::PatientRecord patient(*database, QStringLiteral("Conti Giulia"));
+            QString id;
+            const QString number = QStringLiteral("2025-%1/%2").arg(QCoreApplication::applicationPid()).arg(i);
+            if (patient.Init(patientId) && patient.corvala().Salva(id, {QStringLiteral("22/11/2025"), number, number,
+                                                                        QStringLiteral("TRT"), number.repeated(500)}))
+                out << id << Qt::endl; // only what was confirmed is announced
+        } catch (const desk::DatabaseError&) {
+            // Somebody else has it for himself; a person would try again, too.
+        }
+    }
+}
+
+// Adds patients, each together with a record, in one transaction.
+int addPairs(desk::Database& database) {
+    QTextStream out(stdout);
+    for (int i = 1;; ++i) {
+        desk::Transaction transaction(database);
+        const QString id = QStringLiteral("coppia-%1").arg(i);
+        database.run(QStringLiteral("insert into {schema}.tblPazienti (ID, Cognome, Nome) values (?, 'Coppia', 'a')"),
+                     {id});
+        database.run(
+            QStringLiteral(
+                "insert into {schema}.tblWorkspace (ID, tiporecord, t1, idpaziente) values (?, 906, 'PGM', ?)"),
+            {id, id});
+        transaction.commit();
+        out << i << Qt::endl;
+    }
+}
+
+int guess(desk::Database& database, const QString& code) {
+    QTextStream out(stdout);
+    out << "pronto" << Qt::endl;
+    QTextStream(stdin).readLine();
+    desk::SignIn signIn(database);
+    for (int i = 0; i < 3; ++i)
+        if (signIn.attempt(code, QStringLiteral("x")) == desk::SignIn::Outcome::Wrong) out << "provata" << Qt::endl;
+    return 0;
+}
+
+int hold(const desk::DatabaseUrl& url) {
+    const auto database = desk::Database::open(url);
+    QTextStream(stdout) << "aperto" << Qt::endl;
+    QTextStream(stdin).readLine();
+    return 0;
+}
+
 int openOnly(const desk::DatabaseUrl& url) {
     QTextStream out(stdout);
     try {
@@ -79,6 +135,10 @@ int main(int argc, char** argv) {
         return saveUntilKilled(*desk::Database::open(url), arguments.value(3), arguments.value(4).toInt());
     if (arguments.value(1) == QLatin1String("number"))
         return storeNumbered(*desk::Database::open(url), arguments.value(3));
+    if (arguments.value(1) == QLatin1String("restart")) return startOverAndOver(url, arguments.value(3));
+    if (arguments.value(1) == QLatin1String("pairs")) return addPairs(*desk::Database::open(url));
+    if (arguments.value(1) == QLatin1String("guess")) return guess(*desk::Database::open(url), arguments.value(3));
+    if (arguments.value(1) == QLatin1String("hold")) return hold(url);
 
     constexpr uid_t nobody = 65534; // the tests may run as root, for whom nothing is read-only
     if (geteuid() == 0 && setuid(nobody) != 0) return 4;

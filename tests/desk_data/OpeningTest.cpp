@@ -1,6 +1,8 @@
 #include "PracticeFixture.h"
 #include "desk/data/DatabaseService.h"
 #include "desk/data/Migrations.h"
+#include "desk/data/Transaction.h"
+#include "support/FullDisk.h"
 #include "support/Places.h"
 
 #include <QCryptographicHash>
@@ -214,6 +216,66 @@ TEST_F(OpeningTest, TellsReadOnlyFilesAndFolders) {
     allow(path(), 0x6600);
     EXPECT_TRUE(answer().contains(QStringLiteral("non può essere letto")));
     allow(place_.folder(), 0x7700);
+}
+
+TEST_F(OpeningTest, ArchiveAndLogAreTheirOwnersAlone) {
+    addPatient(QStringLiteral("Bianchi"), QStringLiteral("Anna"));
+    const auto rightsOf = [this](const char* ending) {
+        return QFile::permissions(path() + QLatin1String(ending)) &
+               (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther);
+    };
+    const char* const all[] = {"", "-wal", "-shm"};
+    for (const char* ending : all)
+        EXPECT_EQ(rightsOf(ending), QFile::Permissions()) << "a new one" << ending;
+    for (const char* ending : all)
+        ASSERT_TRUE(QFile::setPermissions(path() + QLatin1String(ending), QFile::Permissions(0x6666)));
+    const auto again = reopened();
+    for (const char* ending : all)
+        EXPECT_EQ(rightsOf(ending), QFile::Permissions()) << "one that was wider" << ending;
+}
+
+TEST_F(OpeningTest, AFullDiskIsToldInWordsAndLeavesNoHalfWork) {
+    const QString patientId = addPatient(QStringLiteral("Bianchi"), QStringLiteral("Anna"));
+    database_.reset();
+    {
+        const FullDisk full(1000);
+        const QString text = refusalOf(path());
+        EXPECT_TRUE(text.contains(QStringLiteral("Il disco è pieno"))) << text.toStdString();
+    }
+    database_ = reopened();
+    const auto patient = bound(patientId);
+    const auto save = [&patient](const char* number) {
+        QString id;
+        return patient->corvala().Salva(id, {QStringLiteral("22/11/2025"),
+                                             QLatin1String(number),
+                                             {},
+                                             QStringLiteral("TRT"),
+                                             QStringLiteral("x").repeated(3000000)});
+    };
+    QStringList told;
+    database_->setListener({.failed = [&told](const QString& text, bool) { told << text; }, .recovered = {}});
+    {
+        const FullDisk full(1000000);
+        EXPECT_FALSE(save("2025-0001"));
+        ASSERT_EQ(told.size(), 1) << told.join(QLatin1Char('|')).toStdString();
+        EXPECT_TRUE(told[0].contains(QStringLiteral("pieno"))) << told[0].toStdString();
+        EXPECT_EQ(database_->takeFailure(), told[0]) << "the windows tell the cause, not what followed from it";
+    }
+    {
+        // What follows the failure within one work must not be stored alone.
+        desk::Transaction work(*database_);
+        {
+            const FullDisk full(1000000);
+            EXPECT_FALSE(save("2025-0002"));
+        }
+        EXPECT_THROW(database_->run(QStringLiteral("update {schema}.tblPazienti set Nome = 'Mezzo'")),
+                     desk::DatabaseError);
+        EXPECT_THROW(work.commit(), desk::DatabaseError);
+    }
+    database_->setListener({});
+    EXPECT_EQ(bound(patientId)->Nome(), QStringLiteral("Anna"));
+    EXPECT_TRUE(save("2025-0001")) << "there is room again";
+    EXPECT_EQ(patient->corvala().Lista().size(), 1);
 }
 
 TEST(DatabaseUrl, ReadsBothForms) {

@@ -2,6 +2,7 @@
 
 #include "desk/data/DemoPractice.h"
 #include "desk/data/PracticeTransfer.h"
+#include "support/HelperProcess.h"
 #include "support/PracticeDatabase.h"
 
 using desk::Database;
@@ -80,4 +81,24 @@ TEST_F(PracticeTransferTest, WhatDoesNotFitLeavesTheTargetAsItWas) {
     file->run(QStringLiteral("delete from {schema}.tblScadenze where ID = 's1'"));
     desk::practice_transfer::run(*file, *server);
     EXPECT_THROW(desk::practice_transfer::run(*file, *server), desk::DatabaseError) << "a practice is overwritten";
+}
+
+// Somebody goes on adding patients with a record each while the practice is copied.
+TEST_F(PracticeTransferTest, APracticeAtWorkArrivesAsItStoodAtOneMoment) {
+    const auto source = open(chosen_);
+    ASSERT_TRUE(desk::DemoPractice::fill(*source));
+    HelperProcess desk({QStringLiteral("pairs"), chosen_.url()});
+    desk.waitForWord();
+    const auto target = open(back_);
+    desk::practice_transfer::run(*source, *target);
+    const auto lastOf = [this, &target](const char* table) {
+        return rows(*target,
+                    qPrintable(QStringLiteral("select count(*), '', null from {schema}.%1 where ID like 'coppia-%'")
+                                   .arg(QLatin1String(table))));
+    };
+    EXPECT_NE(lastOf("tblPazienti"), QStringList{QStringLiteral("0||")}) << "they hardly met";
+    EXPECT_EQ(lastOf("tblPazienti"), lastOf("tblWorkspace")) << "the copy is torn";
+    const auto said = desk.lines().size();
+    desk.waitForWord();
+    EXPECT_GT(desk.lines().size(), said) << "the other one was kept from working";
 }

@@ -6,7 +6,8 @@
 #include "support/CuttingProxy.h"
 #include "support/OwnServer.h"
 
-#include <QFile>
+#include <QElapsedTimer>
+#include <QThread>
 #include <QUrl>
 
 namespace {
@@ -127,6 +128,43 @@ TEST_F(ServerConnectionTest, ACommitWhoseAnswerIsLostIsNotStoredTwice) {
     EXPECT_TRUE(save("2025-0002"));
     EXPECT_EQ(numbers().size(), 2);
     EXPECT_EQ(failures_, QStringList());
+    patient_.reset();
+    database_.reset();
+}
+
+// The machine is there and takes what it is sent, but nothing answers any more.
+TEST_F(ServerConnectionTest, AServerThatHangsCountsAsLostAndKeepsNobodyWaiting) {
+    QUrl url(place_->url());
+    CuttingProxy network(url.port());
+    url.setPort(network.port());
+    open(url.toString(QUrl::FullyEncoded));
+    database_->setPatience(600);
+    ASSERT_TRUE(save("2025-0001"));
+    QElapsedTimer waiting;
+    {
+        desk::Transaction transaction(*database_);
+        database_->run(QStringLiteral("update {schema}.tblPazienti set Nome = 'b'"));
+        network.hang(true);
+        waiting.start();
+        EXPECT_THROW(database_->run(QStringLiteral("update {schema}.tblPazienti set Nome = 'c'")), desk::DatabaseError);
+        EXPECT_LT(waiting.elapsed(), 3000);
+        EXPECT_THROW(transaction.commit(), desk::DatabaseError);
+    }
+    ASSERT_FALSE(failures_.isEmpty());
+    EXPECT_TRUE(failures_.first().contains(QStringLiteral("si è interrotto"))) << failures_.first().toStdString();
+    EXPECT_TRUE(losses_.first());
+    waiting.start();
+    EXPECT_FALSE(save("2025-0002"));
+    EXPECT_FALSE(save("2025-0002")) << "not asked again at once";
+    EXPECT_LT(waiting.elapsed(), 9000);
+    EXPECT_EQ(recoveries_, 0);
+    network.hang(false);
+    QThread::msleep(3100); // for so long it is not asked
+    EXPECT_TRUE(save("2025-0002")) << "the same input, once more";
+    EXPECT_EQ(recoveries_, 1);
+    EXPECT_EQ(numbers().size(), 2);
+    ASSERT_TRUE(patient_->Init(patient_->ID()));
+    EXPECT_EQ(patient_->Nome(), QStringLiteral("Anna"));
     patient_.reset();
     database_.reset();
 }

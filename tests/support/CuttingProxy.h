@@ -12,6 +12,7 @@
 
 /// The network between a workstation and its server, one connection after the other. Armed, it lets the next "commit"
 /// pass, keeps the server's answer to itself and breaks the connection: the workstation cannot know what became of it.
+/// Hanging, it carries nothing more and breaks nothing either.
 class CuttingProxy {
 public:
     explicit CuttingProxy(int serverPort)
@@ -36,6 +37,7 @@ public:
     int port() const { return port_; }
     void arm() { armed_ = true; }
     bool hasCut() const { return cuts_ > 0; }
+    void hang(bool hangs) { hangs_ = hangs; }
 
 private:
     static sockaddr_in loopback(int port) {
@@ -48,6 +50,7 @@ private:
 
     void work() {
         while (!over_) {
+            if (pausing()) continue;
             pollfd waiting{listener_, POLLIN, 0};
             if (::poll(&waiting, 1, 50) <= 0) continue;
             const int client = ::accept(listener_, nullptr, nullptr);
@@ -63,6 +66,7 @@ private:
     void carry(int client, int server) {
         bool keepAnswer = false;
         while (!over_) {
+            if (pausing()) continue;
             pollfd both[] = {{client, POLLIN, 0}, {server, POLLIN, 0}};
             if (::poll(both, 2, 50) <= 0) continue;
             if (both[0].revents != 0) {
@@ -79,6 +83,11 @@ private:
         }
     }
 
+    bool pausing() const {
+        if (hangs_) ::usleep(10000);
+        return hangs_;
+    }
+
     static QByteArray received(int from) {
         char buffer[65536];
         const ssize_t size = ::recv(from, buffer, sizeof buffer, 0);
@@ -89,6 +98,7 @@ private:
     int listener_;
     int port_ = 0;
     std::atomic<bool> armed_ = false;
+    std::atomic<bool> hangs_ = false;
     std::atomic<bool> over_ = false;
     std::atomic<int> cuts_ = 0;
     std::thread worker_;

@@ -2,11 +2,11 @@
 
 #include "desk/data/Migrations.h"
 #include "desk/data/PatientCache.h"
+#include "desk/data/Transaction.h"
 
 #include <QLoggingCategory>
 #include <QSqlError>
 #include <QThread>
-#include <exception>
 #include <utility>
 
 namespace desk {
@@ -28,6 +28,10 @@ public:
     using DatabaseError::DatabaseError;
 };
 
+QString refusalOf(const DatabaseUrl& url, const DatabaseError& error) {
+    return QStringLiteral("Impossibile aprire l'archivio «%1».\n%2").arg(url.toDisplay(), error.text());
+}
+
 bool onlyReads(const QString& sql) {
     return sql.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
 }
@@ -38,9 +42,10 @@ std::unique_ptr<Database> Database::open(const DatabaseUrl& url) {
     std::unique_ptr<Database> database(new Database(url, Dialect::forKind(url.kind)));
     try {
         database->connect();
+    } catch (const DamagedArchive& damage) {
+        throw DamagedArchive(refusalOf(url, damage));
     } catch (const DatabaseError& error) {
-        throw DatabaseError(
-            QStringLiteral("Impossibile aprire l'archivio «%1».\n%2").arg(url.toDisplay(), error.text()));
+        throw DatabaseError(refusalOf(url, error));
     }
     database->noticeOthers();
     return database;
@@ -67,17 +72,36 @@ void Database::connect() {
     connection_ = QSqlDatabase::addDatabase(dialect_->driver(), connectionName_);
     lost_ = false;
     dialect_->open(connection_, url_, schema());
+    guardConnection();
+    {
+        const HangGuard::Wait wait(guard());
+        dialect_->enter(connection_, schema());
+    }
     Migrations(*this).bringUpToDate();
+    const HangGuard::Wait wait(guard());
     dialect_->settle(connection_, schema());
+}
+
+void Database::guardConnection() {
+    guard_.reset();
+    if (const std::optional<int> socket = dialect_->socketOf(connection_))
+        guard_ = std::make_unique<HangGuard>(*socket, patience_);
+}
+
+void Database::setPatience(int milliseconds) {
+    patience_ = milliseconds;
+    if (guard_) guardConnection();
 }
 
 void Database::disconnect() {
     // Statements of a lost connection must outlive it: they would try to tell the server that they are done.
     if (!isLost()) {
+        const HangGuard::Wait wait(guard());
         failed_.clear();
         idle_.clear();
         connection_.close();
     }
+    guard_.reset();
     connection_ = QSqlDatabase(); // the name can only be taken back when no handle is left
     if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
     failed_.clear();
@@ -104,23 +128,18 @@ void Database::ensureConnected() {
     if (std::exchange(lossTold_, false) && listener_.recovered) listener_.recovered();
 }
 
-void Database::replaced(const std::function<void()>& work) {
-    if (transactionDepth_ > 0) throw DatabaseError(QStringLiteral("Una registrazione è ancora in corso."));
-    disconnect();
-    std::exception_ptr fault;
-    try {
-        work();
-    } catch (...) {
-        fault = std::current_exception();
-    }
-    ensureConnected();
-    if (fault) std::rethrow_exception(fault);
+void Database::replaceContent(const std::function<void()>& work) {
+    Transaction transaction(*this);
+    work();
+    Migrations(*this).bringUpToDate();
+    transaction.commit();
 }
 
 // --------------------------------------------------------------------------------------------------------- statements
 
 Query Database::run(const QString& sql, const QVariantList& values) {
     return attempt(onlyReads(sql), [&] {
+        const HangGuard::Wait wait(guard());
         std::unique_ptr<QSqlQuery> statement;
         if (auto idle = idle_.extract(sql)) {
             statement = std::move(idle.mapped());
@@ -137,6 +156,7 @@ Query Database::run(const QString& sql, const QVariantList& values) {
 // Preparing refuses a second statement in the text on every database system.
 Query Database::runText(const QString& sql) {
     return attempt(onlyReads(sql), [&] {
+        const HangGuard::Wait wait(guard());
         auto statement = newStatement();
         if (!statement->prepare(sql)) fail(*statement);
         return executed(QString(), std::move(statement));
@@ -144,7 +164,9 @@ Query Database::runText(const QString& sql) {
 }
 
 Query Database::command(const QString& sql) {
-    return attempt(sql == dialect_->beginWriting(), [&] {
+    const bool begins = transactionDepth_ == 0 && sql.startsWith(QLatin1String("begin"));
+    return attempt(begins, [&] {
+        const HangGuard::Wait wait(guard());
         auto statement = newStatement();
         if (!statement->exec(sql)) fail(*statement);
         ++generation_;
@@ -154,6 +176,7 @@ Query Database::command(const QString& sql) {
 
 Query Database::attempt(bool mayRepeat, const std::function<Query()>& step) {
     try {
+        if (transactionDepth_ > 0 && !transactionFault_.isEmpty()) throw DatabaseError(transactionFault_);
         ensureConnected();
         try {
             return step();
@@ -192,7 +215,10 @@ void Database::fail(const QSqlQuery& statement) {
     lost_ = lost_ || dialect_->endsConnection(error);
     if (isLost()) throw ConnectionLost(dialect_->lossText());
     if (transactionDepth_ == 0) failed_.clear();
-    throw DatabaseError(dialect_->explain(error));
+    const QString text = dialect_->explain(error);
+    if (transactionDepth_ > 0 && dialect_->endsTransaction(error)) transactionFault_ = text;
+    if (dialect_->tellsDamage(error)) throw DamagedArchive(text);
+    throw DatabaseError(text);
 }
 
 void Database::failedWhileReading(const QSqlQuery& statement) {
@@ -239,6 +265,7 @@ void Database::giveBack(const QString& sql, std::unique_ptr<QSqlQuery> statement
         if (isLost()) failed_.push_back(std::move(statement));
         return;
     }
+    const HangGuard::Wait wait(guard());
     statement->finish();
     if (!sql.isEmpty()) idle_.insert_or_assign(sql, std::move(statement));
 }

@@ -3,6 +3,7 @@
 #include "desk/data/DatabaseError.h"
 #include "desk/data/DatabaseUrl.h"
 #include "desk/data/Dialect.h"
+#include "desk/data/HangGuard.h"
 #include "desk/data/Query.h"
 
 #include <QElapsedTimer>
@@ -70,9 +71,21 @@ public:
     void noticeOthers(); ///< Asks whether another workstation has written since; cheap.
     PatientCache& patients() { return *patients_; }
 
-    /// Lets go of the database while `work` puts another in its place, and opens what lies there then, even when `work`
-    /// throws. Not within a transaction. Throws DatabaseError.
-    void replaced(const std::function<void()>& work);
+    /// Puts other data in the place of all there are, in one transaction: what `work` leaves is brought up to date, and
+    /// nothing has happened when it throws. Throws DatabaseError.
+    void replaceContent(const std::function<void()>& work);
+
+    /// How long a server may keep silent before it counts as lost.
+    void setPatience(int milliseconds);
+    /// While it lives nothing does: some work on tables takes a server very long.
+    class Unhurried {
+    public:
+        explicit Unhurried(Database& database)
+            : unhurried_(database.unhurried_, true) {}
+
+    private:
+        QScopedValueRollback<bool> unhurried_;
+    };
 
 private:
     friend class Query;
@@ -94,12 +107,16 @@ private:
     void connect();
     void disconnect();
     void ensureConnected();
+    void guardConnection();
+    HangGuard* guard() const { return unhurried_ ? nullptr : guard_.get(); }
     bool isLost() const { return lost_ || !connection_.isOpen(); }
 
     DatabaseUrl url_;
     std::unique_ptr<Dialect> dialect_;
     QString connectionName_;
     QSqlDatabase connection_;
+    std::unique_ptr<HangGuard> guard_; ///< None where nothing can keep silent.
+    int patience_ = 20000;
     std::unordered_map<QString, std::unique_ptr<QSqlQuery>> idle_; ///< Prepared, not in use.
     std::vector<std::unique_ptr<QSqlQuery>> failed_; ///< Until the transaction in which they failed is over.
     std::unique_ptr<PatientCache> patients_;
@@ -110,10 +127,12 @@ private:
     bool connecting_ = false;
     bool lossTold_ = false;
     bool quiet_ = false;
+    bool unhurried_ = false;
     QString failure_;
     QElapsedTimer sinceSilence_; ///< Runs since a server that kept the user waiting gave no answer.
     Listener listener_;
     bool transactionDoomed_ = false; ///< An inner one was not committed, so the outer one must not be.
+    QString transactionFault_; ///< Why the system may have rolled back by itself: nothing more is done until the end.
 };
 
 } // namespace desk

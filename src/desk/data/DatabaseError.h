@@ -13,4 +13,10 @@ public:
     using HostError::HostError;
 };
 
+/// The file of the practice is no whole archive any more; a copy can take its place.
+class DamagedArchive : public DatabaseError {
+public:
+    using DatabaseError::DatabaseError;
+};
+
 } // namespace desk

@@ -10,4 +10,14 @@ std::unique_ptr<Dialect> Dialect::forKind(DatabaseUrl::Kind kind) {
     return std::make_unique<SqliteDialect>();
 }
 
+void Dialect::enter(QSqlDatabase&, const QString&) const {}
+
+bool Dialect::tellsDamage(const QSqlError&) const {
+    return false;
+}
+
+std::optional<int> Dialect::socketOf(const QSqlDatabase&) const {
+    return std::nullopt;
+}
+
 } // namespace desk

@@ -70,6 +70,7 @@ int Migrations::version() {
 }
 
 void Migrations::apply(const QString& file, int number) {
+    const Database::Unhurried unhurried(database_);
     Transaction transaction(database_);
     if (version() >= number) return; // another workstation was faster
     for (const QString& statement : statementsOf(file)) {

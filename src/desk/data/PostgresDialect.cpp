@@ -2,9 +2,12 @@
 
 #include "desk/data/DatabaseError.h"
 
+#include <QLibrary>
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QVariant>
 
 namespace desk {
 
@@ -54,6 +57,7 @@ QString refusal(const QString& words) {
 } // namespace
 
 void PostgresDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const {
+    Q_UNUSED(schema);
     if (!QSqlDatabase::isDriverAvailable(driver()))
         throw DatabaseError(QStringLiteral("Su questo computer manca il componente per i server PostgreSQL."));
     connection.setHostName(url.server);
@@ -63,6 +67,9 @@ void PostgresDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, con
     connection.setPassword(url.password);
     connection.setConnectOptions(QString::fromLatin1(connectOptions));
     if (!connection.open()) throw DatabaseError(refusal(firstLine(connection.lastError())));
+}
+
+void PostgresDialect::enter(QSqlDatabase& connection, const QString& schema) const {
     execute(connection, QStringLiteral("set client_min_messages to warning"));
     execute(connection, QStringLiteral("set lock_timeout to '8s'"));
     // One workstation at a time creates the tables or brings them up to date; a refusal ends the session and with it
@@ -75,6 +82,8 @@ void PostgresDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, con
 void PostgresDialect::settle(QSqlDatabase& connection, const QString& schema) const {
     Q_UNUSED(schema);
     execute(connection, QStringLiteral("select pg_advisory_unlock(%1)").arg(openingLock));
+    // A server that is there but overloaded gives up before we give it up.
+    execute(connection, QStringLiteral("set statement_timeout to '15s'"));
 }
 
 QString PostgresDialect::expand(const QString& sql, const QString& schema) const {
@@ -97,7 +106,32 @@ QString PostgresDialect::contains(const QString& column) const {
     return QStringLiteral("strpos(%1, ?) > 0").arg(column);
 }
 
+// The driver hands out its connection, but no header of it: its library is asked by name, the one that the driver uses.
+std::optional<int> PostgresDialect::socketOf(const QSqlDatabase& connection) const {
+    const QVariant handle = connection.driver()->handle();
+    if (!handle.isValid()) return std::nullopt; // else a pointer, whose type has one name or another
+    static const auto ask =
+        reinterpret_cast<int (*)(const void*)>(QLibrary::resolve(QStringLiteral("pq"), 5, "PQsocket"));
+    if (!ask) return std::nullopt;
+    const int socket = ask(*static_cast<void* const*>(handle.constData()));
+    return socket < 0 ? std::nullopt : std::optional(socket);
+}
+
+QStringList PostgresDialect::beginReading() const {
+    return {QStringLiteral("begin isolation level repeatable read read only"),
+            QStringLiteral("set local statement_timeout to 0")};
+}
+
+QString PostgresDialect::serverSeconds() const {
+    return QStringLiteral("select cast(extract(epoch from clock_timestamp()) as bigint)");
+}
+
 QString PostgresDialect::explain(const QSqlError& error) const {
+    const QString code = error.nativeErrorCode();
+    if (code == QLatin1String("57014")) return QStringLiteral("Il server non ha risposto in tempo. Riprovare fra poco.");
+    if (code == QLatin1String("55P03"))
+        return QStringLiteral("Un'altra postazione sta registrando gli stessi dati. Riprovare fra poco.");
+    if (code == QLatin1String("53100")) return QStringLiteral("Il disco del server è pieno.");
     return QStringLiteral("Errore del server: %1").arg(firstLine(error));
 }
 

@@ -1,6 +1,7 @@
 #include "desk/data/PracticeTransfer.h"
 
 #include "desk/data/Database.h"
+#include "desk/data/SqliteCopy.h"
 #include "desk/data/Transaction.h"
 
 #include <QSqlRecord>
@@ -27,6 +28,7 @@ QStringList tablesOf(Database& database) {
     while (names.next()) {
         const QString name = names.text(0);
         if (name.compare(QLatin1String("tblVersione"), Qt::CaseInsensitive) == 0) continue;
+        if (name == QLatin1String(sqlite_copy::FILES_TABLE)) continue; // of a safety copy that is at work now
         (order().contains(name, Qt::CaseInsensitive) ? first : others).append(name);
     }
     const auto place = [](const QString& name) {
@@ -87,7 +89,7 @@ void mustFit(Database& source, Database& target) {
 } // namespace
 
 QList<Moved> run(Database& source, Database& target) {
-    const Transaction stillness(source);
+    const Transaction oneMoment(source, Transaction::Kind::Reading);
     Transaction transaction(target);
     mustFit(source, target);
     QList<Moved> result;

@@ -17,8 +17,8 @@ struct Moved {
 };
 
 /// Copies every row of every table and counts them again in the end. All or nothing: throws DatabaseError with words
-/// for the user and leaves the target as it was; the source is only read, and nobody can change it meanwhile. Refuses
-/// a source without users and a target that holds anything.
+/// for the user and leaves the target as it was. The source is only read, and arrives as it stood at one moment, whoever
+/// works in it meanwhile. Refuses a source without users and a target that holds anything.
 QList<Moved> run(Database& source, Database& target);
 
 } // namespace practice_transfer

@@ -44,6 +44,7 @@ Query::~Query() {
 }
 
 bool Query::next() {
+    const HangGuard::Wait wait(database_->guard());
     if (statement_->next()) return true;
     if (statement_->lastError().isValid()) database_->failedWhileReading(*statement_);
     return false;

@@ -1,6 +1,7 @@
 #include "desk/data/SqliteDialect.h"
 
 #include "desk/data/DatabaseError.h"
+#include "platform/Files.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -21,22 +22,42 @@ constexpr int everydayPatience = 8000; // another workstation's save is soon ove
 // Native result codes, without their extension.
 constexpr int codeBusy = 5;
 constexpr int codeLocked = 6;
+constexpr int codeNoMemory = 7;
 constexpr int codeReadOnly = 8;
+constexpr int codeInterrupted = 9;
 constexpr int codeInputOutput = 10;
 constexpr int codeCorrupt = 11;
 constexpr int codeFull = 13;
 constexpr int codeCannotOpen = 14;
 constexpr int codeNotADatabase = 26;
+// With it: a write or the room for the shared index that the disk refused.
+constexpr int codeWrite = codeInputOutput | (3 << 8);
+constexpr int codeSync = codeInputOutput | (4 << 8);
+constexpr int codeIndexRoom = codeInputOutput | (19 << 8);
+
+int extendedCode(const QSqlError& error) {
+    return error.nativeErrorCode().toInt();
+}
 
 int nativeCode(const QSqlError& error) {
-    return error.nativeErrorCode().toInt() & 0xff;
+    return extendedCode(error) & 0xff;
 }
 
 QString damaged() {
     return QStringLiteral("L'archivio è danneggiato: ripristinare l'ultima copia di sicurezza.");
 }
 
+QString notAnArchive() {
+    return QStringLiteral("Il file non è un archivio di Tessara, oppure è danneggiato.");
+}
+
 [[noreturn]] void refuse(const QString& why) {
+    throw DatabaseError(why);
+}
+
+[[noreturn]] void refuse(const QSqlError& error) {
+    const QString why = SqliteDialect().explain(error);
+    if (SqliteDialect().tellsDamage(error)) throw DamagedArchive(why);
     throw DatabaseError(why);
 }
 
@@ -48,12 +69,11 @@ void checkContent(const QString& path) {
     if (file.size() == 0) {
         // The log of a lost file still holds its last changes, and would be thrown away together with it.
         if (QFileInfo(path + QStringLiteral("-wal")).size() > 0)
-            refuse(QStringLiteral(
+            throw DamagedArchive(QStringLiteral(
                 "Il file è vuoto, ma accanto vi sono modifiche non ancora registrate: il file è danneggiato."));
         return;
     }
-    if (file.read(16) != QByteArray("SQLite format 3", 16))
-        refuse(QStringLiteral("Il file non è un archivio di Tessara, oppure è danneggiato."));
+    if (file.read(16) != QByteArray("SQLite format 3", 16)) throw DamagedArchive(notAnArchive());
 }
 
 void checkFile(const QString& path) {
@@ -67,9 +87,15 @@ void checkFile(const QString& path) {
     if (!folder.isWritable()) refuse(QStringLiteral("La cartella è di sola lettura."));
 }
 
+// Its log gets the rights that the file itself has.
+void keepFromOthers(const QString& path) {
+    for (const char* ending : {"", "-wal", "-shm"})
+        platform::files::restrictToOwner(path + QLatin1String(ending));
+}
+
 void execute(QSqlDatabase& connection, const QString& sql) {
     QSqlQuery query(connection);
-    if (!query.exec(sql)) throw DatabaseError(SqliteDialect().explain(query.lastError()));
+    if (!query.exec(sql)) refuse(query.lastError());
 }
 
 // As far as the record tables go; the stored files may take gigabytes, and their damage stays theirs.
@@ -83,7 +109,7 @@ void checkPages(QSqlDatabase& connection, const QString& schema) {
         const bool answered =
             check.exec(QStringLiteral("pragma %1.quick_check(%2)").arg(schema, names.value(0).toString())) &&
             check.next();
-        if (!answered || check.value(0).toString() != QLatin1String("ok")) refuse(damaged());
+        if (!answered || check.value(0).toString() != QLatin1String("ok")) throw DamagedArchive(damaged());
     }
 }
 
@@ -94,7 +120,8 @@ void SqliteDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const
     const bool known = QFileInfo::exists(url.path);
     connection.setDatabaseName(QStringLiteral(":memory:"));
     connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(openingPatience));
-    if (!connection.open()) refuse(explain(connection.lastError()));
+    if (!connection.open()) refuse(connection.lastError());
+    if (known) keepFromOthers(url.path);
 
     // "rw" never makes a new file where one was just seen.
     QUrl file = QUrl::fromLocalFile(url.path);
@@ -103,12 +130,13 @@ void SqliteDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const
     QSqlQuery attach(connection);
     attach.prepare(QStringLiteral("attach database ? as %1").arg(schema));
     attach.addBindValue(address);
-    if (!attach.exec()) refuse(explain(attach.lastError()));
+    if (!attach.exec()) refuse(attach.lastError());
 
     QSqlQuery firstLook(connection);
     if (!firstLook.exec(QStringLiteral("select count(*) from %1.sqlite_master").arg(schema)) || !firstLook.next())
-        refuse(explain(firstLook.lastError()));
+        refuse(firstLook.lastError());
     firstLook.finish();
+    if (!known) keepFromOthers(url.path);
     if (known) checkPages(connection, schema);
 }
 
@@ -150,7 +178,25 @@ QString SqliteDialect::foreignWrites() const {
     return QStringLiteral("pragma {schema}.data_version");
 }
 
+bool SqliteDialect::tellsDamage(const QSqlError& error) const {
+    return nativeCode(error) == codeCorrupt || nativeCode(error) == codeNotADatabase;
+}
+
+bool SqliteDialect::endsTransaction(const QSqlError& error) const {
+    const int code = nativeCode(error);
+    return code == codeFull || code == codeInputOutput || code == codeNoMemory || code == codeInterrupted;
+}
+
 QString SqliteDialect::explain(const QSqlError& error) const {
+    switch (extendedCode(error)) {
+    case codeIndexRoom:
+        return QStringLiteral("Il disco è pieno.");
+    case codeWrite:
+    case codeSync:
+        return QStringLiteral("Il disco non accetta altri dati: è pieno oppure guasto.");
+    default:
+        break;
+    }
     switch (nativeCode(error)) {
     case codeBusy:
     case codeLocked:
@@ -166,7 +212,7 @@ QString SqliteDialect::explain(const QSqlError& error) const {
     case codeCannotOpen:
         return QStringLiteral("Il file dell'archivio non può essere aperto.");
     case codeNotADatabase:
-        return QStringLiteral("Il file non è un archivio di Tessara, oppure è danneggiato.");
+        return notAnArchive();
     default:
         return QStringLiteral("Errore dell'archivio: %1.").arg(error.databaseText());
     }

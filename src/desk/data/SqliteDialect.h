@@ -13,12 +13,15 @@ public:
     void settle(QSqlDatabase& connection, const QString& schema) const override;
     QString expand(const QString& sql, const QString& schema) const override;
     QString beginWriting() const override { return QStringLiteral("begin immediate"); }
+    QStringList beginReading() const override { return {QStringLiteral("begin")}; }
     QString tables(const QString& schema) const override;
     QString contains(const QString& column) const override;
     QString longText(const QString& column) const override;
     QString foreignWrites() const override;
     QString explain(const QSqlError& error) const override;
     bool endsConnection(const QSqlError&) const override { return false; }
+    bool tellsDamage(const QSqlError& error) const override;
+    bool endsTransaction(const QSqlError& error) const override;
     QString lossText() const override { return QStringLiteral("L'archivio non è aperto."); }
 };
 

@@ -4,11 +4,15 @@
 
 namespace desk {
 
-Transaction::Transaction(Database& database)
+Transaction::Transaction(Database& database, Kind kind)
     : database_(database) {
     if (database_.transactionDepth_ == 0) {
         database_.transactionDoomed_ = false;
-        database_.command(database_.dialect().beginWriting());
+        database_.transactionFault_.clear();
+        const Dialect& dialect = database_.dialect();
+        for (const QString& step :
+             kind == Kind::Reading ? dialect.beginReading() : QStringList{dialect.beginWriting()})
+            database_.command(step);
     }
     ++database_.transactionDepth_;
 }
@@ -22,12 +26,20 @@ Transaction::~Transaction() {
     }
     ++database_.generation_;        // what was read in between never came to be
     if (database_.isLost()) return; // the server rolls back what nobody can commit any more
+    rollBack();
+    database_.failed_.clear();
+}
+
+// After some failures, a full disk for one, the database has rolled back by itself: that there is nothing to roll back
+// any more is nobody's concern, least of all the user's, who is about to read what failed before.
+void Transaction::rollBack() {
+    const QString failure = database_.failure_;
     try {
+        const Database::Quiet quiet(database_);
         database_.command(QStringLiteral("rollback"));
     } catch (const DatabaseError&) {
-        // After some failures, a full disk for one, the database has rolled back by itself.
     }
-    database_.failed_.clear();
+    database_.failure_ = failure;
 }
 
 void Transaction::commit() {

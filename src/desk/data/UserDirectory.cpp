@@ -85,7 +85,7 @@ bool UserDirectory::save(UserData& user, const std::optional<QString>& passwordH
         return false;
     if (passwordHash) {
         database_.run(QStringLiteral("update {schema}.tblUtenti set improntapassword = ?, tentativi = 0, "
-                                     "ultimotentativo = null where ID = ?"),
+                                     "istante = null where ID = ?"),
                       {passwordHash->isEmpty() ? QVariant() : QVariant(*passwordHash), saved.ID});
         saved.conPassword = !passwordHash->isEmpty();
     }
