@@ -2,6 +2,7 @@
 #include "desk/data/PracticeTransfer.h"
 #include "desk/people/SignInWindow.h"
 #include "desk/scenario/DeskScenario.h"
+#include "desk/shell/ArchiveRestore.h"
 #include "desk/shell/Desk.h"
 #include "desk/shell/DeskApplication.h"
 #include "desk/shell/MessageFilter.h"
@@ -12,6 +13,7 @@
 #include "platform/Theme.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QMainWindow>
 #include <cstdio>
 #include <unistd.h>
@@ -66,6 +68,14 @@ int copyPractice(const desk::Options& options) {
     return 0;
 }
 
+int restoreCopy(const desk::Options& options) {
+    options.useConfigFolder();
+    const desk::RestoredArchive restored = desk::restoreArchive(desk::DatabaseUrl::parse(options.databaseUrl),
+                                                                QFileInfo(options.restoreFrom).absoluteFilePath());
+    std::puts(qUtf8Printable(desk::describe(restored)));
+    return 0;
+}
+
 std::unique_ptr<desk::Desk> openDesk(const desk::Options& options) {
     std::unique_ptr<desk::Desk> desk = desk::Desk::open(options);
     desk->loadModule(QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(MODULE_FILE));
@@ -97,8 +107,8 @@ int main(int argc, char** argv) {
         std::fputs(qUtf8Printable(desk::Options::helpText()), stdout);
         return 0;
     }
-    const bool copies = !options.copyTo.isEmpty();
-    if (!hasScreen() && !copies && options.scenarioFile.isEmpty()) {
+    const bool works = !options.copyTo.isEmpty() || !options.restoreFrom.isEmpty(); // and shows nothing
+    if (!hasScreen() && !works && options.scenarioFile.isEmpty()) {
         tellOnConsole(QStringLiteral("nessuno schermo disponibile: manca DISPLAY. Senza schermo si può eseguire uno "
                                      "scenario, con --scenario."));
         return EXIT_USAGE;
@@ -115,7 +125,8 @@ int main(int argc, char** argv) {
     platform::QtDialogs dialogs;
     platform::installDialogs(&dialogs);
     try {
-        return copies ? copyPractice(options) : runDesk(options);
+        if (!options.restoreFrom.isEmpty()) return restoreCopy(options);
+        return works ? copyPractice(options) : runDesk(options);
     } catch (const desk::SignInCancelled&) {
         return options.scenarioFile.isEmpty() ? 0 : EXIT_FAILED;
     } catch (const desk::DatabaseError& error) {

@@ -33,6 +33,9 @@ TEST(DeskOptions, RefusesWhatMakesNoSenseAndNamesIt) {
         {{QStringLiteral("--user"), QStringLiteral("A"), QStringLiteral("--user"), QStringLiteral("B")}, "--user"},
         {{QStringLiteral("--out"), QStringLiteral("x")}, "--out"},
         {{QStringLiteral("--demo=1")}, "--demo"},
+        {{QStringLiteral("--restore")}, "--restore"},
+        {{QStringLiteral("--restore=a.db"), QStringLiteral("--demo")}, "--restore"},
+        {{QStringLiteral("--restore=a.db"), QStringLiteral("--copy-to=sqlite:b.db")}, "--restore"},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.arguments.join(QLatin1Char(' ')).toStdString());
@@ -47,6 +50,7 @@ TEST(DeskOptions, RefusesWhatMakesNoSenseAndNamesIt) {
 
 TEST(DeskOptions, HelpNamesEveryOptionAndWinsOverMistakes) {
     EXPECT_TRUE(Options::parse({QStringLiteral("--help"), QStringLiteral("--pippo")}).help);
-    for (const char* name : {"--db", "--config-dir", "--user", "--demo", "--scenario", "--out", "--reset-password"})
+    for (const char* name : {"--db", "--config-dir", "--user", "--demo", "--scenario", "--out", "--reset-password",
+                             "--copy-to", "--restore"})
         EXPECT_TRUE(Options::helpText().contains(QLatin1String(name))) << name;
 }

@@ -1,8 +1,11 @@
 #include "PracticeFixture.h"
 
 #include "desk/data/SqliteCopy.h"
+#include "support/HelperProcess.h"
 
 #include <QFile>
+#include <QSet>
+#include <QThread>
 #include <functional>
 
 namespace {
@@ -164,4 +167,142 @@ TEST_F(SqliteCopyTest, RestoresNothingWhileAnotherWorkstationHasThePracticeOpen)
     }
     EXPECT_EQ(refusal([&] { desk::sqlite_copy::restore(*database_, copy); }), QString());
     EXPECT_EQ(desk::PatientDirectory(*database_, sign_).count(), 1);
+}
+
+// Every plan that a desk confirmed is in the practice or in one of the files that a restore put aside.
+TEST_F(SqliteCopyTest, DesksThatStartDuringARestoreLoseNothing) {
+    const QString copy = inFolder("copia.db");
+    desk::sqlite_copy::make(*database_, copy);
+    std::vector<std::unique_ptr<HelperProcess>> desks;
+    for (int i = 0; i < 3; ++i)
+        desks.push_back(std::make_unique<HelperProcess>(QStringList{QStringLiteral("restart"), place_.url(), id_}));
+    for (const auto& desk : desks)
+        desk->waitForWord();
+    int restored = 0;
+    for (int attempts = 0; restored < 5 && attempts < 20; ++attempts) {
+        QThread::msleep(20);
+        if (refusal([&] { desk::sqlite_copy::restore(*database_, copy); }).isEmpty()) ++restored;
+    }
+    EXPECT_EQ(restored, 5);
+    QSet<QString> confirmed;
+    for (const auto& desk : desks) {
+        desk->kill();
+        for (const QByteArray& id : desk->lines())
+            confirmed << QString::fromLatin1(id);
+    }
+    EXPECT_GT(confirmed.size(), 10) << "they hardly worked";
+
+    database_.reset();
+    QStringList kept = QDir(place_.folder()).entryList({QStringLiteral("studio-sostituito-*.db")});
+    EXPECT_EQ(kept.size(), 5);
+    kept << QStringLiteral("studio.db");
+    for (const QString& name : std::as_const(kept)) {
+        const auto database = desk::Database::open(
+            desk::DatabaseUrl::parse(QStringLiteral("sqlite:") + QDir(place_.folder()).filePath(name)));
+        desk::Query ids = database->run(QStringLiteral("select ID from {schema}.tblWorkspace"));
+        while (ids.next())
+            confirmed.remove(ids.text(0));
+    }
+    EXPECT_EQ(confirmed.size(), 0) << "confirmed plans are lost";
+}
+
+TEST_F(SqliteCopyTest, AnOlderCopyIsBroughtUpToDateInTheSameStep) {
+    const QString copy = inFolder("copia.db");
+    desk::sqlite_copy::make(*database_, copy);
+    {
+        const auto old = desk::Database::open(desk::DatabaseUrl::parse(QStringLiteral("sqlite:") + copy));
+        for (const char* sql :
+             {"alter table tessara.tblUtenti drop column istante", "alter table tessara.tblUtenti drop column orologio",
+              "delete from tessara.tblVersione where versione > 4"})
+            old->command(QLatin1String(sql));
+    }
+    EXPECT_EQ(refusal([&] { desk::sqlite_copy::restore(*database_, copy); }), QString());
+    EXPECT_TRUE(database_->run(QStringLiteral("select istante from {schema}.tblUtenti")).statement().isSelect());
+    EXPECT_EQ(records(), 150);
+}
+
+/// A practice whose file broke, with a good copy of it.
+class DamagedArchiveTest : public SqliteCopyTest {
+protected:
+    DamagedArchiveTest() {
+        desk::sqlite_copy::make(*database_, copy());
+        database_.reset();
+    }
+    QString copy() const { return inFolder("copia.db"); }
+    bool isDamaged() const {
+        try {
+            reopened();
+        } catch (const desk::DamagedArchive&) {
+            return true;
+        } catch (const desk::DatabaseError& error) {
+            ADD_FAILURE() << "damage is not told as such: " << error.what();
+        }
+        return false;
+    }
+};
+
+TEST_F(DamagedArchiveTest, ACopyTakesItsPlaceAndWhatIsLeftOfItIsKept) {
+    const QByteArray good = bytesOf(path());
+    const struct {
+        const char* name;
+        std::function<void()> breakIt;
+    } cases[] = {
+        {"noise in the head", [&] { write(path(), QByteArray(40, '\x5a'), 1); }},
+        {"noise in the middle", [&] { write(path(), QByteArray(120000, '\x5a'), 60000); }},
+        {"cut short", [&] { write(path(), good.left(good.size() / 2)); }},
+        {"emptied, with a log",
+         [&] {
+             write(path(), QByteArray());
+             write(path() + QStringLiteral("-wal"), "modifiche");
+         }},
+        {"larger than the copy", [&] { write(path(), QByteArray(good.size() * 2, '\x5a')); }},
+    };
+    for (const auto& [name, breakIt] : cases) {
+        SCOPED_TRACE(name);
+        write(path(), good);
+        breakIt();
+        ASSERT_TRUE(isDamaged());
+        const QByteArray broken = bytesOf(path());
+        const QByteArray log = bytesOf(path() + QStringLiteral("-wal"));
+        EXPECT_NE(refusal([&] { desk::sqlite_copy::replaceDamaged(path(), path()); }), QString()) << "by itself";
+        QString former;
+        EXPECT_EQ(refusal([&] { former = desk::sqlite_copy::replaceDamaged(path(), copy()); }), QString());
+        EXPECT_EQ(bytesOf(former), broken);
+        EXPECT_EQ(bytesOf(former + QStringLiteral("-wal")), log);
+        database_ = reopened();
+        EXPECT_EQ(records(), 150);
+        database_.reset();
+    }
+}
+
+TEST_F(DamagedArchiveTest, NobodyMayBeAtWorkInIt) {
+    HelperProcess other({QStringLiteral("hold"), place_.url()});
+    other.waitForWord();
+    write(path(), QByteArray(40, '\x5a'), 1);
+    const QByteArray broken = bytesOf(path());
+    const QString text = refusal([&] { desk::sqlite_copy::replaceDamaged(path(), copy()); });
+    EXPECT_TRUE(text.contains(QStringLiteral("altra postazione"))) << text.toStdString();
+    EXPECT_EQ(bytesOf(path()), broken);
+    EXPECT_EQ(files().filter(QStringLiteral("sostituito")), QStringList());
+}
+
+TEST_F(DamagedArchiveTest, TheNewestGoodCopiesAreFoundAndTold) {
+    const auto aged = [&](const char* name, int days) {
+        QFile file(inFolder(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        file.setFileTime(QDateTime::currentDateTime().addDays(-days), QFileDevice::FileModificationTime);
+    };
+    for (const char* name : {"vecchia.db", "media.db"})
+        ASSERT_TRUE(QFile::copy(copy(), inFolder(name)));
+    write(inFolder("rotta.db"), "SQLite format 3 e poi niente");
+    aged("vecchia.db", 9);
+    aged("media.db", 5);
+    aged("copia.db", 1);
+    const QString folder = place_.folder();
+    const auto found = desk::sqlite_copy::latest({folder, folder, inFolder("manca")}, path(), 2);
+    ASSERT_EQ(found.size(), 2) << "each file once, the broken one and the live one never";
+    EXPECT_EQ(found[0].path, copy());
+    EXPECT_EQ(found[1].path, inFolder("media.db"));
+    EXPECT_EQ(found[0].facts.records, 150);
+    EXPECT_EQ(found[1].made.date(), QDate::currentDate().addDays(-5));
 }

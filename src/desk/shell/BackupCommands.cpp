@@ -3,14 +3,11 @@
 #include "desk/data/Database.h"
 #include "desk/data/SqliteCopy.h"
 #include "desk/data/UserDirectory.h"
+#include "desk/shell/ArchiveRestore.h"
+#include "desk/shell/Hourglass.h"
 #include "platform/Clock.h"
-#include "platform/Dialogs.h"
-#include "platform/Regional.h"
 
-#include <QCursor>
 #include <QDir>
-#include <QFileInfo>
-#include <QGuiApplication>
 #include <algorithm>
 
 namespace desk {
@@ -23,26 +20,6 @@ QString makeTitle() {
 QString restoreTitle() {
     return QStringLiteral("Ripristina copia");
 }
-QString filter() {
-    return QStringLiteral("Archivi di Tessara (*.db);;Tutti i file (*)");
-}
-
-/// While a long work goes on, as nothing else can be done.
-class Hourglass {
-public:
-    Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
-
-QString describe(const CopyFacts& facts) {
-    QString text = QStringLiteral("Pazienti: %1\nDocumenti: %2").arg(facts.patients).arg(facts.records);
-    if (facts.lastChange.isValid())
-        text += QStringLiteral("\nUltima modifica: ") + platform::regional().shortDate(facts.lastChange);
-    return text;
-}
-
 /// Does the work with the hourglass on; false after it failed and the user was told.
 bool worked(Database& database, const QString& title, const QString& failure, const std::function<void()>& work) {
     QString why;
@@ -69,12 +46,11 @@ void BackupCommands::makeCopy() {
     if (explainedServer()) return;
     const QString proposed =
         QStringLiteral("tessara-%1.db").arg(platform::now().toString(QStringLiteral("yyyy-MM-dd-HHmm")));
-    QString path = platform::dialogs().saveFile(makeTitle(), filter(), proposed);
+    const QString path = platform::dialogs().saveFile(makeTitle(), fileKinds(), proposed);
     if (path.isEmpty()) return;
-    if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".db");
     CopyFacts facts;
     if (!worked(database_, makeTitle(), QStringLiteral("La copia di sicurezza non è stata fatta."),
-                [&] { facts = sqlite_copy::make(database_, path); }))
+                [&] { facts = sqlite_copy::make(database_, path, PracticeFolders::ofUser().files()); }))
         return;
     platform::dialogs().message(QStringLiteral("La copia di sicurezza è stata fatta e riletta per intero.\n\n%1\n\n%2")
                                     .arg(QDir::toNativeSeparators(path), describe(facts)),
@@ -83,13 +59,16 @@ void BackupCommands::makeCopy() {
 
 void BackupCommands::restoreCopy() {
     if (explainedServer()) return;
-    const QString path = platform::dialogs().openFile(restoreTitle(), filter(), QString());
+    const QString path = platform::dialogs().openFile(restoreTitle(), fileKinds(), QString());
     if (path.isEmpty() || !mayReplace(path) || !hooks_.closeEverything()) return;
-    QString former;
-    if (worked(database_, restoreTitle(),
-               QStringLiteral("La copia non è stata ripristinata: l'archivio è rimasto com'era."),
-               [&] { former = sqlite_copy::restore(database_, path); }))
-        goOnAfter(former);
+    RestoredArchive restored;
+    if (!worked(database_, restoreTitle(),
+                QStringLiteral("La copia non è stata ripristinata: l'archivio è rimasto com'era."),
+                [&] { restored.former = sqlite_copy::restore(database_, path); }))
+        return;
+    worked(database_, restoreTitle(), QStringLiteral("L'archivio è quello della copia, le impostazioni no."),
+           [&] { restored.files = PracticeFolders::ofUser().putBack(sqlite_copy::filesIn(path)); });
+    goOnAfter(restored);
 }
 
 bool BackupCommands::mayReplace(const QString& path) {
@@ -97,25 +76,32 @@ bool BackupCommands::mayReplace(const QString& path) {
     if (!worked(database_, restoreTitle(), QStringLiteral("Questa copia non si può ripristinare."),
                 [&] { facts = sqlite_copy::examine(path); }))
         return false;
-    const QString question =
-        QStringLiteral("La copia scelta contiene:\n\n%1\n\nTutto l'archivio attuale viene sostituito "
-                       "da questa copia; resta conservato nella stessa cartella, con la data di oggi "
-                       "nel nome.\n\nRipristinare la copia?");
+    const QString question = QStringLiteral(
+        "La copia scelta contiene:\n\n%1\n\nTutto l'archivio attuale viene sostituito da questa copia, e "
+        "con esso le impostazioni e i cataloghi che la copia ha con sé. Quello che viene sostituito "
+        "resta conservato nella stessa cartella, con la data di oggi nel nome.\n\nRipristinare la "
+        "copia?");
     return platform::dialogs().message(question.arg(describe(facts)), platform::MB_QUESTION_DEFAULT_NO,
                                        restoreTitle()) == platform::Answer::Yes;
 }
 
-// What is signed with a user that the copy does not know could not be stored.
-void BackupCommands::goOnAfter(const QString& formerFile) {
+// What is signed with a user that the copy does not know could not be stored, and the module has read its settings.
+void BackupCommands::goOnAfter(const RestoredArchive& restored) {
     const QList<UserData> users = UserDirectory(database_).all();
     const bool known =
         std::any_of(users.cbegin(), users.cend(), [this](const UserData& user) { return user.ID == userId_; });
-    QString text = QStringLiteral("La copia è stata ripristinata.\n\nL'archivio di prima è conservato in:\n%1")
-                       .arg(QDir::toNativeSeparators(formerFile));
+    QString text = describe(restored);
     if (!known)
         text += QStringLiteral("\n\nL'utente attuale non esiste nell'archivio ripristinato: il programma si chiude.");
+    else if (!restored.files.isEmpty())
+        text +=
+            QStringLiteral("\n\nIl programma si chiude: alla prossima apertura valgono le impostazioni della copia.");
     platform::dialogs().message(text, platform::MB_INFORMATION, restoreTitle());
-    if (!known) hooks_.leave();
+    if (!known || !restored.files.isEmpty()) hooks_.leave();
+}
+
+platform::FileKinds BackupCommands::fileKinds() {
+    return {{QStringLiteral("Archivi di Tessara"), {QStringLiteral("*.db")}}, platform::everyFile()};
 }
 
 bool BackupCommands::explainedServer() const {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "platform/Dialogs.h"
+
 #include <QString>
 #include <functional>
 
 namespace desk {
 
 class Database;
+struct RestoredArchive;
 
 /// The commands "Copia di sicurezza" and "Ripristina copia", with all they ask and tell. On a server, which has tools
 /// of its own for both, they say how it is done there. Borrows the database.
@@ -19,11 +22,12 @@ public:
 
     void makeCopy();
     void restoreCopy();
+    static platform::FileKinds fileKinds(); ///< For questions about copies.
 
 private:
     bool explainedServer() const;
     bool mayReplace(const QString& path);
-    void goOnAfter(const QString& formerFile);
+    void goOnAfter(const RestoredArchive& restored);
 
     Database& database_;
     QString userId_; ///< Of who has signed in.

@@ -5,24 +5,10 @@
 #include "desk/shell/DeskParts.h"
 #include "desk/shell/Options.h"
 #include "host/contract/PluginInterface.h"
-#include "platform/SpecialFolders.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace desk {
-
-namespace {
-
-void useConfigFolder(const QString& folder) {
-    if (folder.isEmpty()) return;
-    const QString path = QFileInfo(folder).absoluteFilePath();
-    if (!QDir().mkpath(path))
-        throw OptionError(QStringLiteral("La cartella %1 non si pu\u00f2 creare.").arg(QDir::toNativeSeparators(path)));
-    platform::setApplicationDataFolder(path);
-}
-
-} // namespace
 
 Desk::Desk(std::unique_ptr<Parts> parts)
     : parts_(std::move(parts)) {}
@@ -30,7 +16,7 @@ Desk::Desk(std::unique_ptr<Parts> parts)
 Desk::~Desk() = default;
 
 std::unique_ptr<Desk> Desk::open(const Options& options) {
-    useConfigFolder(options.configDir);
+    options.useConfigFolder();
     workFolders::tidy();
     auto parts = std::make_unique<Parts>(Practice::open(options));
     // A script finds its windows in the same size on every run.

@@ -1,5 +1,10 @@
 #include "desk/shell/Options.h"
 
+#include "platform/SpecialFolders.h"
+
+#include <QDir>
+#include <QFileInfo>
+
 namespace desk {
 
 namespace {
@@ -13,7 +18,7 @@ constexpr TextOption TEXT_OPTIONS[] = {
     {"--db", &Options::databaseUrl}, {"--config-dir", &Options::configDir},
     {"--user", &Options::userCode},  {"--scenario", &Options::scenarioFile},
     {"--out", &Options::outDir},     {"--reset-password", &Options::forgottenCode},
-    {"--copy-to", &Options::copyTo},
+    {"--copy-to", &Options::copyTo}, {"--restore", &Options::restoreFrom},
 };
 
 const TextOption* findOption(const QString& name) {
@@ -59,7 +64,19 @@ Options Options::parse(const QStringList& arguments) {
         throw OptionError(QStringLiteral("L'opzione --out ha senso solo con --scenario."));
     if (!options.copyTo.isEmpty() && (options.demo || !options.scenarioFile.isEmpty()))
         throw OptionError(QStringLiteral("L'opzione --copy-to non va con --demo n\u00e9 con --scenario."));
+    if (!options.restoreFrom.isEmpty() &&
+        (options.demo || !options.scenarioFile.isEmpty() || !options.copyTo.isEmpty()))
+        throw OptionError(
+            QStringLiteral("L'opzione --restore non va con --copy-to, n\u00e9 con --demo, n\u00e9 con --scenario."));
     return options;
+}
+
+void Options::useConfigFolder() const {
+    if (configDir.isEmpty()) return;
+    const QString path = QFileInfo(configDir).absoluteFilePath();
+    if (!QDir().mkpath(path))
+        throw OptionError(QStringLiteral("La cartella %1 non si pu\u00f2 creare.").arg(QDir::toNativeSeparators(path)));
+    platform::setApplicationDataFolder(path);
 }
 
 QString Options::helpText() {
@@ -76,6 +93,8 @@ QString Options::helpText() {
         "  --demo             riempie un archivio vuoto con uno studio di esempio\n"
         "  --copy-to URL      copia tutto l'archivio in un altro, vuoto, e termina: per passare\n"
         "                     dal file al server, o dal server a un file\n"
+        "  --restore FILE     mette una copia di sicurezza al posto dell'archivio, anche danneggiato, e\n"
+        "                     termina; l'archivio di prima resta, con la data nel nome\n"
         "  --scenario FILE    esegue i comandi del file nelle finestre e termina\n"
         "  --out DIR          cartella dei risultati dello scenario\n"
         "  --help             mostra questo testo\n");

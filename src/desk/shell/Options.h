@@ -23,7 +23,8 @@ struct Options {
     QString forgottenCode; ///< User whose password is taken away.
     QString scenarioFile;
     QString outDir;
-    QString copyTo; ///< Address of an empty database into which the practice is copied; then the program ends.
+    QString copyTo;      ///< Address of an empty database into which the practice is copied; then the program ends.
+    QString restoreFrom; ///< Safety copy that takes the place of the archive; then the program ends.
     /// Whether somebody sits at the screen who can say who they are; a script takes the first user.
     bool asksWhoSignsIn = false;
     bool demo = false;
@@ -32,6 +33,7 @@ struct Options {
     /// Reads the arguments after the program's name; throws OptionError.
     static Options parse(const QStringList& arguments);
     static QString helpText();
+    void useConfigFolder() const; ///< Throws OptionError when it cannot be made.
 };
 
 } // namespace desk

@@ -3,6 +3,7 @@
 #include "desk/data/DemoPractice.h"
 #include "desk/people/SignInWindow.h"
 #include "desk/shell/Options.h"
+#include "desk/shell/RestoreWindow.h"
 
 namespace desk {
 
@@ -22,6 +23,21 @@ UserData whoSignsIn(Database& database, const Options& options) {
     SignInWindow window(signIn, candidates);
     if (window.exec() != QDialog::Accepted) throw SignInCancelled();
     return window.user();
+}
+
+// A damaged archive is offered a copy where somebody can choose one.
+std::unique_ptr<Database> openDatabase(const Options& options) {
+    const DatabaseUrl url = DatabaseUrl::parse(options.databaseUrl);
+    QString damage;
+    try {
+        return Database::open(url);
+    } catch (const DamagedArchive& error) {
+        if (!options.asksWhoSignsIn) throw;
+        damage = error.text();
+    }
+    RestoreWindow window(url, damage);
+    if (window.exec() != QDialog::Accepted) throw SignInCancelled();
+    return Database::open(url);
 }
 
 // Whoever can name the archive and its password holds all that is in it: nothing is given away here.
@@ -44,7 +60,7 @@ Practice::Practice(std::unique_ptr<Database> database, const UserData& user)
     , patients_(*database_, user_.sign()) {}
 
 std::unique_ptr<Practice> Practice::open(const Options& options) {
-    auto database = Database::open(DatabaseUrl::parse(options.databaseUrl));
+    auto database = openDatabase(options);
     if (options.demo) DemoPractice::fill(*database);
     if (!options.forgottenCode.isEmpty()) takePasswordAway(*database, options.forgottenCode);
     const UserData user = whoSignsIn(*database, options);

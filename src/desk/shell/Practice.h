@@ -19,7 +19,8 @@ struct Options;
 /// The data side of the desk: the open database, the user who signed in and what they give access to.
 class Practice {
 public:
-    /// Asks who signs in where that is not clear, or where there is a password. Throws DatabaseError, OptionError when
+    /// Asks who signs in where that is not clear, or where there is a password, and for a copy to restore where the
+    /// archive is damaged. Throws DatabaseError, OptionError when
     /// nobody may sign in under the user code, and SignInCancelled.
     static std::unique_ptr<Practice> open(const Options& options);
 
