@@ -53,7 +53,7 @@ TEST_F(ScenarioDialogsTest, ReportsAQuestionThatNobodyAnswersAndChangesNothing) 
     dialogs.queueAnswer(QStringLiteral("ok"), std::nullopt);
     EXPECT_EQ(dialogs.message(QStringLiteral("Salvare?"), platform::MB_QUESTION, QString()), Answer::No);
     EXPECT_EQ(dialogs.popup({{QStringLiteral("Nuovo")}}), -1);
-    EXPECT_EQ(dialogs.openFile(QStringLiteral("Apri"), QString(), QString()), QString());
+    EXPECT_EQ(dialogs.openFile(QStringLiteral("Apri"), {}, QString()), QString());
     const QStringList expected{QStringLiteral("messaggio senza risposta: Eliminare?"),
                                QStringLiteral("il messaggio offre Sì, No, non «ok»: Salvare?"),
                                QStringLiteral("menu senza scelta: Nuovo"),

@@ -188,7 +188,7 @@ TEST_F(ScenarioRunnerTest, AnswersQuestionsAndHandsOutFilesBesideTheResults) {
     platform::Answer answer = platform::Answer::No;
     commands[QStringLiteral("Chiedi")] = [&] {
         answer = platform::dialogs().message(QStringLiteral("Salvare?"), platform::MB_QUESTION, QString());
-        path = platform::dialogs().openFile(QStringLiteral("Apri"), QString(), QString());
+        path = platform::dialogs().openFile(QStringLiteral("Apri"), {}, QString());
     };
     const Outcome outcome =
         play(QStringLiteral("answer yes\nfile rx/prova.jpg\npress Chiedi\nexpect-message \"Salvare?\""));
