@@ -1,7 +1,10 @@
 #include "platform/DateBox.h"
 
+#include "platform/Regional.h"
+
 #include <QCalendarWidget>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QLocale>
 
 namespace platform {
@@ -20,6 +23,7 @@ DateBox::DateBox(QWidget* parent)
 }
 
 void DateBox::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) completeYear();
     const QString text = event->text();
     if (text.size() == 1 && QStringLiteral("/.- ").contains(text)) {
         // A second digit has already moved on to the next part; one more step would leave it out.
@@ -36,6 +40,17 @@ void DateBox::keyPressEvent(QKeyEvent* event) {
 void DateBox::focusInEvent(QFocusEvent* event) {
     typedInto_ = NoSection;
     QDateEdit::focusInEvent(event);
+}
+
+void DateBox::focusOutEvent(QFocusEvent* event) {
+    completeYear();
+    QDateEdit::focusOutEvent(event);
+}
+
+// Of itself the field would drop a year of two digits and keep the one before.
+void DateBox::completeYear() {
+    if (hasAcceptableInput()) return;
+    if (const auto date = regional().typedDate(lineEdit()->text())) setDate(*date);
 }
 
 void DateBox::nextPart() {

@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -33,6 +34,20 @@ public:
     QSize minimumSizeHint() const override { return QLabel::minimumSizeHint() + QSize(2, 0); }
 };
 
+/// Of itself a button answers Enter only where it may also become the default button of its window.
+class Button : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            click();
+        else
+            QPushButton::keyPressEvent(event);
+    }
+};
+
 /// A control that grows downwards has its caption beside its first line.
 bool growsDown(const QWidget* control) {
     return (control->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag) != 0;
@@ -53,7 +68,7 @@ QDateEdit* dateBox(const QString& name, QWidget* parent) {
 }
 
 QPushButton* button(const QString& name, const QString& caption, QWidget* parent) {
-    auto* made = named(new QPushButton(caption, parent), name);
+    auto* made = named<QPushButton>(new Button(caption, parent), name);
     made->setAccessibleName(spokenName(caption));
     return made;
 }
@@ -95,6 +110,25 @@ QLabel* labelledRow(QGridLayout* grid, int row, int column, const QString& capti
     grid->addWidget(label, row, column, Qt::AlignRight | height);
     grid->addWidget(control, row, column + 1, 1, span);
     return label;
+}
+
+void setNotice(QWidget* field, Notice notice, const QString& toolTip) {
+    const QColor colour = noticeColour(notice);
+    QPalette palette = field->palette();
+    palette.setColor(QPalette::Text, colour.isValid() ? colour : QPalette().color(QPalette::Text));
+    field->setPalette(palette);
+    field->setToolTip(toolTip);
+    field->setAccessibleDescription(toolTip);
+}
+
+void focusNextField(QWidget* field) {
+    for (QWidget* next = field->nextInFocusChain(); next != field; next = next->nextInFocusChain()) {
+        const bool stop = next->isVisible() && next->isEnabled() && (next->focusPolicy() & Qt::TabFocus) != 0;
+        if (!stop || next->focusProxy() || !field->window()->isAncestorOf(next) || qobject_cast<QPushButton*>(next))
+            continue;
+        next->setFocus(Qt::TabFocusReason);
+        return;
+    }
 }
 
 QGroupBox* titledArea(const QString& title, QWidget* parent) {

@@ -1,6 +1,9 @@
 #include "platform/Regional.h"
 
+#include "platform/Clock.h"
+
 #include <QList>
+#include <QRegularExpression>
 #include <QTime>
 #include <QVarLengthArray>
 #include <algorithm>
@@ -235,6 +238,30 @@ std::optional<QDate> Regional::toDate(const QString& text) const {
     if (!year) return std::nullopt;
     const QDate result(*year, part('M').toInt(), part('d').toInt());
     return result.isValid() ? std::optional(result) : std::nullopt;
+}
+
+std::optional<QDate> Regional::typedDate(const QString& text) const {
+    if (const auto date = toDate(text)) return date;
+    QString typed = text.trimmed();
+    // Digits alone are parted as the short date has them; a year that is left out is the present one.
+    const QString order = orderOfParts(shortDateFormat_);
+    if (order.size() != 3) return std::nullopt;
+    if (areDigits(typed) && (typed.size() == 6 || typed.size() == 8)) {
+        const qsizetype yearDigits = typed.size() - 4;
+        qsizetype at = 0;
+        for (const QChar letter : order.left(2)) {
+            at += letter == QLatin1Char('y') ? yearDigits : 2;
+            typed.insert(at++, QLatin1Char('/'));
+        }
+        return toDate(typed);
+    }
+    static const QRegularExpression dayAndMonth(QStringLiteral("^(\\d{1,2})[/.-](\\d{1,2})$"));
+    const QRegularExpressionMatch parts = dayAndMonth.match(typed);
+    if (!parts.hasMatch()) return std::nullopt;
+    const bool dayFirst = order.indexOf(QLatin1Char('d')) < order.indexOf(QLatin1Char('M'));
+    const QDate date(today().year(), parts.captured(dayFirst ? 2 : 1).toInt(),
+                     parts.captured(dayFirst ? 1 : 2).toInt());
+    return date.isValid() ? std::optional(date) : std::nullopt;
 }
 
 namespace {

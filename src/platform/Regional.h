@@ -30,6 +30,10 @@ public:
     std::optional<QDate>
     toDate(const QString& text) const; ///< Accepts one-digit days and months and, after the date, a time.
 
+    /// A date as people type it into a field: besides what `toDate` reads, "020326" and "02032026", and "2/3" of the
+    /// present year.
+    std::optional<QDate> typedDate(const QString& text) const;
+
     QChar decimalMark() const { return decimalMark_; }
     const QString& shortDateFormat() const { return shortDateFormat_; }
 

@@ -84,7 +84,10 @@ ReportCellPainter::ReportCellPainter(const ReportColours& colours, const QWidget
     , plain_(widget.font())
     , bold_(bolder(widget.font())) {}
 
-QColor ReportCellPainter::ground(const QColor& own, const ReportCellState& state) const {
+QColor ReportCellPainter::ground(const ReportCellStyle& style, const ReportCellState& state) const {
+    // Under a text in the colour of a notice the cell's own colour gives way, or the text could not be read.
+    const bool pale = style.background.isValid() && noticeColour(style.notice).isValid();
+    const QColor own = pale ? mixed(style.background, colours_.plain, 65) : style.background;
     const QColor base = own.isValid() ? own : (state.shaded ? colours_.shaded : colours_.plain);
     if (!state.selected) return base;
     // A colour of the cell's own carries a meaning: the selection may only touch it.
@@ -95,7 +98,7 @@ QColor ReportCellPainter::ground(const QColor& own, const ReportCellState& state
 void ReportCellPainter::cell(QPainter& painter, const QRect& area, const ReportCell& cell,
                              const ReportCellState& state) const {
     const ReportCellStyle& style = cell.style();
-    painter.fillRect(area, ground(style.background, state));
+    painter.fillRect(area, ground(style, state));
     const ReportCellParts parts(cell, area, state.indent, state.focused && !style.choices.isEmpty());
     if (!parts.check.isNull()) {
         QStyleOptionButton option;
@@ -111,6 +114,11 @@ void ReportCellPainter::cell(QPainter& painter, const QRect& area, const ReportC
     if (!parts.list.isNull()) triangle(painter, parts.list, true);
     painter.fillRect(area.right(), area.top(), 1, area.height(), colours_.line);
     frame(painter, area, state);
+    if (const QColor notice = noticeColour(style.notice); notice.isValid()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(notice);
+        painter.drawRect(area.adjusted(1, 1, -3, -3));
+    }
 }
 
 void ReportCellPainter::text(QPainter& painter, const QRect& area, const ReportCell& cell,

@@ -58,7 +58,7 @@ public:
     void rest(QPainter& painter, const QRect& area, const ReportCellState& state) const; ///< Right of the last column.
 
 private:
-    QColor ground(const QColor& own, const ReportCellState& state) const;
+    QColor ground(const ReportCellStyle& style, const ReportCellState& state) const;
     void text(QPainter& painter, const QRect& area, const ReportCell& cell, const ReportCellState& state) const;
     void button(QPainter& painter, const QRect& area) const;
     void frame(QPainter& painter, const QRect& area, const ReportCellState& state) const;

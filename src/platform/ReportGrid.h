@@ -59,6 +59,7 @@ public:
     QList<ReportRecord*> selectedRecords() const;
     void editCell(ReportRecord* record, int column); ///< Starts the edit in that cell.
     bool isEditing() const;
+    void finishEdit(); ///< Commits the edit that is open, with its handlers, before whatever comes next.
     /// Types a text into the cell as a person would: edit, replace, commit. False when the cell cannot be edited.
     bool enterText(int row, int column, const QString& text);
     bool setChecked(int row, int column, bool checked);

@@ -5,6 +5,7 @@
 #include "platform/ReportTreeView.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
@@ -40,6 +41,18 @@ protected:
 private:
     bool stepping_ = false;
 };
+
+namespace {
+
+/// Keys of the window or of the grid; F2 starts an edit and has no meaning within one.
+bool isCommand(const QKeyEvent& key) {
+    const auto held = key.modifiers() & ~Qt::KeypadModifier;
+    const bool function = key.key() >= Qt::Key_F3 && key.key() <= Qt::Key_F12;
+    const bool upOrDown = key.key() == Qt::Key_Up || key.key() == Qt::Key_Down;
+    return (function && held == Qt::NoModifier) || (upOrDown && held == (Qt::ControlModifier | Qt::AltModifier));
+}
+
+} // namespace
 
 ReportGridDelegate::ReportGridDelegate(ReportGridModel& model, QObject* parent)
     : QStyledItemDelegate(parent)
@@ -86,14 +99,25 @@ void ReportGridDelegate::finish(QWidget* editor) const {
     if (open) emit self->closeEditor(editor, NoHint);
 }
 
+// A command works on what the cell holds, so the edit ends first; the key then goes the way it takes without an edit.
+void ReportGridDelegate::passOn(QWidget* editor, const QKeyEvent& key) const {
+    const QPointer<QObject> view(parent());
+    finish(editor);
+    QKeyEvent passed(key.type(), key.key(), key.modifiers(), key.text());
+    if (view) QCoreApplication::sendEvent(view, &passed);
+}
+
 void ReportGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
     const QString value = model_.cellAt(index).value;
-    if (auto* list = qobject_cast<QComboBox*>(editor)) {
+    auto* list = qobject_cast<QComboBox*>(editor);
+    auto* line = list ? list->lineEdit() : qobject_cast<QLineEdit*>(editor);
+    if (!line || line->isModified()) return; // shown anew meanwhile: what is being typed stays
+    if (list) {
         list->setCurrentIndex(list->findText(value));
         list->setEditText(value);
         // Selected from the end, so that the start of a long name stays in sight.
-        list->lineEdit()->setSelection(static_cast<int>(value.size()), -static_cast<int>(value.size()));
-    } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+        line->setSelection(static_cast<int>(value.size()), -static_cast<int>(value.size()));
+    } else {
         line->setText(value);
     }
 }
@@ -147,6 +171,10 @@ bool ReportGridDelegate::eventFilter(QObject* object, QEvent* event) {
         }
         if (key == Qt::Key_Escape) {
             emit closeEditor(editor, RevertModelCache);
+            return true;
+        }
+        if (isCommand(*static_cast<QKeyEvent*>(event))) {
+            passOn(editor, *static_cast<QKeyEvent*>(event));
             return true;
         }
     }

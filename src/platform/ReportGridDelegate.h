@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QStyledItemDelegate>
 
+class QKeyEvent;
+
 namespace platform {
 
 class ReportGridModel;
@@ -40,6 +42,7 @@ protected:
 private:
     QWidget* createList(QWidget* parent, const QModelIndex& index) const;
     void finish(QWidget* editor) const;
+    void passOn(QWidget* editor, const QKeyEvent& key) const;
 
     ReportGridModel& model_;
     mutable QPointer<QWidget> editor_;

@@ -151,10 +151,11 @@ QVariant ReportGridModel::look(const ReportCell& cell, int column, int role) con
         return style.background.isValid() ? QVariant(style.background) : QVariant();
     case Qt::ForegroundRole:
         return style.foreground.isValid() ? QVariant(style.foreground) : QVariant();
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
+        return style.tooltip.isEmpty() ? QVariant() : QVariant(style.tooltip);
     case Qt::DecorationRole:
         return style.icon.isNull() ? QVariant() : QVariant(style.icon);
-    case Qt::ToolTipRole:
-        return style.tooltip.isEmpty() ? QVariant() : QVariant(style.tooltip);
     case Qt::FontRole: {
         if (!style.bold) return {};
         QFont bold;

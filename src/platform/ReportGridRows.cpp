@@ -118,6 +118,10 @@ bool ReportGrid::isEditing() const {
     return parts_->view->isEditing();
 }
 
+void ReportGrid::finishEdit() {
+    parts_->view->finishEdit();
+}
+
 bool ReportGrid::enterText(int row, int column, const QString& text) {
     const QModelIndex index = parts_->view->displayedRow(row);
     return column >= 0 && column < columnCount() && parts_->view->typeText(index.siblingAtColumn(column), text);

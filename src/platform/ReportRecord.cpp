@@ -23,6 +23,14 @@ void ReportCell::setBold(bool bold) {
     if (style().bold != bold) changeStyle().bold = bold;
 }
 
+void ReportCell::setNotice(Notice notice, const QString& toolTip) {
+    if (style().notice == notice && style().tooltip == toolTip) return;
+    ReportCellStyle& look = changeStyle();
+    look.notice = notice;
+    look.tooltip = toolTip;
+    look.foreground = noticeColour(notice);
+}
+
 void ReportCell::setCheckBox(bool checked, bool editable) {
     ReportCellStyle& look = changeStyle();
     look.hasCheckBox = true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Notice.h"
+
 #include <QColor>
 #include <QIcon>
 #include <QList>
@@ -22,8 +24,9 @@ struct ReportCellStyle {
     bool editable = true;  ///< False locks the cell in an editable column.
     bool button = false;   ///< Shows the in-cell button.
     int mergedColumns = 1; ///< Columns that the cell covers, itself included.
-    QString tooltip;       ///< Plain text; where there is none, a text that does not fit is shown whole.
+    QString tooltip;       ///< Plain text; under the whole text of the cell where that does not fit.
     QStringList choices;   ///< In-cell list; empty for none. Other texts can be typed too.
+    Notice notice = Notice::None;
 };
 
 /// One cell: the text shown and a hidden tag beside it.
@@ -37,6 +40,7 @@ public:
 
     void setBackground(const QColor& colour) { changeStyle().background = colour; }
     void setBold(bool bold);
+    void setNotice(Notice notice, const QString& toolTip = QString()); ///< None takes it away.
     bool isChecked() const { return style().checked; }
     void setCheckBox(bool checked, bool editable = true);
 

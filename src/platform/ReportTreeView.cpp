@@ -257,8 +257,10 @@ bool ReportTreeView::viewportEvent(QEvent* event) {
     const ReportCell& cell = model_.cellAt(at);
     const bool clipped = at.isValid() && (fontMetrics().horizontalAdvance(cell.value) > partsOf(at).text.width() ||
                                           cell.value.contains(QLatin1Char('\n')));
-    const QString own = at.isValid() ? cell.style().tooltip : QString();
-    const QString& shown = own.isEmpty() && clipped ? cell.value : own;
+    QStringList lines;
+    if (clipped) lines << cell.value;
+    if (at.isValid() && !cell.style().tooltip.isEmpty()) lines << cell.style().tooltip;
+    const QString shown = lines.join(QLatin1Char('\n'));
     // What a person wrote is never markup.
     const bool isMarkup = Qt::mightBeRichText(shown);
     QToolTip::showText(help->globalPos(), isMarkup ? Qt::convertFromPlainText(shown) : shown, viewport());

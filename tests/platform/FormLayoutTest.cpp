@@ -3,10 +3,12 @@
 
 #include <QApplication>
 #include <QDateEdit>
+#include <QDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -50,6 +52,43 @@ TEST(FormLayout, DateBoxReadsItalianDatesWhateverTheProcessSpeaks) {
         QTest::keyClick(box, Qt::Key_Return);
         EXPECT_EQ(box->text(), u8("05/01/2027")) << typed;
     }
+    // A year of two digits, and none at all.
+    QLineEdit* next = form::textBox(u8("tbDati"), &window);
+    next->show();
+    for (const auto& [typed, read] :
+         {std::pair("050127", "05/01/2027"), std::pair("5/1/27", "05/01/2027"), std::pair("5/1", "05/01/2026")}) {
+        for (const bool byTab : {false, true}) {
+            box->setFocus();
+            box->setDate(QDate(2026, 11, 22));
+            box->setSelectedSection(QDateTimeEdit::DaySection);
+            QTest::keyClicks(box, u8(typed));
+            byTab ? next->setFocus() : QTest::keyClick(box, Qt::Key_Return);
+            EXPECT_EQ(box->text(), u8(read)) << typed << byTab;
+        }
+    }
+}
+
+TEST(FormLayout, EnterPressesTheButtonThatHasTheFocusAndNoOther) {
+    QDialog window;
+    auto* row = new QHBoxLayout(&window);
+    auto* field = form::textBox(u8("tbDati"), &window);
+    auto* confirm = form::button(u8("cbConferma"), u8("Conferma"), &window);
+    auto* off = form::button(u8("cbAnnulla"), u8("Annulla"), &window);
+    for (QWidget* each : {static_cast<QWidget*>(field), static_cast<QWidget*>(confirm), static_cast<QWidget*>(off)})
+        row->addWidget(each);
+    for (QPushButton* each : {confirm, off})
+        each->setAutoDefault(false);
+    off->setEnabled(false);
+    QSignalSpy pressed(confirm, &QPushButton::clicked);
+    QSignalSpy never(off, &QPushButton::clicked);
+    window.show();
+    for (QWidget* each : {static_cast<QWidget*>(field), static_cast<QWidget*>(confirm), static_cast<QWidget*>(off)}) {
+        QTest::keyClick(each, Qt::Key_Return);
+        QTest::keyClick(each, Qt::Key_Enter);
+    }
+    EXPECT_EQ(pressed.count(), 2);
+    EXPECT_EQ(never.count(), 0);
+    EXPECT_TRUE(window.isVisible());
 }
 
 TEST(FormLayout, ShortButtonsShareOneWidthAndNoneIsClipped) {

@@ -1,5 +1,5 @@
-#include "platform/Clock.h"
 #include "platform/Regional.h"
+#include "platform/Clock.h"
 #include "support/Text.h"
 
 #include <cmath>
@@ -143,6 +143,37 @@ TEST(Regional, ReadsDatesOfEveryStoredForm) {
     }
     EXPECT_EQ(regional().shortDate(second), u8("01/02/2026"));
     EXPECT_EQ(regional().shortDate(QDate()), QString());
+}
+
+TEST(Regional, ReadsDatesAsPeopleTypeThem) {
+    platform::setClock(QDateTime(QDate(2026, 3, 10), QTime(9, 30)));
+    const QDate second(2026, 3, 2);
+    const struct {
+        const char* text;
+        std::optional<QDate> date;
+    } cases[] = {
+        {"2/3/2026", second},
+        {"020326", second},
+        {"02032026", second},
+        {" 2/3 ", second},
+        {"2.3", second},
+        {"02-03", second},
+        {"29/2", {}},
+        {"320126", {}},
+        {"2032026", {}},
+        {"0203", {}},
+        {"2/3/", {}},
+        {"domani", {}},
+        {"", {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(regional().typedDate(u8(c.text)), c.date);
+    }
+    const platform::ScopedRegional american(Regional(QLatin1Char('.'), QLatin1Char(','), u8("MM/dd/yyyy")));
+    for (const char* text : {"030226", "03022026", "3/2"})
+        EXPECT_EQ(regional().typedDate(u8(text)), second) << text;
+    platform::releaseClock();
 }
 
 TEST(Regional, OtherSettingsHoldForTheirScopeOnly) {

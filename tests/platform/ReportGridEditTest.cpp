@@ -103,6 +103,39 @@ TEST_F(GridTest, EnterInTheEditorReachesNeitherTheWindowNorTheCommandsOfTheGrid)
     EXPECT_EQ(keys, list({"Down"}));
 }
 
+TEST_F(GridTest, ACommandKeyEndsTheEditFirstAndThenGoesItsWay) {
+    show(list({"A", "B"}), true);
+    grid.setEditMode(true, true);
+    ReportRecord* record = add({});
+    record->cell(1).changeStyle().choices = list({"Protesi"});
+    add({});
+    QStringList course;
+    QObject::connect(&grid, &ReportGrid::valueChanged, &grid,
+                     [&](ReportRecord* changed, int column) { course << changed->cell(column).value; });
+    QObject::connect(&grid, &ReportGrid::keyPressed, &grid, [&](QKeyEvent* event) {
+        course << QKeySequence(event->keyCombination()).toString();
+        event->accept();
+    });
+    const auto ctrlAlt = Qt::ControlModifier | Qt::AltModifier;
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {{Qt::Key_F4, {}}, {Qt::Key_Down, ctrlAlt}};
+    for (const auto& [key, modifiers] : keys) {
+        for (int column : {0, 1}) {
+            course.clear();
+            record->cell(column).value.clear();
+            grid.editCell(record, column);
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
+            QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+            EXPECT_EQ(course, (QStringList{QStringLiteral("x"), QKeySequence(modifiers | key).toString()}));
+            EXPECT_FALSE(grid.isEditing());
+        }
+    }
+    grid.editCell(record, 0);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("y"));
+    grid.populate(); // shown anew under the open edit
+    grid.finishEdit();
+    EXPECT_EQ(course.last(), QStringLiteral("y"));
+}
+
 TEST_F(GridTest, LockedReadOnlyAndCoveredCellsRefuseTheEdit) {
     show(list({"A", "B", "C"}), true);
     ReportRecord* record = add(list({"x", "y", "z"}));
