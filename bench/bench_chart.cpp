@@ -34,7 +34,7 @@ QList<RigoGrafico> rows(int count) {
     QList<RigoGrafico> rows;
     for (int row = 0; row < count; ++row) {
         const bool started = row % 3 > 0;
-        rows.append({DenteDaIndice(row % 32), QString(), services[row % services.size()], QStringLiteral("Lavoro"),
+        rows.append({ToothList({DenteDaIndice(row % 32)}), services[row % services.size()], QStringLiteral("Lavoro"),
                      started ? QStringLiteral("01/03/2025") : QString(),
                      row % 3 > 1 ? QStringLiteral("09/03/2025") : QString()});
     }

@@ -11,6 +11,11 @@ const clsItemServizio* servizio(const QString& id) {
 
 } // namespace
 
+QString CodiceServizio(const QString& id) {
+    const clsItemServizio* item = servizio(id.trimmed());
+    return item == nullptr ? QString() : item->ID;
+}
+
 bool ServizioInEvidenza(const QString& id, QString& breve) {
     const clsItemServizio* item = servizio(id);
     breve = item == nullptr ? QString() : item->breve;

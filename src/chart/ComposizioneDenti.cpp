@@ -37,11 +37,6 @@ bool firstTime(const QString& servizio, QString& seen) {
 
 } // namespace
 
-QStringList RigoGrafico::teeth() const {
-    const QString& elenco = dente == QLatin1String("+") ? denti : dente;
-    return elenco.isEmpty() ? QStringList() : elenco.split(ENTRIES);
-}
-
 QString DenteComposto::statusTag() const {
     return stato == StatoDente::Nessuno ? QString() : QChar(static_cast<char16_t>(stato)) + servizioStato;
 }
@@ -127,8 +122,7 @@ void ComposizioneDenti::composeServices(const QList<RigoGrafico>& righi) {
 
 void ComposizioneDenti::addLayers(const RigoGrafico& rigo) {
     phase_ = QStringLiteral("step 5.a");
-    const QStringList teeth = rigo.teeth();
-    for (const QString& dente : teeth) {
+    for (const QString& dente : rigo.teeth.entries()) {
         DenteComposto* tooth = toothNamed(dente);
         if (tooth == nullptr) continue;
         StratoDente layer;
@@ -175,8 +169,7 @@ void ComposizioneDenti::composeMarks(const QList<RigoGrafico>& righi) {
         tooth.immagineStato.clear();
     }
     for (const RigoGrafico& rigo : righi) {
-        const QStringList teeth = rigo.teeth();
-        for (const QString& dente : teeth)
+        for (const QString& dente : rigo.teeth.entries())
             if (DenteComposto* tooth = toothNamed(dente)) mark(*tooth, rigo);
     }
     for (DenteComposto& tooth : teeth_) {

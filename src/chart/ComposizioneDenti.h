@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chart/ToothList.h"
 #include "chart/modDenti.h"
 
 #include <QList>
@@ -8,16 +9,14 @@
 
 class clsGraphical;
 
-/// One row of a plan, as its grid shows it: `dente` a tooth, a list of teeth or "+", and then `denti` the list.
+/// One row of a plan, as its grid shows it.
 struct RigoGrafico {
-    QString dente;
-    QString denti;
+    ToothList teeth;
     QString servizio;
     QString descrizione;
     QString inizio;
     QString fine;
 
-    QStringList teeth() const;
     bool isFinished() const { return !inizio.isEmpty() && !fine.isEmpty(); }
     bool isOpen() const { return !inizio.isEmpty() && fine.isEmpty(); }
 };

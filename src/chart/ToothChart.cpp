@@ -3,6 +3,7 @@
 #include "chart/ComposizioneDenti.h"
 #include "chart/StatusMark.h"
 #include "chart/ToothBox.h"
+#include "chart/ToothList.h"
 #include "platform/FormLayout.h"
 
 #include <QAccessible>
@@ -138,7 +139,7 @@ void ToothChart::setComposition(const ComposizioneDenti& composition) {
 }
 
 void ToothChart::setSelection(const QString& denti) {
-    const QStringList teeth = DentiDaSelezione(denti);
+    const ToothList teeth = ToothList::fromSelection(denti);
     for (int indice = 0; indice < NUMERO_DENTI; ++indice)
         box(indice)->setMarked(teeth.contains(DenteDaIndice(indice)));
     if (hasFocus()) tellCurrent();

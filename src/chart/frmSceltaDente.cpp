@@ -1,5 +1,6 @@
 #include "chart/frmSceltaDente.h"
 
+#include "chart/ToothList.h"
 #include "chart/ToothPicture.h"
 #include "chart/clsGraphical.h"
 #include "host/context.h"
@@ -182,8 +183,8 @@ void frmSceltaDente::buildButtons() {
 }
 
 void frmSceltaDente::setSelezione(const QString& selezione) {
-    const QStringList teeth = DentiDaSelezione(selezione);
-    for (const QString& dente : teeth) {
+    const ToothList teeth = ToothList::fromSelection(selezione);
+    for (const QString& dente : teeth.entries()) {
         const int indice = IndiceDaDente(dente);
         if (indice >= 0) cbTooth_[static_cast<std::size_t>(indice)]->setChecked(true);
     }

@@ -1,5 +1,6 @@
 #include "chart/modDenti.h"
 
+#include <QStringList>
 #include <array>
 
 namespace {
@@ -18,7 +19,6 @@ constexpr std::array<Dente, NUMERO_DENTI> DENTI{{
 }};
 
 constexpr QChar SEPARATORE = u';';
-constexpr QChar PIU_DENTI = u'+';
 
 bool esiste(int indice) {
     return indice >= 0 && indice < NUMERO_DENTI;
@@ -67,32 +67,6 @@ qint16 IndiceDaDente(const QString& testo) {
 
 QString IndiciDaDenti(const QString& denti) {
     return perOgniVoce(denti, [](const QString& voce) { return QString::number(IndiceDaDente(voce)); });
-}
-
-QStringList DentiDaSelezione(const QString& selezione) {
-    const QString elenco = selezione.startsWith(PIU_DENTI) ? selezione.mid(1) : selezione;
-    return elenco.isEmpty() ? QStringList() : elenco.split(SEPARATORE);
-}
-
-QString SelezioneDaDenti(const QStringList& denti) {
-    const QString elenco = denti.join(SEPARATORE);
-    return denti.size() > 1 ? PIU_DENTI + elenco : elenco;
-}
-
-DentiMemorizzati DentiDaMemorizzare(const QString& selezione) {
-    if (selezione.startsWith(PIU_DENTI)) return {QString(PIU_DENTI), IndiciDaDenti(selezione.mid(1))};
-    const qint16 indice = IndiceDaDente(selezione);
-    if (indice < 0) return {}; // a tooth that there is not is stored as none
-    return {QString::number(indice), QString()};
-}
-
-QString SelezioneDaMemoria(const QString& dente, const QString& denti) {
-    return dente == PIU_DENTI ? PIU_DENTI + DentiDaIndici(denti) : DenteDaIndice(indiceDaTesto(dente));
-}
-
-QString EtichettaDenti(const QString& selezione) {
-    if (selezione.startsWith(PIU_DENTI)) return QStringLiteral("Denti ") + selezione.mid(1);
-    return selezione.isEmpty() ? QString() : QStringLiteral("Dente ") + selezione;
 }
 
 bool DenteSuperiore(int indice) {

@@ -1,5 +1,6 @@
 #include "chart/modSceltaDenti.h"
 
+#include "chart/ToothList.h"
 #include "chart/frmSceltaDente.h"
 
 #include <QApplication>
@@ -10,7 +11,7 @@ bool ScegliDenti(QString& selezione, qint16& quanti) {
     window.exec();
     if (!window.confirmed()) return false;
     const QStringList teeth = window.teeth();
-    selezione = SelezioneDaDenti(teeth);
+    selezione = ToothList(teeth).selection();
     quanti = static_cast<qint16>(teeth.size());
     return true;
 }

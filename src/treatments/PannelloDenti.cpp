@@ -83,13 +83,16 @@ void PannelloDenti::clicDente(int indice) {
 }
 
 void PannelloDenti::menuDente(int indice) {
-    QStringList voci{QStringLiteral("Informazioni"), QStringLiteral("-------------------")};
-    for (const QString& id : SITUAZIONI_DEL_MENU)
-        voci << (NomeSituazioneDente(id).isEmpty() ? id : NomeSituazioneDente(id));
     if (!oHost) return; // the module may have ended under the window
+    QStringList voci{QStringLiteral("Informazioni")};
+    if (!solaLettura_) {
+        voci << QStringLiteral("-------------------");
+        for (const QString& id : SITUAZIONI_DEL_MENU)
+            voci << (NomeSituazioneDente(id).isEmpty() ? id : NomeSituazioneDente(id));
+    }
     const int scelta = oHost->Framework().Popup(voci);
     if (scelta == INFORMAZIONI) emit informazioniChieste(indice);
-    if (scelta < PRIMA_SITUAZIONE || solaLettura_) return;
+    if (scelta < PRIMA_SITUAZIONE) return;
     const QString situazione = SITUAZIONI_DEL_MENU.value(scelta - PRIMA_SITUAZIONE);
     const QString testo = voce(indice).section(QLatin1Char(':'), 2);
     applica(indice, QString::number(indice) + QLatin1Char(':') + situazione + QLatin1Char(':') + testo);

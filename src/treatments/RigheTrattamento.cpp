@@ -98,11 +98,7 @@ void RigheTrattamento::collega() {
         connect(cbRighi_[i], &QPushButton::clicked, this, [this, i] { arma(static_cast<Comando>(i)); });
     }
     connect(tmRighi_, &QTimer::timeout, this, [this] { esegui(comandoArmato_); });
-    connect(tmSetFocusOnRow_, &QTimer::timeout, this, [this] {
-        if (rigoDaFocalizzare_ < 0 || rigoDaFocalizzare_ >= rcRighi_->recordCount()) return;
-        rcRighi_->setFocus();
-        rcRighi_->setFocusedRecord(rcRighi_->record(rigoDaFocalizzare_));
-    });
+    connect(tmSetFocusOnRow_, &QTimer::timeout, this, &RigheTrattamento::riprendeFuoco);
     connect(rcRighi_, &ReportGrid::valueChanged, this, &RigheTrattamento::cellaCambiata);
     connect(rcRighi_, &ReportGrid::keyPressed, this, &RigheTrattamento::tasto);
     connect(rcRighi_, &ReportGrid::rowDoubleClicked, this, &RigheTrattamento::doppioClic);
@@ -110,8 +106,9 @@ void RigheTrattamento::collega() {
     connect(rcRighi_, &ReportGrid::inplaceButton, this, [this](platform::ReportRecord* record, int colonna) {
         if (colonna == DENTE) scegliDenti(record);
     });
-    connect(rcRighi_, &ReportGrid::focusedRecordChanged, this,
-            [this](platform::ReportRecord* record) { emit rigoScelto(record ? denti(*record) : QString()); });
+    connect(rcRighi_, &ReportGrid::focusedRecordChanged, this, [this](platform::ReportRecord* record) {
+        emit rigoScelto(record ? denti(*record).selection() : QString());
+    });
 }
 
 // --------------------------------------------------------------------------------------------------------- the rows
@@ -179,7 +176,7 @@ void RigheTrattamento::rinumera() {
 void RigheTrattamento::evidenzia(const QString& dente) {
     for (int i = 0; i < rcRighi_->recordCount(); ++i) {
         platform::ReportRecord& record = *rcRighi_->record(i);
-        const bool sua = !dente.isEmpty() && tocca(record, dente);
+        const bool sua = !dente.isEmpty() && denti(record).contains(dente);
         for (int cella = NUMERO; cella <= NOTE; ++cella)
             record.cell(cella).setBold(sua);
         if (!sua) dipingi(record);
@@ -196,11 +193,11 @@ QString RigheTrattamento::dentiDelServizio(const QString& servizio) const {
     QStringList scelti;
     for (const RigoGrafico& rigo : perIlDisegno()) {
         if (rigo.servizio != servizio) continue;
-        for (const QString& dente : rigo.teeth()) {
+        for (const QString& dente : rigo.teeth.entries()) {
             if (!dente.isEmpty() && !scelti.contains(dente)) scelti << dente;
         }
     }
-    return SelezioneDaDenti(scelti);
+    return ToothList(scelti).selection();
 }
 
 // ------------------------------------------------------------------------------------------------------ the commands
@@ -214,8 +211,13 @@ void RigheTrattamento::premi(Comando comando) {
     if (cbRighi_[comando]->isEnabled()) cbRighi_[comando]->click();
 }
 
+void RigheTrattamento::concludiModifica() {
+    rcRighi_->finishEdit();
+}
+
 void RigheTrattamento::esegui(int comando) {
     comandoArmato_ = -1;
+    concludiModifica(); // a command works on what was typed
     if (comando == NUOVO && !solaLettura_) nuovoRigo();
     if (comando == MODIFICA) modificaRigo(rcRighi_->focusedRecord());
     if (comando == ELIMINA && !solaLettura_) eliminaRigo();
@@ -260,11 +262,11 @@ bool RigheTrattamento::modificaRigo(platform::ReportRecord* record) {
     if (!record) return false;
     clsItemRigoTrattamento rigo = leggi(*record, posizione(record) + 1);
     if (!ModificaRigoTrattamento(rigo, solaLettura_)) return false;
-    mostra(rigo, *record);
+    aggiorna(rigo, *record);
     dipingi(*record);
     rcRighi_->refreshRecord(record);
     emit cambiati();
-    emit rigoScelto(denti(*record));
+    emit rigoScelto(denti(*record).selection());
     return true;
 }
 

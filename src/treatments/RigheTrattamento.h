@@ -40,6 +40,7 @@ public:
 
     /// Runs a command through the timer tmRighi, after the event at hand has ended.
     void arma(Comando comando);
+    void concludiModifica();     ///< Ends the edit in a cell with all that follows from it.
     void premi(Comando comando); ///< As a click on its button: nothing when that is disabled.
 
     /// Shows the rows of a tooth bold; empty ends it.
@@ -75,9 +76,9 @@ private:
     void servizioScritto(platform::ReportRecord& record, int colonna);
     void cercaServizio(platform::ReportRecord& record);
     void applicaServizio(platform::ReportRecord& record);
-    void dataScritta(platform::ReportRecord& record, int colonna);
     void scegliDenti(platform::ReportRecord* record);
     void tornaAlRigo(platform::ReportRecord* record);
+    void riprendeFuoco();
     int posizione(const platform::ReportRecord* record) const;
 
     platform::ReportGrid* rcRighi_ = nullptr;

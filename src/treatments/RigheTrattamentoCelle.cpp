@@ -5,13 +5,13 @@
 #include "catalogues/modServizi.h"
 #include "chart/modSceltaDenti.h"
 #include "host/context.h"
-#include "platform/Regional.h"
 #include "platform/ReportGrid.h"
 #include "store/modUtenti.h"
 #include "treatments/RigheTrattamento.h"
 #include "treatments/RigoInGriglia.h"
 
 #include <QTimer>
+#include <utility>
 
 using namespace rigogriglia;
 
@@ -28,9 +28,8 @@ QString senzaDomanda(QString testo) {
 void RigheTrattamento::cellaCambiata(platform::ReportRecord* record, int colonna) {
     switch (colonna) {
     case DENTE:
-        // A list may be typed as the picker writes it.
-        if (record->cell(DENTE).value != QLatin1String("+")) metteDenti(*record, record->cell(DENTE).value.trimmed());
-        emit rigoScelto(denti(*record));
+        leggiDenti(*record);
+        emit rigoScelto(denti(*record).selection());
         break;
     case SERVIZIO:
     case DESCRIZIONE:
@@ -38,7 +37,7 @@ void RigheTrattamento::cellaCambiata(platform::ReportRecord* record, int colonna
         break;
     case INIZIO:
     case FINE:
-        dataScritta(*record, colonna);
+        leggiData(*record, colonna);
         break;
     case RAGGRUPPAMENTO:
         record->cell(RAGGRUPPAMENTO).tag = CodiceRaggrMerc(record->cell(RAGGRUPPAMENTO).value);
@@ -77,33 +76,28 @@ void RigheTrattamento::cercaServizio(platform::ReportRecord& record) {
 }
 
 void RigheTrattamento::applicaServizio(platform::ReportRecord& record) {
-    const QString& codice = record.cell(SERVIZIO).value;
-    const clsItemServizio* servizio = codice.isEmpty() ? nullptr : oServizi->Carica(codice);
+    platform::ReportCell& scritto = record.cell(SERVIZIO);
+    const clsItemServizio* servizio = oServizi->Carica(CodiceServizio(scritto.value));
     if (!servizio) return;
+    scritto.value = servizio->ID;
     platform::ReportCell& descrizione = record.cell(DESCRIZIONE);
     if (descrizione.value.isEmpty() || descrizione.value.contains(CERCA)) descrizione.value = servizio->descrizione;
-    record.cell(RAGGRUPPAMENTO).tag = RaggruppamentoServizio(codice);
+    // The same code in other letters is no other service: the stages of the work stay.
+    if (std::exchange(scritto.tag, servizio->ID) == servizio->ID) return;
+    record.cell(RAGGRUPPAMENTO).tag = RaggruppamentoServizio(servizio->ID);
     record.cell(RAGGRUPPAMENTO).value = DescrizioneRaggrMerc(record.cell(RAGGRUPPAMENTO).tag);
-    record.cell(NOTE).tag = StatusLavoriServizio(codice);
-}
-
-void RigheTrattamento::dataScritta(platform::ReportRecord& record, int colonna) {
-    platform::ReportCell& cella = record.cell(colonna);
-    const QString testo = cella.value.trimmed();
-    const auto scritta = platform::regional().toDate(testo);
-    if (testo.isEmpty())
-        cella.tag.clear();
-    else if (scritta)
-        cella.tag = platform::regional().shortDate(*scritta);
-    cella.value = cella.tag; // a text that is no date leaves the one before
+    record.cell(NOTE).tag = StatusLavoriServizio(servizio->ID);
+    // Priced like a new row; what an invoice has billed keeps its price.
+    if (record.cell(FATTURA).value.isEmpty()) record.cell(FATTURA).tag.clear();
 }
 
 void RigheTrattamento::scegliDenti(platform::ReportRecord* record) {
     if (!record || solaLettura_) return;
-    QString selezione = denti(*record);
+    QString selezione = denti(*record).selection();
     qint16 quanti = 0;
     if (!ScegliDenti(selezione, quanti)) return;
-    metteDenti(*record, selezione);
+    metteDenti(*record, ToothList::fromSelection(selezione));
+    dipingi(*record);
     rcRighi_->refreshRecord(record);
     emit rigoScelto(selezione);
     emit cambiati();
@@ -112,4 +106,13 @@ void RigheTrattamento::scegliDenti(platform::ReportRecord* record) {
 void RigheTrattamento::tornaAlRigo(platform::ReportRecord* record) {
     rigoDaFocalizzare_ = posizione(record);
     tmSetFocusOnRow_->start();
+}
+
+// Meanwhile the user may have gone to another row, cell, field or button, and stays there. A search that has closed
+// leaves the keyboard in the grid, or nowhere.
+void RigheTrattamento::riprendeFuoco() {
+    platform::ReportRecord* rigo = rcRighi_->record(rigoDaFocalizzare_);
+    if (!rigo || rcRighi_->isEditing() || rcRighi_->focusedRecord() != rigo) return;
+    const QWidget* fuoco = window()->focusWidget();
+    if (!fuoco || rcRighi_->isAncestorOf(fuoco)) rcRighi_->setFocus();
 }

@@ -16,10 +16,10 @@ namespace rigogriglia {
 
 enum Cella {
     NUMERO = 0,
-    DENTE = 1, ///< A tooth, or "+" with the list in the tag.
-    SERVIZIO = 2,
+    DENTE = 1,    ///< A tooth, or "+" with the list in the tag.
+    SERVIZIO = 2, ///< Tag: the service of the catalogue that was applied last.
     DESCRIZIONE = 3,
-    INIZIO = 4, ///< The tags of both dates keep the last good one.
+    INIZIO = 4, ///< The tags of both dates keep the last good one, which is the one that counts and is stored.
     FINE = 5,
     RAGGRUPPAMENTO = 6, ///< Tag: code.
     OPERATORE = 7,      ///< Tag: tax code; the same for the assistant.
@@ -41,12 +41,22 @@ void mostra(const clsItemRigoTrattamento& rigo, platform::ReportRecord& record);
 clsItemRigoTrattamento leggi(const platform::ReportRecord& record, int posizione);
 RigoGrafico perIlDisegno(const platform::ReportRecord& record);
 
-/// The teeth of the row as a selection: "1.1" or "+1.1;1.2".
-QString denti(const platform::ReportRecord& record);
-void metteDenti(platform::ReportRecord& record, const QString& selezione);
-bool tocca(const platform::ReportRecord& record, const QString& dente);
+/// The teeth of the row; none while the cell holds a text that could not be read.
+ToothList denti(const platform::ReportRecord& record);
+void metteDenti(platform::ReportRecord& record, const ToothList& denti);
+/// Reads the teeth, or the date, that were typed into the cell; what is none stays in it as typed.
+void leggiDenti(platform::ReportRecord& record);
+void leggiData(platform::ReportRecord& record, int cella);
 
-/// Colours of the dates by the state of the row, highlighted description, rows outside the estimate.
+/// Why the teeth as typed, and as read, will not be stored, or not all of them; empty when they will.
+QString avvisoDenti(const ToothList& denti, const QString& scritto);
+
+/// Shows what the row editor changed. A text in the grid that could not be read stays where the editor left its value
+/// as it was.
+void aggiorna(const clsItemRigoTrattamento& rigo, platform::ReportRecord& record);
+
+/// Colours of the dates by the state of the row, highlighted description, rows outside the estimate; and what the user
+/// should know of a cell: several teeth, texts that are not stored, dates the wrong way round, unknown services.
 void dipingi(platform::ReportRecord& record);
 
 } // namespace rigogriglia

@@ -10,8 +10,5 @@ struct TotaliRighi {
     float daTerminare = 0;
 };
 
-/// Number of teeth that the row's price counts for: those of its list, otherwise one.
-int numeroDenti(const clsItemRigoTrattamento& rigo);
-
 /// Sums the rows that have a service; a row without a price counts with the catalogue's.
 TotaliRighi calcolaTotali(const QList<clsItemRigoTrattamento>& righi);

@@ -48,9 +48,9 @@ QString voceDelDente(const clsItemTrattamento& item, const QString& indice) {
     return {};
 }
 
-/// The marks that part the entries of a plan would tear this one apart, and its neighbours with it.
+/// The mark that parts the entries of a plan would tear this one apart, and its neighbours with it.
 QString senzaSeparatori(QString testo) {
-    return testo.replace(PARTI, QLatin1Char(',')).replace(VOCI, QLatin1Char(',')).simplified();
+    return testo.replace(VOCI, QLatin1Char(',')).simplified();
 }
 
 platform::ReportGrid* elenco(const QString& nome, const QString& accessibile, QWidget* parent) {

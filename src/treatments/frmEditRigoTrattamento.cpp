@@ -3,16 +3,18 @@
 #include "catalogues/clsServizi.h"
 #include "catalogues/modSceltaServizio.h"
 #include "catalogues/modServizi.h"
-#include "chart/modDenti.h"
+#include "chart/ToothList.h"
 #include "chart/modSceltaDenti.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "host/modForm.h"
 #include "platform/Dialogs.h"
+#include "platform/FormLayout.h"
 #include "platform/Regional.h"
 #include "store/modConversioni.h"
 #include "store/modUtenti.h"
 #include "treatments/PannelloStadio.h"
+#include "treatments/RigoInGriglia.h"
 #include "treatments/clsItemRigoTrattamento.h"
 
 #include <QCheckBox>
@@ -24,6 +26,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTimer>
 
 namespace {
@@ -55,6 +58,11 @@ frmEditRigoTrattamento::frmEditRigoTrattamento(QWidget* parent)
     ConservaGeometria(this);
 }
 
+// The field that loses the keyboard with the window has its say while the window is whole.
+frmEditRigoTrattamento::~frmEditRigoTrattamento() {
+    hide();
+}
+
 void frmEditRigoTrattamento::collega() {
     connect(cbAccetta_, &QPushButton::clicked, this, &frmEditRigoTrattamento::accetta);
     connect(cbAnnulla_, &QPushButton::clicked, this, &frmEditRigoTrattamento::reject);
@@ -76,6 +84,9 @@ void frmEditRigoTrattamento::collega() {
     });
     connect(tbDati_[DENTI], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::aggiornaTotale);
     connect(tbTotali_[0], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::aggiornaTotale);
+    connect(tbDati_[SERVIZIO], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::servizioScritto);
+    connect(tbDati_[DENTI], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::dentiScritti);
+    connect(tbTotali_[0], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::prezzoScritto);
     connect(cbDate_[0], &QCheckBox::toggled, this, [this](bool iniziato) {
         if (!iniziato) cbDate_[1]->setChecked(false); // no end without a start
         mostraDate();
@@ -86,6 +97,8 @@ void frmEditRigoTrattamento::collega() {
 // ---------------------------------------------------------------------------------------------- the row in and out
 
 void frmEditRigoTrattamento::carica(const clsItemRigoTrattamento& rigo) {
+    servizio_ = CodiceServizio(rigo.servizio);
+    fatturato_ = !rigo.fattura.isEmpty();
     laProgressivo_->setText(rigo.progressivo);
     tbDati_[SERVIZIO]->setText(rigo.servizio);
     tbDati_[DESCRIZIONE]->setText(rigo.descrizione);
@@ -93,13 +106,16 @@ void frmEditRigoTrattamento::carica(const clsItemRigoTrattamento& rigo) {
     tbDati_[OPERATORE]->setProperty(TAG, rigo.operatore);
     tbDati_[ASSISTENTE]->setText(DescrizioneUtente(rigo.assistente));
     tbDati_[ASSISTENTE]->setProperty(TAG, rigo.assistente);
-    tbDati_[DENTI]->setText(SelezioneDaMemoria(rigo.dente, rigo.denti));
+    tbDati_[DENTI]->setText(ToothList::fromRecord(rigo.dente, rigo.denti).selection());
+    dentiScritti();
     tbNote_->setPlainText(rigo.note);
     CaricaComboRaggrMerc(cbRaggrMerc_, rigo.raggruppamento);
     tbTotali_[0]->setText(importo(static_cast<double>(rigo.prezzo)));
+    prezzoScritto();
     cbFuoriPreventivo_->setChecked(rigo.fuoripreventivo);
     caricaDate(rigo);
     servizioCambiato();
+    avvisaServizio();
     const QList<StadioLavoro> stadi = stadilavoro::leggi(rigo.statuslavori);
     for (std::size_t i = 0; i < pbStatus_.size() && static_cast<qsizetype>(i) < stadi.size(); ++i)
         pbStatus_[i]->setDate(stadi[static_cast<qsizetype>(i)]);
@@ -120,13 +136,15 @@ void frmEditRigoTrattamento::scrivi(clsItemRigoTrattamento& rigo) const {
     const auto giorno = [this](std::size_t i) {
         return cbDate_[i]->isChecked() ? platform::regional().shortDate(dtpData_[i]->date()) : QString();
     };
-    rigo.servizio = tbDati_[SERVIZIO]->text();
+    const QString scritto = tbDati_[SERVIZIO]->text();
+    const QString codice = CodiceServizio(scritto);
+    rigo.servizio = codice.isEmpty() ? scritto : codice;
     rigo.descrizione = tbDati_[DESCRIZIONE]->text();
     rigo.operatore = tbDati_[OPERATORE]->property(TAG).toString();
     rigo.assistente = tbDati_[ASSISTENTE]->property(TAG).toString();
-    const DentiMemorizzati denti = DentiDaMemorizzare(tbDati_[DENTI]->text().trimmed());
-    rigo.dente = denti.dente;
-    rigo.denti = denti.denti;
+    const ToothList denti = ToothList::fromTyped(tbDati_[DENTI]->text()).value_or(ToothList());
+    rigo.dente = denti.dente();
+    rigo.denti = denti.denti();
     rigo.note = tbNote_->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
     // A group that the practice has since struck off its list is no line here, and stays with the row.
     if (cbRaggrMerc_->currentIndex() >= 0)
@@ -152,6 +170,7 @@ bool frmEditRigoTrattamento::accettato() const {
 }
 
 void frmEditRigoTrattamento::accetta() {
+    servizioScritto();
     laOUTB_->setText(QStringLiteral("OK"));
     done(QDialog::Accepted);
 }
@@ -171,6 +190,48 @@ void frmEditRigoTrattamento::servizioCambiato() {
     for (qsizetype i = 0; i < nomi.size(); ++i)
         pbStatus_[static_cast<std::size_t>(i)]->usa(nomi[i]);
     areaStadi_->setVisible(!nomi.isEmpty());
+    const float listino = fatturato_ ? 0.0F : PrezzoServizio(tbDati_[SERVIZIO]->text());
+    tbTotali_[0]->setPlaceholderText(importo(static_cast<double>(listino)));
+    aggiornaTotale();
+}
+
+void frmEditRigoTrattamento::servizioScritto() {
+    const QString codice = CodiceServizio(tbDati_[SERVIZIO]->text());
+    if (!codice.isEmpty()) {
+        const QSignalBlocker stessoServizio(tbDati_[SERVIZIO]); // in other letters, and its stages stay
+        tbDati_[SERVIZIO]->setText(codice);
+    }
+    avvisaServizio();
+    if (codice.isEmpty() || codice == servizio_) return;
+    if (fatturato_)
+        servizio_ = codice;
+    else
+        applicaServizio();
+}
+
+void frmEditRigoTrattamento::avvisaServizio() {
+    const QString scritto = tbDati_[SERVIZIO]->text();
+    const bool ignoto = !scritto.isEmpty() && CodiceServizio(scritto).isEmpty();
+    platform::form::setNotice(tbDati_[SERVIZIO], ignoto ? platform::Notice::Warning : platform::Notice::None,
+                              ignoto ? QStringLiteral("Il servizio non è nel catalogo") : QString());
+}
+
+void frmEditRigoTrattamento::dentiScritti() {
+    const QString scritto = tbDati_[DENTI]->text();
+    const auto letti = ToothList::fromTyped(scritto);
+    if (letti && letti->selection() != scritto) tbDati_[DENTI]->setText(letti->selection());
+    const QString avviso = rigogriglia::avvisoDenti(letti.value_or(ToothList()), scritto.trimmed());
+    platform::form::setNotice(tbDati_[DENTI], avviso.isEmpty() ? platform::Notice::None : platform::Notice::Error,
+                              avviso);
+}
+
+void frmEditRigoTrattamento::prezzoScritto() {
+    const QString scritto = tbTotali_[0]->text();
+    const bool importoLetto = scritto.isEmpty() || platform::regional().toNumber(scritto);
+    // A row without a price of its own has the catalogue's, which then shows through.
+    if (importoLetto && !fatturato_ && CastSingle(scritto) == 0.0F) tbTotali_[0]->clear();
+    platform::form::setNotice(tbTotali_[0], importoLetto ? platform::Notice::None : platform::Notice::Error,
+                              importoLetto ? QString() : QStringLiteral("Non è un importo: non verrà memorizzato"));
 }
 
 void frmEditRigoTrattamento::cercaServizio() {
@@ -184,17 +245,22 @@ void frmEditRigoTrattamento::cercaServizio() {
 
 void frmEditRigoTrattamento::applicaServizio() {
     const QString codice = tbDati_[SERVIZIO]->text();
+    servizio_ = CodiceServizio(codice);
+    avvisaServizio();
     tbTotali_[0]->setText(importo(static_cast<double>(PrezzoServizio(codice))));
     const clsItemServizio* servizio = oServizi->Carica(codice);
     if (servizio && tbDati_[DESCRIZIONE]->text().trimmed().isEmpty())
         tbDati_[DESCRIZIONE]->setText(servizio->descrizione);
     CaricaComboRaggrMerc(cbRaggrMerc_, RaggruppamentoServizio(codice));
+    prezzoScritto();
 }
 
 void frmEditRigoTrattamento::scegliDenti() {
     QString selezione = tbDati_[DENTI]->text();
     qint16 quanti = 0;
-    if (ScegliDenti(selezione, quanti)) tbDati_[DENTI]->setText(selezione);
+    if (!ScegliDenti(selezione, quanti)) return;
+    tbDati_[DENTI]->setText(selezione);
+    dentiScritti();
 }
 
 // miOperatori and miAssistenti: one entry per user of that kind who is still in the practice.
@@ -212,9 +278,13 @@ void frmEditRigoTrattamento::scegliUtente(int tipo, QLineEdit* campo) {
 }
 
 void frmEditRigoTrattamento::aggiornaTotale() {
-    const QString denti = tbDati_[DENTI]->text();
-    const int quanti = denti.startsWith(QLatin1Char('+')) ? static_cast<int>(denti.count(QLatin1Char(';'))) + 1 : 1;
-    tbTotali_[1]->setText(importo(static_cast<double>(CastSingle(tbTotali_[0]->text())) * quanti));
+    const int quanti = ToothList::fromTyped(tbDati_[DENTI]->text()).value_or(ToothList()).factor();
+    tbTotali_[1]->setText(importo(static_cast<double>(prezzo()) * quanti));
+}
+
+float frmEditRigoTrattamento::prezzo() const {
+    const float proprio = CastSingle(tbTotali_[0]->text());
+    return proprio == 0.0F && !fatturato_ ? PrezzoServizio(tbDati_[SERVIZIO]->text()) : proprio;
 }
 
 void frmEditRigoTrattamento::mostraDate() {
@@ -236,7 +306,7 @@ bool frmEditRigoTrattamento::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            focusNextChild();
+            platform::form::focusNextField(static_cast<QWidget*>(watched));
             return true;
         }
     }

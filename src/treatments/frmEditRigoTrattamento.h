@@ -25,6 +25,7 @@ class frmEditRigoTrattamento : public QDialog {
 
 public:
     explicit frmEditRigoTrattamento(QWidget* parent = nullptr);
+    ~frmEditRigoTrattamento() override;
 
     void carica(const clsItemRigoTrattamento& rigo);
     void scrivi(clsItemRigoTrattamento& rigo) const;
@@ -50,11 +51,16 @@ private:
     void accetta();
 
     void servizioCambiato();
+    void servizioScritto();
+    void dentiScritti();
+    void prezzoScritto();
+    float prezzo() const; ///< The catalogue's while the row has none of its own.
     void cercaServizio();
     void applicaServizio();
     void scegliDenti();
     void scegliUtente(int tipo, QLineEdit* campo);
     void aggiornaTotale();
+    void avvisaServizio();
     void mostraDate();
     void caricaDate(const clsItemRigoTrattamento& rigo);
 
@@ -73,6 +79,8 @@ private:
     QPushButton* cbAccetta_ = nullptr;
     QPushButton* cbAnnulla_ = nullptr;
     QTimer* tmCavolo_ = nullptr;
+    QString servizio_;       ///< The service of the catalogue that was applied last.
+    bool fatturato_ = false; ///< An invoiced row keeps its price, even if that is 0.
 };
 
 /// Lets the user edit a row; true when accepted, and the row then holds the new values. Its number, invoice and keys

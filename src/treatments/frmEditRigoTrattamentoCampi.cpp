@@ -66,6 +66,7 @@ void frmEditRigoTrattamento::costruisciCampi() {
     for (QLineEdit* campo : tbDati_) {
         if (campo) campo->installEventFilter(this);
     }
+    tbTotali_[0]->installEventFilter(this);
     tbNote_->viewport()->installEventFilter(this);
 }
 

@@ -239,6 +239,7 @@ void frmEditTrattamento::premiTasto(int indice) {
 void frmEditTrattamento::conferma() {
     bool salvato = false;
     try {
+        righe_->concludiModifica();
         salvato = verifica() && salva();
     } catch (const std::exception& errore) {
         messaggio(QStringLiteral("Attenzione! Riscontrati errori in salvataggio dati trattamento!") + A_CAPO +

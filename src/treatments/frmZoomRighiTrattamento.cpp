@@ -67,7 +67,7 @@ void frmZoomRighiTrattamento::costruisciGriglia() {
     rcRighi_->setEditMode(false, false);
     rcRighi_->setReadOnly(true);
     connect(rcRighi_, &platform::ReportGrid::focusedRecordChanged, this,
-            [this](platform::ReportRecord* rigo) { emit rigoScelto(rigo ? denti(*rigo) : QString()); });
+            [this](platform::ReportRecord* rigo) { emit rigoScelto(rigo ? denti(*rigo).selection() : QString()); });
 }
 
 void frmZoomRighiTrattamento::aggiungi(const platform::ReportRecord& rigo) {
@@ -77,7 +77,9 @@ void frmZoomRighiTrattamento::aggiungi(const platform::ReportRecord& rigo) {
     for (int i = 0; i < rigo.cellCount(); ++i) {
         copia->cell(i).value = rigo.cell(i).value;
         copia->cell(i).tag = rigo.cell(i).tag;
-        copia->cell(i).setBackground(rigo.cell(i).style().background);
+        const platform::ReportCellStyle& aspetto = rigo.cell(i).style();
+        copia->cell(i).setBackground(aspetto.background);
+        copia->cell(i).setNotice(aspetto.notice, aspetto.tooltip);
         if (i == DESCRIZIONE) copia->cell(i).setBold(rigo.cell(i).style().bold);
     }
 }

@@ -8,14 +8,7 @@
 namespace {
 
 RigoGrafico row(const char* tooth, const char* service, const char* start = "", const char* end = "") {
-    const QString dente = u8(tooth);
-    const bool several = dente.startsWith(u'+');
-    return {several ? u8("+") : dente,
-            several ? dente.mid(1) : QString(),
-            u8(service),
-            u8("testo ") + u8(service),
-            u8(start),
-            u8(end)};
+    return {ToothList::fromSelection(u8(tooth)), u8(service), u8("testo ") + u8(service), u8(start), u8(end)};
 }
 
 QString layers(const DenteComposto& tooth) {

@@ -31,26 +31,3 @@ TEST(ModDenti, ListsConvertEntryByEntry) {
     EXPECT_EQ(DentiDaIndici(u8(" 7;52;x;")), u8("1.1;;;")) << "what is no index is not tooth 0";
     EXPECT_EQ(IndiciDaDenti(u8("1.1;9.9")), u8("7;-1"));
 }
-
-TEST(ModDenti, StoredAndDisplayedFormsAreEachOthersReverse) {
-    const struct {
-        const char* selection;
-        const char* dente;
-        const char* denti;
-        const char* label;
-    } cases[] = {
-        {"", "", "", ""},
-        {"1.1", "7", "", "Dente 1.1"},
-        {"+1.1;2.1", "+", "7;8", "Denti 1.1;2.1"},
-        {"+8.5", "+", "51", "Denti 8.5"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.selection);
-        const DentiMemorizzati stored = DentiDaMemorizzare(u8(c.selection));
-        EXPECT_EQ(stored.dente, u8(c.dente));
-        EXPECT_EQ(stored.denti, u8(c.denti));
-        EXPECT_EQ(SelezioneDaMemoria(stored.dente, stored.denti), u8(c.selection));
-        EXPECT_EQ(EtichettaDenti(u8(c.selection)), u8(c.label));
-    }
-    EXPECT_EQ(DentiDaMemorizzare(u8("9.9")).dente, QString()) << "an unknown tooth is stored as none";
-}

@@ -1,9 +1,9 @@
+#include "chart/ToothChart.h"
 #include "chart/ComposizioneDenti.h"
 #include "chart/EvidencePanel.h"
 #include "chart/GraphicFile.h"
 #include "chart/PictureLabel.h"
 #include "chart/ToothBox.h"
-#include "chart/ToothChart.h"
 #include "support/Places.h"
 
 #include <QAccessible>
@@ -33,8 +33,9 @@ TEST(ToothChart, ShowsTheCompositionToothByTooth) {
                           "\" left=\"150\" top=\"300\"/></tooth>"));
     ComposizioneDenti composition(file.graphical());
     composition.composeTeeth(u8("7:3:Carie"));
-    composition.composeServices({{u8("1.1"), {}, u8("A"), {}, {}, {}}});
-    composition.composeMarks({{u8("1.1"), {}, u8("A"), {}, u8("1/1/2024"), {}}, {u8("4.1"), {}, u8("A"), {}, {}, {}}});
+    composition.composeServices({{ToothList({u8("1.1")}), u8("A"), {}, {}, {}}});
+    composition.composeMarks(
+        {{ToothList({u8("1.1")}), u8("A"), {}, u8("1/1/2024"), {}}, {ToothList({u8("4.1")}), u8("A"), {}, {}, {}}});
     ToothChart chart;
     chart.resize(chart.sizeHint());
     chart.show();
@@ -137,7 +138,7 @@ TEST(ToothChart, MarksExactlyTheTeethOfASelectionAndTellsWhichWasClicked) {
     for (const char* selection : {"1.1", "+1.2;1.1", "+1.1;9.9", ""}) {
         SCOPED_TRACE(selection);
         chart.setSelection(u8(selection));
-        const QStringList expected = DentiDaSelezione(u8(selection));
+        const QStringList expected = u8(selection).remove(u'+').split(u';');
         for (int index = 0; index < NUMERO_DENTI; ++index)
             EXPECT_EQ(chart.isMarked(index), expected.contains(DenteDaIndice(index))) << index;
     }
@@ -215,11 +216,34 @@ TEST(ToothChart, TheKeyboardWalksTheArchesAndClicks) {
     EXPECT_EQ(right, (QList<QVariantList>{{16}, {10}})) << "the keyboard goes on from the mouse";
 }
 
+TEST(ToothChart, AnArrowNeverGoesMoreAsideThanAhead) {
+    ToothChart chart;
+    chart.resize(chart.sizeHint());
+    chart.show();
+    QSignalSpy clicked(&chart, &ToothChart::toothClicked);
+    const struct {
+        const char* from;
+        Qt::Key key;
+        const char* to;
+    } cases[] = {
+        {"1.6", Qt::Key_Right, "1.5"}, {"1.1", Qt::Key_Right, "2.1"}, {"5.1", Qt::Key_Right, "6.1"},
+        {"1.5", Qt::Key_Down, "5.5"},  {"5.5", Qt::Key_Down, "8.5"},  {"4.6", Qt::Key_Up, "8.5"},
+        {"6.5", Qt::Key_Right, "2.8"}, {"2.7", Qt::Key_Down, "6.5"},  {"1.8", Qt::Key_Up, "1.8"},
+    };
+    for (const auto& c : cases) {
+        const QString box = u8("pbTooh(%1)").arg(IndiceDaDente(u8(c.from)));
+        QTest::mouseClick(chart.findChild<QWidget*>(box), Qt::LeftButton);
+        QTest::keyClick(&chart, c.key);
+        QTest::keyClick(&chart, Qt::Key_Space);
+        EXPECT_EQ(DenteDaIndice(clicked.takeLast().first().toInt()), u8(c.to)) << c.from << c.key;
+    }
+}
+
 TEST(ToothChart, AScreenReaderIsToldTheToothItsStateAndWhereTheKeyboardIs) {
     const clsGraphical nothing;
     ComposizioneDenti composition(nothing);
     composition.composeTeeth(u8("6:2:dolente"));
-    composition.composeMarks({{u8("1.2"), {}, u8("CORONA"), {}, u8("1/1/2024"), {}}});
+    composition.composeMarks({{ToothList({u8("1.2")}), u8("CORONA"), {}, u8("1/1/2024"), {}}});
     ToothChart chart;
     chart.setComposition(composition);
     chart.show();
@@ -252,7 +276,7 @@ TEST(EvidencePanel, EachEntryTellsItsService) {
     options.saltaAllOcchio = true;
     ComposizioneDenti composition(file.graphical(), options);
     composition.composeServices(
-        {{{}, {}, u8("B"), u8("Ponte"), {}, {}}, {{}, {}, u8("A"), u8("Corona"), u8("1/1/2024"), u8("2/1/2024")}});
+        {{{}, u8("B"), u8("Ponte"), {}, {}}, {{}, u8("A"), u8("Corona"), u8("1/1/2024"), u8("2/1/2024")}});
     EvidencePanel panel;
     panel.show();
     panel.setComposition(composition);

@@ -80,9 +80,9 @@ TEST_F(Dente, TakesSituationAndTextWithoutTearingItsNeighboursApart) {
         in<QLineEdit>(finestra, "tbDati")->setText(QStringLiteral("alle 10:30; 9:1:no"));
         in<QPushButton>(finestra, "cbConferma")->click();
     });
-    EXPECT_EQ(trova<QWidget>(arrayName("imTooth", 7))->toolTip(), QStringLiteral("alle 10,30, 9,1,no"));
+    EXPECT_EQ(trova<QWidget>(arrayName("imTooth", 7))->toolTip(), QStringLiteral("alle 10:30, 9:1:no"));
     conferma();
-    EXPECT_EQ(situazioneSalvata("2026-0001"), QStringLiteral("6:2:dolente;7:4:alle 10,30, 9,1,no;8:3:"));
+    EXPECT_EQ(situazioneSalvata("2026-0001"), QStringLiteral("6:2:dolente;7:4:alle 10:30, 9:1:no;8:3:"));
 }
 
 TEST_F(Dente, KeepsWhatItHasWhenTheWindowIsCancelledAndLosesAllWhenEmptied) {

@@ -100,6 +100,66 @@ TEST_F(EditorRigo, DropsTheStagesOfTheOldService) {
     EXPECT_EQ(scritto().statuslavori, QStringLiteral("Preparazione\r\nImpronta\r\nProva\r\nCementazione"));
 }
 
+TEST_F(EditorRigo, ReadsWhatIsTypedOnLeavingTheField) {
+    const struct {
+        int campo;
+        const char *scritto, *mostrato, *avviso, *totale;
+    } casi[] = {
+        {5, "16", "1.6", "", "10,00"},
+        {5, "1.6 2,6", "+1.6;2.6", "", "20,00"},
+        {5, "1.9", "1.9", "Non è un dente: non verrà memorizzato", "10,00"},
+        {5, "+1.1;9.9", "+1.1;9.9", "Non è un dente e non verrà memorizzato: 9.9", "20,00"},
+        {5, "", "", "", "10,00"},
+        {0, "corona", "CORONA", "", "10,00"},
+        {0, "MAI", "MAI", "Il servizio non è nel catalogo", "10,00"},
+        {0, "visita", "VISITA", "", "60,00"}, // another service at its price
+    };
+    rigo_.fattura.clear();
+    apri();
+    for (const auto& caso : casi) {
+        SCOPED_TRACE(caso.scritto);
+        auto* campo = trova<QLineEdit>(arrayName("tbDati", caso.campo));
+        campo->setFocus();
+        campo->selectAll();
+        QTest::keyClick(campo, Qt::Key_Delete);
+        QTest::keyClicks(campo, QLatin1String(caso.scritto));
+        QTest::keyClick(campo, Qt::Key_Tab);
+        EXPECT_EQ(campo->text(), QLatin1String(caso.mostrato));
+        EXPECT_EQ(campo->toolTip(), QString::fromUtf8(caso.avviso));
+        EXPECT_EQ(campo->palette().color(QPalette::Text) != QPalette().color(QPalette::Text), *caso.avviso != '\0');
+        EXPECT_EQ(testo(QStringLiteral("tbTotali(1)")), QLatin1String(caso.totale));
+    }
+    rigo_.servizio = QStringLiteral("corona"); // as an old plan has it
+    apri();
+    const QString stadi = scritto().statuslavori;
+    auto* servizio = trova<QLineEdit>(QStringLiteral("tbDati(0)"));
+    servizio->setFocus();
+    QTest::keyClick(servizio, Qt::Key_Tab);
+    EXPECT_EQ(scritto().servizio, QStringLiteral("CORONA"));
+    EXPECT_EQ(scritto().statuslavori, stadi) << "the same service keeps its stages";
+    EXPECT_FLOAT_EQ(scritto().prezzo, 10);
+}
+
+TEST_F(EditorRigo, ShowsTheCataloguesPriceWhereTheRowHasNone) {
+    rigo_.prezzo = 0;
+    for (const char* fattura : {"", "2026-0001"}) {
+        SCOPED_TRACE(fattura);
+        const bool fatturato = *fattura != '\0';
+        rigo_.fattura = QLatin1String(fattura);
+        apri();
+        auto* prezzo = trova<QLineEdit>(QStringLiteral("tbTotali(0)"));
+        EXPECT_EQ(prezzo->text(), fatturato ? QStringLiteral("0,00") : QString());
+        EXPECT_EQ(prezzo->placeholderText(), fatturato ? QStringLiteral("0,00") : QStringLiteral("700,00"));
+        EXPECT_EQ(testo(QStringLiteral("tbTotali(1)")), fatturato ? QStringLiteral("0,00") : QStringLiteral("2100,00"));
+        EXPECT_FLOAT_EQ(scritto().prezzo, 0);
+        prezzo->setFocus();
+        prezzo->selectAll();
+        QTest::keyClicks(prezzo, QStringLiteral("cento"));
+        QTest::keyClick(prezzo, Qt::Key_Return);
+        EXPECT_EQ(prezzo->toolTip(), QStringLiteral("Non è un importo: non verrà memorizzato"));
+    }
+}
+
 TEST_F(EditorRigo, LocksTheNoteOnDoubleClick) {
     apri();
     auto* note = trova<QPlainTextEdit>(QStringLiteral("tbDati(6)"));
@@ -116,10 +176,16 @@ TEST_F(EditorRigo, GoesOnByEnterAndEndsByItsButtons) {
     apri();
     auto* servizio = trova<QLineEdit>(QStringLiteral("tbDati(0)"));
     EXPECT_EQ(QApplication::focusWidget(), servizio);
-    QTest::keyClick(servizio, Qt::Key_Return);
-    EXPECT_NE(QApplication::focusWidget(), servizio);
+    // From field to field, past the buttons of the searches.
+    for (const char* prossimo : {"tbDati(2)", "tbDati(5)", "cbRaggrMerc"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(QApplication::focusWidget()->objectName(), QLatin1String(prossimo));
+    }
+    trova<QLineEdit>(QStringLiteral("tbDati(4)"))->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("tbTotali(0)"));
     EXPECT_TRUE(finestra_->isVisible());
-    trova<QPushButton>(QStringLiteral("cbAccetta"))->click();
+    QTest::keyClick(trova<QPushButton>(QStringLiteral("cbAccetta")), Qt::Key_Return);
     EXPECT_TRUE(finestra_->accettato());
     EXPECT_FALSE(finestra_->isVisible());
     apri();

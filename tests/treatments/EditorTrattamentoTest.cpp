@@ -190,19 +190,6 @@ TEST_F(Editor, ReopensAStoredPlanAndSavesItUnchanged) {
     EXPECT_EQ(riga(QStringLiteral("2026-0007"))->m1.toStdString(), memo.toStdString());
 }
 
-TEST_F(Editor, RefusesADateThatIsNone) {
-    apri(QString());
-    nuovoRigo(QStringLiteral("VISITA"));
-    scrivi(0, INIZIO, QStringLiteral("5/1/2026"));
-    EXPECT_EQ(cella(0, INIZIO), QStringLiteral("05/01/2026"));
-    for (const char* testo : {"domani", "31/02/2026", "1"}) {
-        scrivi(0, INIZIO, QLatin1String(testo));
-        EXPECT_EQ(cella(0, INIZIO), QStringLiteral("05/01/2026")) << testo;
-    }
-    scrivi(0, INIZIO, QString());
-    EXPECT_EQ(cella(0, INIZIO), QString());
-}
-
 TEST_F(Editor, CoversNewRowsByTheAdvanceInvoice) {
     apri(QString());
     nuovoRigo(QStringLiteral("VISITA"));

@@ -387,7 +387,7 @@ TEST_F(Guasti, TellsInWhichPhaseTheChartFailedAndGoesOn) {
     clsServizi senzaCartella([]() -> QString { throw std::runtime_error("cartella sparita"); });
     clsServizi* precedente = std::exchange(oServizi, &senzaCartella);
     PannelloDenti pannello;
-    pannello.aggiorna({{QStringLiteral("4.6"), QString(), QStringLiteral("IMPIANTO"), QStringLiteral("Impianto"),
+    pannello.aggiorna({{ToothList({QStringLiteral("4.6")}), QStringLiteral("IMPIANTO"), QStringLiteral("Impianto"),
                         QStringLiteral("01/03/2026"), QString()}});
     oServizi = precedente;
     EXPECT_EQ(dialoghi_.messaggi,
