@@ -13,6 +13,10 @@ if(CORVALA_SANITIZE)
   target_link_options(corvala_options INTERFACE -fsanitize=${CORVALA_SANITIZE})
 endif()
 
+# A shared library that leans on what it does not link is a wrong include that the compiler let pass.
+string(APPEND CMAKE_SHARED_LINKER_FLAGS " -Wl,--no-undefined")
+string(APPEND CMAKE_MODULE_LINKER_FLAGS " -Wl,--no-undefined")
+
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_AUTOMOC ON)
