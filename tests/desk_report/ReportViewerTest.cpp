@@ -3,15 +3,18 @@
 
 #include "desk/data/Database.h"
 #include "desk/data/FreeData.h"
-#include "desk/report/ReportPageView.h"
 #include "desk/report/ReportViewer.h"
 #include "platform/Files.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintPreviewWidget>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -84,21 +87,23 @@ void turnWheel(QWidget* viewport, int notches, Qt::KeyboardModifiers modifiers) 
 TEST_F(ReportViewer, TurnsThePagesAsAPersonWould) {
     EXPECT_TRUE(preview(sample::document(u8("Fattura."), 60), [](QDialog& window) {
         auto* page = in<QLineEdit>(window, "tbPagina");
-        auto* view = in<desk::ReportPageView>(window, "pbPagina");
+        auto* view = in<QPrintPreviewWidget>(window, "pbPagina");
+        auto* pages = view->findChild<QGraphicsView*>();
         EXPECT_EQ(window.windowTitle(), u8("Anteprima di stampa: Fattura 2025-0042"));
         EXPECT_EQ(in<QLabel>(window, "laPagine")->text(), u8("di 3"));
         EXPECT_FALSE(in<QLabel>(window, "laStato")->isVisible());
+        EXPECT_EQ(page->text(), u8("1"));
         EXPECT_FALSE(in<QWidget>(window, "cbPrima")->isEnabled());
-        const QImage first = view->viewport()->grab().toImage();
+        const QImage first = pages->viewport()->grab().toImage();
         press(window, "cbSuccessiva");
         EXPECT_EQ(page->text(), u8("2"));
-        EXPECT_NE(view->viewport()->grab().toImage(), first) << "another number over the same page";
+        EXPECT_NE(pages->viewport()->grab().toImage(), first) << "another number over the same page";
         press(window, "cbUltima");
         EXPECT_EQ(page->text(), u8("3"));
         EXPECT_FALSE(in<QWidget>(window, "cbSuccessiva")->isEnabled());
         press(window, "cbPrecedente");
         press(window, "cbPrima");
-        EXPECT_EQ(view->viewport()->grab().toImage(), first);
+        EXPECT_EQ(page->text(), u8("1"));
         for (const auto& [typed, shown] :
              {std::pair("3", "3"), {"99", "3"}, {"", "3"}, {"0", "1"}, {"x", "1"}, {"2", "2"}}) {
             page->setFocus();
@@ -110,25 +115,28 @@ TEST_F(ReportViewer, TurnsThePagesAsAPersonWould) {
             view->setFocus();
             EXPECT_EQ(page->text(), u8(shown)) << typed;
         }
-        QTest::keyClick(view, Qt::Key_End);
+        QTest::keyClick(pages, Qt::Key_End);
         EXPECT_EQ(page->text(), u8("3"));
-        QTest::keyClick(view, Qt::Key_Home);
-        for (int i = 0; i < 12 && view->page() == 0; ++i)
-            turnWheel(view->viewport(), -3, Qt::NoModifier);
+        QTest::keyClick(pages, Qt::Key_Home);
+        EXPECT_EQ(page->text(), u8("1"));
+        for (int i = 0; i < 40 && view->currentPage() == 1; ++i)
+            turnWheel(pages->viewport(), -3, Qt::NoModifier);
         EXPECT_EQ(page->text(), u8("2")) << "the wheel stops at the end of a page";
     }));
     EXPECT_TRUE(dialogs_.messages.isEmpty());
 }
 
-TEST_F(ReportViewer, ZoomsWithinItsLimits) {
-    EXPECT_TRUE(preview(sample::document(u8("Fattura."), 5), [](QDialog& window) {
-        auto* view = in<desk::ReportPageView>(window, "pbPagina");
+TEST_F(ReportViewer, ZoomsWithinItsLimitsAndShowsPagesSideBySide) {
+    EXPECT_TRUE(preview(sample::document(u8("Fattura."), 60), [](QDialog& window) {
+        auto* view = in<QPrintPreviewWidget>(window, "pbPagina");
+        auto* pages = view->findChild<QGraphicsView*>();
         auto* zoom = in<QComboBox>(window, "cbZoom");
         EXPECT_EQ(zoom->currentText(), u8("Larghezza pagina"));
-        const int fitted = view->zoom();
+        EXPECT_FALSE(pages->horizontalScrollBar()->isVisible());
+        const qreal fitted = view->zoomFactor();
         window.resize(window.width() + 200, 700);
         QApplication::processEvents();
-        EXPECT_GT(view->zoom(), fitted) << "a fit does not follow the window";
+        EXPECT_GT(view->zoomFactor(), fitted) << "a fit does not follow the window";
         const auto type = [&](const char* text) {
             zoom->lineEdit()->setFocus();
             zoom->lineEdit()->selectAll();
@@ -136,22 +144,28 @@ TEST_F(ReportViewer, ZoomsWithinItsLimits) {
             QTest::keyClick(zoom->lineEdit(), Qt::Key_Return);
         };
         type("120");
-        EXPECT_EQ(view->zoom(), 120);
         EXPECT_EQ(zoom->currentText(), u8("120%"));
-        turnWheel(view->viewport(), 1, Qt::ControlModifier);
+        turnWheel(pages->viewport(), 1, Qt::ControlModifier);
         EXPECT_EQ(zoom->currentText(), u8("130%"));
-        turnWheel(view->viewport(), -20, Qt::ControlModifier);
-        EXPECT_EQ(view->zoom(), 50);
+        turnWheel(pages->viewport(), -20, Qt::ControlModifier);
+        EXPECT_EQ(zoom->currentText(), u8("50%"));
         EXPECT_FALSE(in<QWidget>(window, "cbRiduci")->isEnabled());
         press(window, "cbIngrandisci");
-        EXPECT_EQ(view->zoom(), 75);
+        EXPECT_EQ(zoom->currentText(), u8("75%"));
         type("1000%");
-        EXPECT_EQ(view->zoom(), 300);
+        EXPECT_EQ(zoom->currentText(), u8("300%"));
         type("molto");
         EXPECT_EQ(zoom->currentText(), u8("300%"));
-        type("Pagina intera");
-        EXPECT_EQ(view->fit(), desk::ReportPageView::Fit::Page);
-        EXPECT_EQ(zoom->currentText(), u8("Pagina intera"));
+        press(window, "cbUltima");
+        for (const char* layout : {"Pagina intera", "Pagine affiancate", "Tutte le pagine"}) {
+            type(layout);
+            EXPECT_EQ(zoom->currentText(), u8(layout));
+            EXPECT_EQ(in<QLineEdit>(window, "tbPagina")->text(), u8("3")) << "the page is lost: " << layout;
+        }
+        const QRectF all = pages->mapToScene(pages->viewport()->rect()).boundingRect();
+        EXPECT_TRUE(all.contains(pages->scene()->itemsBoundingRect())) << "not all pages are in sight";
+        press(window, "cbIngrandisci");
+        EXPECT_EQ(view->viewMode(), QPrintPreviewWidget::SinglePageView);
     }));
 }
 

@@ -45,6 +45,12 @@ QSizeF ReportDocument::pageSize() const {
     return {fromPoints(points.width()), fromPoints(points.height())};
 }
 
+QList<int> ReportDocument::allPages() const {
+    QList<int> numbers(pageCount());
+    std::iota(numbers.begin(), numbers.end(), 0);
+    return numbers;
+}
+
 void ReportDocument::paint(QPainter& painter, int number) const {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     for (const ReportItem& item : pages.at(static_cast<std::size_t>(number)).items())
@@ -76,9 +82,7 @@ QByteArray ReportDocument::toPdf() const {
         writer.setTitle(title);
         writer.setCreator(QStringLiteral("Tessara 5000"));
         writer.setResolution(static_cast<int>(REPORT_UNITS_PER_INCH));
-        QList<int> all(pageCount());
-        std::iota(all.begin(), all.end(), 0);
-        if (!print(writer, all)) return {};
+        if (!print(writer, allPages())) return {};
     }
     return content;
 }

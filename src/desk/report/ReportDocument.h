@@ -26,7 +26,8 @@ struct ReportDocument {
     static ReportDocument compose(const ReportLayout& layout, const QMap<QString, QVariant>& variables);
 
     int pageCount() const { return static_cast<int>(pages.size()); }
-    QSizeF pageSize() const; ///< In the units of a report.
+    QList<int> allPages() const; ///< Their numbers, from 0.
+    QSizeF pageSize() const;     ///< In the units of a report.
     /// Draws a page, counted from 0, with its top left corner at the origin.
     void paint(QPainter& painter, int number) const;
     /// Prints these pages, counted from 0, one after the other; false when the device cannot be written.

@@ -1,23 +1,27 @@
 #include "desk/report/frmAnteprima.h"
 
-#include "desk/report/ReportPageView.h"
 #include "desk/report/ReportPrinting.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
 
 #include <QComboBox>
 #include <QFrame>
+#include <QGraphicsView>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWheelEvent>
+#include <algorithm>
 
 /// Outside every namespace, as Qt wants it for pictures in a static library.
 static void embedIcons() {
@@ -31,7 +35,14 @@ using platform::form::named;
 namespace {
 
 constexpr int ZOOM_STEP = 25;
+constexpr int WHEEL_STEP = 10;
+constexpr int WHEEL_NOTCH = 120;
+constexpr int LEAST_ZOOM = 50; // Per cent of the size on paper.
+constexpr int MOST_ZOOM = 300;
 const int ZOOMS[] = {50, 75, 100, 125, 150, 200, 300};
+
+/// The first entries of the list of zooms; percentages follow.
+enum Fit { PAGE_WIDTH, WHOLE_PAGE, FACING_PAGES, ALL_PAGES };
 
 QFrame* divider(QWidget* parent) {
     auto* line = new QFrame(parent);
@@ -57,14 +68,14 @@ QString stateOf(const ReportDocument& document) {
 
 frmAnteprima::frmAnteprima(ReportDocument document, QWidget* parent)
     : QDialog(parent)
-    , document_(std::move(document)) {
+    , document_(std::move(document))
+    , printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
     embedIcons();
     setObjectName(QStringLiteral("frmAnteprima"));
     setWindowTitle(QStringLiteral("Anteprima di stampa: ") + document_.title);
     setWindowIcon(icon("stampa"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    view_ = named(new ReportPageView(document_, this), QStringLiteral("pbPagina"));
-    view_->setAccessibleName(QStringLiteral("Pagina del documento"));
+    buildView();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -72,14 +83,30 @@ frmAnteprima::frmAnteprima(ReportDocument document, QWidget* parent)
     layout->addWidget(view_, 1);
     buildState();
     layout->addWidget(laStato_);
-    connect(view_, &ReportPageView::pageShown, this, &frmAnteprima::showPage);
-    connect(view_, &ReportPageView::zoomChanged, this, &frmAnteprima::showZoom);
     const QSize screen = QGuiApplication::primaryScreen()->availableGeometry().size();
     resize(QSize(980, 900).boundedTo(screen * 0.92));
-    showPage(0);
-    showZoom();
+    showState();
     view_->setFocus();
     platform::FormRegistry::add(this);
+}
+
+frmAnteprima::~frmAnteprima() {
+    delete view_; // before the printer that it borrows
+}
+
+void frmAnteprima::buildView() {
+    printer_->setPageLayout(document_.page);
+    view_ = named(new QPrintPreviewWidget(printer_.get(), this), QStringLiteral("pbPagina"));
+    pages_ = view_->findChild<QGraphicsView*>();
+    pages_->setAccessibleName(QStringLiteral("Pagine del documento"));
+    pages_->setFrameShape(QFrame::NoFrame);
+    view_->setFocusProxy(pages_);
+    pages_->installEventFilter(this);
+    pages_->viewport()->installEventFilter(this);
+    connect(view_, &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* printer) { document_.print(*printer, document_.allPages()); });
+    connect(view_, &QPrintPreviewWidget::previewChanged, this, &frmAnteprima::showState);
+    view_->fitToWidth();
 }
 
 QHBoxLayout* frmAnteprima::buildBar() {
@@ -122,14 +149,14 @@ void frmAnteprima::buildPages(QHBoxLayout& bar) {
     laPagine_ = named(new QLabel(QStringLiteral("di %1").arg(document_.pageCount()), this), QStringLiteral("laPagine"));
     cbSuccessiva_ = tool("cbSuccessiva", "successiva", QStringLiteral("Pagina successiva"));
     cbUltima_ = tool("cbUltima", "ultima", QStringLiteral("Ultima pagina"));
-    connect(cbPrima_, &QToolButton::clicked, this, [this] { view_->showPage(0); });
-    connect(cbPrecedente_, &QToolButton::clicked, this, [this] { view_->showPage(view_->page() - 1); });
-    connect(cbSuccessiva_, &QToolButton::clicked, this, [this] { view_->showPage(view_->page() + 1); });
-    connect(cbUltima_, &QToolButton::clicked, this, [this] { view_->showPage(document_.pageCount() - 1); });
+    connect(cbPrima_, &QToolButton::clicked, this, [this] { goTo(1); });
+    connect(cbPrecedente_, &QToolButton::clicked, this, [this] { goTo(view_->currentPage() - 1); });
+    connect(cbSuccessiva_, &QToolButton::clicked, this, [this] { goTo(view_->currentPage() + 1); });
+    connect(cbUltima_, &QToolButton::clicked, this, [this] { goTo(document_.pageCount()); });
     connect(tbPagina_, &QLineEdit::editingFinished, this, [this] {
         bool isNumber = false;
         const int number = tbPagina_->text().toInt(&isNumber);
-        view_->showPage(isNumber ? number - 1 : view_->page());
+        goTo(isNumber ? number : view_->currentPage());
     });
     for (QWidget* widget :
          std::initializer_list<QWidget*>{cbPrima_, cbPrecedente_, tbPagina_, laPagine_, cbSuccessiva_, cbUltima_})
@@ -145,14 +172,16 @@ void frmAnteprima::buildZoom(QHBoxLayout& bar) {
     cbZoom_->setCompleter(nullptr);
     cbZoom_->addItem(QStringLiteral("Larghezza pagina"));
     cbZoom_->addItem(QStringLiteral("Pagina intera"));
+    cbZoom_->addItem(QStringLiteral("Pagine affiancate"));
+    cbZoom_->addItem(QStringLiteral("Tutte le pagine"));
     for (const int zoom : ZOOMS)
         cbZoom_->addItem(QStringLiteral("%1%").arg(zoom));
     cbZoom_->setMinimumContentsLength(15);
     cbIngrandisci_ = tool("cbIngrandisci", "ingrandisci", QStringLiteral("Ingrandisci"));
     cbRiduci_->setShortcut(QKeySequence(QStringLiteral("Ctrl+-")));
     cbIngrandisci_->setShortcut(QKeySequence(QStringLiteral("Ctrl++")));
-    connect(cbRiduci_, &QToolButton::clicked, this, [this] { view_->setZoom(view_->zoom() - ZOOM_STEP); });
-    connect(cbIngrandisci_, &QToolButton::clicked, this, [this] { view_->setZoom(view_->zoom() + ZOOM_STEP); });
+    connect(cbRiduci_, &QToolButton::clicked, this, [this] { setZoom(zoom() - ZOOM_STEP); });
+    connect(cbIngrandisci_, &QToolButton::clicked, this, [this] { setZoom(zoom() + ZOOM_STEP); });
     connect(cbZoom_, &QComboBox::activated, this, &frmAnteprima::takeZoom);
     connect(cbZoom_->lineEdit(), &QLineEdit::editingFinished, this, &frmAnteprima::takeZoom);
     bar.addWidget(cbRiduci_);
@@ -182,41 +211,66 @@ QToolButton* frmAnteprima::tool(const char* name, const char* iconName, const QS
     return button;
 }
 
-void frmAnteprima::showPage(int number) {
-    tbPagina_->setText(QString::number(number + 1));
-    const bool isFirst = number == 0;
-    const bool isLast = number + 1 >= document_.pageCount();
-    cbPrima_->setEnabled(!isFirst);
-    cbPrecedente_->setEnabled(!isFirst);
-    cbSuccessiva_->setEnabled(!isLast);
-    cbUltima_->setEnabled(!isLast);
+void frmAnteprima::goTo(int number) {
+    view_->setCurrentPage(std::clamp(number, 1, document_.pageCount()));
+    showState();
 }
 
-void frmAnteprima::showZoom() {
-    switch (view_->fit()) {
-    case ReportPageView::Fit::Width:
-        cbZoom_->setCurrentIndex(0);
+int frmAnteprima::zoom() const {
+    return qRound(view_->zoomFactor() * 100);
+}
+
+void frmAnteprima::setZoom(int percent) {
+    if (view_->viewMode() != QPrintPreviewWidget::SinglePageView) view_->setSinglePageViewMode();
+    view_->setZoomFactor(std::clamp(percent, LEAST_ZOOM, MOST_ZOOM) / 100.0);
+    showState();
+}
+
+void frmAnteprima::setFit(int fit) {
+    const int page = view_->currentPage();
+    switch (fit) {
+    case FACING_PAGES:
+        view_->setFacingPagesViewMode();
         break;
-    case ReportPageView::Fit::Page:
-        cbZoom_->setCurrentIndex(1);
+    case ALL_PAGES:
+        view_->setAllPagesViewMode();
         break;
-    case ReportPageView::Fit::None:
-        cbZoom_->setEditText(QStringLiteral("%1%").arg(view_->zoom()));
+    default:
+        view_->setSinglePageViewMode();
+        fit == PAGE_WIDTH ? view_->fitToWidth() : view_->fitInView();
     }
-    cbRiduci_->setEnabled(view_->zoom() > ReportPageView::LEAST_ZOOM);
-    cbIngrandisci_->setEnabled(view_->zoom() < ReportPageView::MOST_ZOOM);
+    goTo(page);
+}
+
+void frmAnteprima::showState() {
+    const int number = view_->currentPage();
+    if (!tbPagina_->hasFocus() || !tbPagina_->isModified()) tbPagina_->setText(QString::number(number));
+    cbPrima_->setEnabled(number > 1);
+    cbPrecedente_->setEnabled(number > 1);
+    cbSuccessiva_->setEnabled(number < document_.pageCount());
+    cbUltima_->setEnabled(number < document_.pageCount());
+    if (view_->viewMode() == QPrintPreviewWidget::FacingPagesView)
+        cbZoom_->setCurrentIndex(FACING_PAGES);
+    else if (view_->viewMode() == QPrintPreviewWidget::AllPagesView)
+        cbZoom_->setCurrentIndex(ALL_PAGES);
+    else if (view_->zoomMode() == QPrintPreviewWidget::CustomZoom)
+        cbZoom_->setEditText(QStringLiteral("%1%").arg(zoom()));
+    else
+        cbZoom_->setCurrentIndex(view_->zoomMode() == QPrintPreviewWidget::FitToWidth ? PAGE_WIDTH : WHOLE_PAGE);
+    cbRiduci_->setEnabled(zoom() > LEAST_ZOOM);
+    cbIngrandisci_->setEnabled(zoom() < MOST_ZOOM);
 }
 
 void frmAnteprima::takeZoom() {
     QString text = cbZoom_->currentText();
-    if (text == cbZoom_->itemText(0)) return view_->setFit(ReportPageView::Fit::Width);
-    if (text == cbZoom_->itemText(1)) return view_->setFit(ReportPageView::Fit::Page);
+    const int entry = cbZoom_->findText(text);
+    if (entry >= PAGE_WIDTH && entry <= ALL_PAGES) return setFit(entry);
     bool isNumber = false;
-    const int zoom = text.remove(QLatin1Char('%')).trimmed().toInt(&isNumber);
-    if (isNumber && zoom != view_->zoom())
-        view_->setZoom(zoom);
+    const int percent = text.remove(QLatin1Char('%')).trimmed().toInt(&isNumber);
+    if (isNumber && percent != zoom())
+        setZoom(percent);
     else
-        showZoom();
+        showState();
 }
 
 void frmAnteprima::print() {
@@ -225,6 +279,26 @@ void frmAnteprima::print() {
 
 void frmAnteprima::save() {
     saveReport(document_);
+}
+
+bool frmAnteprima::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel && watched == pages_->viewport()) {
+        const auto* wheel = static_cast<QWheelEvent*>(event);
+        if (!(wheel->modifiers() & Qt::ControlModifier)) return false;
+        // Touch pads tell of small parts of a notch.
+        wheel_ += wheel->angleDelta().y();
+        const int notches = wheel_ / WHEEL_NOTCH;
+        wheel_ -= notches * WHEEL_NOTCH;
+        if (notches != 0) setZoom(zoom() + notches * WHEEL_STEP);
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && watched == pages_) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Home && key != Qt::Key_End) return false;
+        goTo(key == Qt::Key_Home ? 1 : document_.pageCount());
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmAnteprima::keyPressEvent(QKeyEvent* event) {
