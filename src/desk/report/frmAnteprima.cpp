@@ -156,6 +156,7 @@ void frmAnteprima::buildPages(QHBoxLayout& bar) {
     connect(tbPagina_, &QLineEdit::editingFinished, this, [this] {
         bool isNumber = false;
         const int number = tbPagina_->text().toInt(&isNumber);
+        tbPagina_->setModified(false); // what was typed is done with: the page that is shown counts
         goTo(isNumber ? number : view_->currentPage());
     });
     for (QWidget* widget :
@@ -249,6 +250,9 @@ void frmAnteprima::showState() {
     cbPrecedente_->setEnabled(number > 1);
     cbSuccessiva_->setEnabled(number < document_.pageCount());
     cbUltima_->setEnabled(number < document_.pageCount());
+    // A fitted page leaves no room for the vertical bar, which then asks for a horizontal one.
+    const bool fitted = view_->zoomMode() == QPrintPreviewWidget::FitToWidth;
+    pages_->setHorizontalScrollBarPolicy(fitted ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     if (view_->viewMode() == QPrintPreviewWidget::FacingPagesView)
         cbZoom_->setCurrentIndex(FACING_PAGES);
     else if (view_->viewMode() == QPrintPreviewWidget::AllPagesView)
