@@ -128,6 +128,19 @@ void Database::ensureConnected() {
     if (std::exchange(lossTold_, false) && listener_.recovered) listener_.recovered();
 }
 
+bool Database::reopen(bool alone) {
+    dialect_->setAlone(alone);
+    try {
+        disconnect();
+        connect();
+    } catch (const DatabaseError&) {
+        lost_ = true;
+        return false;
+    }
+    ++generation_;
+    return true;
+}
+
 void Database::replaceContent(const std::function<void()>& work) {
     Transaction transaction(*this);
     work();

@@ -74,6 +74,9 @@ public:
     /// Puts other data in the place of all there are, in one transaction: what `work` leaves is brought up to date, and
     /// nothing has happened when it throws. Throws DatabaseError.
     void replaceContent(const std::function<void()>& work);
+    /// Connects anew, so that nothing is kept from before: alone, where the system can do that, or as every day. False
+    /// when it could not; the next call then tries again.
+    bool reopen(bool alone);
 
     /// How long a server may keep silent before it counts as lost.
     void setPatience(int milliseconds);

@@ -23,6 +23,9 @@ public:
     /// Opens the connection so that `schema` is there to be filled or read, waiting briefly for others; throws
     /// DatabaseError.
     virtual void open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const = 0;
+    /// Whether the next connections have the database to themselves, and fail where they cannot; only where that is
+    /// done by the connection.
+    virtual void setAlone(bool) {}
     /// The first steps on a connection that stands, such as waiting until another workstation has brought the tables up
     /// to date; throws DatabaseError.
     virtual void enter(QSqlDatabase& connection, const QString& schema) const;

@@ -16,6 +16,7 @@ namespace desk {
 
 namespace {
 
+constexpr int alonePatience = 200;     // milliseconds: whoever wants to be alone tries again and again
 constexpr int openingPatience = 3000;  // milliseconds: the user looks at an empty screen
 constexpr int everydayPatience = 8000; // another workstation's save is soon over
 
@@ -119,8 +120,11 @@ void SqliteDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const
     checkFile(url.path);
     const bool known = QFileInfo::exists(url.path);
     connection.setDatabaseName(QStringLiteral(":memory:"));
-    connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(openingPatience));
+    connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1")
+                                     .arg(alone_ ? alonePatience : openingPatience));
     if (!connection.open()) refuse(connection.lastError());
+    // Told before the file is attached, so that nothing of it is read, or kept in memory, that others could still change.
+    if (alone_) execute(connection, QStringLiteral("pragma locking_mode=exclusive"));
     if (known) keepFromOthers(url.path);
 
     // "rw" never makes a new file where one was just seen.
@@ -136,6 +140,10 @@ void SqliteDialect::open(QSqlDatabase& connection, const DatabaseUrl& url, const
     if (!firstLook.exec(QStringLiteral("select count(*) from %1.sqlite_master").arg(schema)) || !firstLook.next())
         refuse(firstLook.lastError());
     firstLook.finish();
+    if (alone_) {
+        execute(connection, QStringLiteral("begin exclusive")); // the lock stays when this is over
+        execute(connection, QStringLiteral("commit"));
+    }
     if (!known) keepFromOthers(url.path);
     if (known) checkPages(connection, schema);
 }

@@ -10,6 +10,7 @@ class SqliteDialect : public Dialect {
 public:
     QString driver() const override { return QStringLiteral("QSQLITE"); }
     void open(QSqlDatabase& connection, const DatabaseUrl& url, const QString& schema) const override;
+    void setAlone(bool alone) override { alone_ = alone; }
     void settle(QSqlDatabase& connection, const QString& schema) const override;
     QString expand(const QString& sql, const QString& schema) const override;
     QString beginWriting() const override { return QStringLiteral("begin immediate"); }
@@ -23,6 +24,9 @@ public:
     bool tellsDamage(const QSqlError& error) const override;
     bool endsTransaction(const QSqlError& error) const override;
     QString lossText() const override { return QStringLiteral("L'archivio non è aperto."); }
+
+private:
+    bool alone_ = false;
 };
 
 } // namespace desk

@@ -26,8 +26,7 @@ constexpr int patience = 2000;   // milliseconds
 }
 
 [[noreturn]] void refuseOthers() {
-    refuse(
-        QStringLiteral("Un'altra postazione ha aperto l'archivio: chiudere Tessara su tutte le altre e riprovare."));
+    refuse(QStringLiteral("Un'altra postazione ha aperto l'archivio: chiudere Tessara su tutte le altre e riprovare."));
 }
 
 QString formerName(const QString& live) {
@@ -41,51 +40,28 @@ QString formerName(const QString& live) {
     return name;
 }
 
-/// Nobody else gets at the file while it lives. The switch away from the shared log succeeds only for whoever is alone
-/// with the file; from then on its lock is not given back between two statements.
+/// Nobody else gets at the file while it lives: the connection is made anew for it, with a lock that is not given back
+/// between two statements. A connection of former times must not be used: what it keeps of the file in memory is told
+/// from what others wrote since by a log which ends here.
 class Alone {
 public:
     explicit Alone(Database& database)
         : database_(database) {
         QElapsedTimer trying;
         trying.start();
-        while (!close()) {
-            open();
-            if (trying.hasExpired(patience)) refuseOthers();
+        while (!database_.reopen(true)) {
+            if (trying.hasExpired(patience)) {
+                database_.reopen(false);
+                refuseOthers();
+            }
             QThread::msleep(10); // a desk that is just starting or ending is soon gone
         }
     }
-    ~Alone() { open(); }
+    ~Alone() { database_.reopen(false); }
     Alone(const Alone&) = delete;
     Alone& operator=(const Alone&) = delete;
 
 private:
-    bool close() {
-        try {
-            const Database::Quiet quiet(database_);
-            pragma("locking_mode=exclusive");
-            return pragma("journal_mode=delete") == QLatin1String("delete");
-        } catch (const DatabaseError&) {
-            return false;
-        }
-    }
-    QString pragma(const char* text) {
-        Query query = database_.command(
-            QStringLiteral("pragma %1.%2").arg(database_.schema(), QLatin1String(text)));
-        return query.next() ? query.text(0) : QString();
-    }
-    // The lock goes with the first reading after the change of mode. Whoever comes first turns to the shared log.
-    void open() {
-        try {
-            const Database::Quiet quiet(database_);
-            pragma("locking_mode=normal");
-            database_.command(QStringLiteral("select count(*) from %1.sqlite_master").arg(database_.schema())).next();
-            pragma("journal_mode=wal");
-        } catch (const DatabaseError&) {
-            // Another one is at the file already; the next statement here finds its mode.
-        }
-    }
-
     Database& database_;
 };
 
@@ -139,9 +115,11 @@ void takeContent(Database& database) {
     const QString copy = QLatin1String(COPY);
     for (const QString& table : tablesOf(database, schema))
         database.command(QStringLiteral("drop table %1.%2").arg(schema, table));
-    const QString made = QStringLiteral("select sql from %1.sqlite_master where %2 and sql is not null and tbl_name <> '%3'")
-                             .arg(copy, QStringLiteral("%1"), QLatin1String(sqlite_copy::FILES_TABLE));
-    for (const QString& statement : column(database, made.arg(QStringLiteral("type = 'table' and name not like 'sqlite%'"))))
+    const QString made =
+        QStringLiteral("select sql from %1.sqlite_master where %2 and sql is not null and tbl_name <> '%3'")
+            .arg(copy, QStringLiteral("%1"), QLatin1String(sqlite_copy::FILES_TABLE));
+    for (const QString& statement :
+         column(database, made.arg(QStringLiteral("type = 'table' and name not like 'sqlite%'"))))
         database.command(within(schema, statement));
     for (const QString& table : tablesOf(database, copy))
         database.command(QStringLiteral("insert into %1.%3 select * from %2.%3").arg(schema, copy, table));
@@ -229,7 +207,8 @@ QString sqlite_copy::restore(Database& database, const QString& path) {
     try {
         database.replaceContent([&] {
             takeContent(database);
-            if (countOf(database, "tblPazienti") != facts.patients || countOf(database, "tblWorkspace") != facts.records)
+            if (countOf(database, "tblPazienti") != facts.patients ||
+                countOf(database, "tblWorkspace") != facts.records)
                 refuse(QStringLiteral("La copia non è arrivata per intero."));
             former.moveOver(kept);
         });
