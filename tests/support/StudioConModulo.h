@@ -3,6 +3,7 @@
 #include "desk/shell/Desk.h"
 #include "desk/shell/Options.h"
 #include "host/context.h"
+#include "host/contract/Framework.h"
 #include "host/contract/Host.h"
 #include "module/Plugin.h"
 #include "platform/Clock.h"
@@ -14,6 +15,7 @@
 #include "support/PracticeDatabase.h"
 
 #include <QTemporaryDir>
+#include <functional>
 #include <gtest/gtest.h>
 
 /// A desk on the demo practice with the whole module in it, as a dentist starts it; the configuration is that of the
@@ -37,9 +39,12 @@ protected:
     QString cartellaModulo() const { return opzioni_.configDir + QStringLiteral("/Lumetra/Tessara 5000 V6/Corvala"); }
 
     /// Starts the practice; a second call is a second run on the same data.
-    void avvia() {
+    void avvia() { avvia([](host::Framework&) {}); }
+    /// With more on the ribbon of the host when the module comes.
+    void avvia(const std::function<void(host::Framework&)>& prima) {
         desk_.reset();
         desk_ = desk::Desk::open(opzioni_);
+        prima(desk_->host().Framework());
         auto plugin = std::make_unique<Plugin>();
         plugin_ = plugin.get();
         avviato_ = desk_->attachModule(std::move(plugin));

@@ -50,8 +50,9 @@ public:
     QMap<QString, QVariant> lastReportVariables() const;
     QString lastReportID() const; ///< Empty before the first report.
 
+    struct Parts; ///< The inside, for the commands of the desk.
+
 private:
-    struct Parts;
     explicit Desk(std::unique_ptr<Parts> parts);
     std::unique_ptr<Parts> parts_;
 };

@@ -24,22 +24,9 @@ namespace {
 
 constexpr int STATUS_MILLISECONDS = 15000;
 
-/// Commands that need an open patient, and the room they show.
-struct RoomCommand {
-    qint32 id;
-    RoomKind kind;
-};
-constexpr RoomCommand ROOM_COMMANDS[] = {{DIARIO_CLINICO, RoomKind::Events},
-                                         {APPUNTI, RoomKind::Notes},
-                                         {VISITE, RoomKind::Visits},
-                                         {SCADENZE, RoomKind::DueDates},
-                                         {FILE_ALLEGATI, RoomKind::Files}};
-
 void enablePatientCommands(CommandList& commands, bool enabled) {
-    for (const qint32 id : {CHIUDI_PAZIENTE, DATI_ANAGRAFICI})
-        commands.find(id)->setEnabled(enabled);
-    for (const RoomCommand& command : ROOM_COMMANDS)
-        commands.find(command.id)->setEnabled(enabled);
+    for (const DeskCommand& command : deskCommands())
+        if (command.is(DeskCommand::NEEDS_PATIENT)) commands.find(command.id)->setEnabled(enabled);
 }
 
 } // namespace
@@ -244,12 +231,11 @@ void Desk::Parts::connectRooms() {
     hooks.showFile = roomServices().showFile;
 }
 
-void Desk::Parts::showRoom(qint32 command) {
+void Desk::Parts::showRoom(RoomKind kind) {
     PatientDesk* desk = openDesk();
     if (!desk) return;
     window.children().bringForward(desk);
-    for (const RoomCommand& room : ROOM_COMMANDS)
-        if (room.id == command) desk->rooms().showRoom(room.kind);
+    desk->rooms().showRoom(kind);
 }
 
 void Desk::Parts::showFreeData() {
@@ -261,56 +247,13 @@ void Desk::Parts::showFreeData() {
 }
 
 void Desk::Parts::run(const Command& command) {
+    const DeskCommand* own = deskCommand(command.ID());
     const qint32 id = command.ID();
     const QString why = guarded([&] {
-        switch (id) {
-        case CERCA_PAZIENTE:
-        case ELENCO_PAZIENTI:
-            searchPatient();
-            break;
-        case CHIUDI_PAZIENTE:
-            closePatient();
-            break;
-        case NUOVO_PAZIENTE:
-            addPatient();
-            break;
-        case DATI_ANAGRAFICI:
-            editPatient();
-            break;
-        case UTENTI:
-            showUsers();
-            break;
-        case IMPOSTAZIONI:
-            changeSettings();
-            break;
-        case DIARIO_CLINICO:
-        case APPUNTI:
-        case VISITE:
-        case SCADENZE:
-        case FILE_ALLEGATI:
-            showRoom(id);
-            break;
-        case ARCHIVIO_DATI:
-            showFreeData();
-            break;
-        case ESCI:
-            window.close();
-            break;
-        case COPIA_SICUREZZA:
-            backup.makeCopy();
-            break;
-        case RIPRISTINA_COPIA:
-            backup.restoreCopy();
-            break;
-        case MODELLI_STAMPA:
-            reports.manage(&window);
-            break;
-        case INFORMAZIONI:
-            showInformation();
-            break;
-        default:
-            if (module) module->raise(QStringLiteral("execute"), {id});
-        }
+        if (own && own->run)
+            own->run(*this);
+        else if (module)
+            module->raise(QStringLiteral("execute"), {id});
     });
     if (!why.isEmpty()) tell(why);
 }

@@ -20,6 +20,7 @@
 namespace desk {
 
 class PatientDesk;
+enum class RoomKind;
 
 /// The inside of Desk: what belongs to it, in the order in which it is made, and how patient, module and commands play
 /// together.
@@ -43,7 +44,7 @@ struct Desk::Parts : public QObject {
 
     RoomServices roomServices();
     void connectRooms(); ///< What the data of a patient asks of the windows.
-    void showRoom(qint32 command);
+    void showRoom(RoomKind kind);
     void showFreeData();
 
     void run(const Command& command);

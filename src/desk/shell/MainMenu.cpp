@@ -18,11 +18,11 @@ void MainMenu::addMenu(const QString& key, const QString& caption) {
     menus_.insert(key, menu);
 }
 
-void MainMenu::addCommand(const QString& menuKey, Command& command, const QKeySequence& shortcut) {
+void MainMenu::addCommand(const QString& menuKey, Command& command, QKeyCombination shortcut) {
     QMenu* menu = menus_.value(menuKey);
     if (!menu) return;
     auto* action = new CommandAction(command, menu);
-    action->setShortcut(shortcut);
+    if (shortcut != QKeyCombination()) action->setShortcut(shortcut);
     menu->addAction(action);
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QHash>
-#include <QKeySequence>
 #include <QString>
+#include <Qt>
 
 class QMenu;
 class QMenuBar;
@@ -18,7 +18,7 @@ public:
     MainMenu(QMenuBar& bar, CommandList& commands);
 
     void addMenu(const QString& key, const QString& caption);
-    void addCommand(const QString& menuKey, Command& command, const QKeySequence& shortcut = {});
+    void addCommand(const QString& menuKey, Command& command, QKeyCombination shortcut = {});
     void addSeparator(const QString& menuKey);
     /// An entry of the module, whose command id stands in the key after its first letter. An unknown parent is passed
     /// over.

@@ -8,6 +8,8 @@
 #include "desk/shell/DockPane.h"
 #include "desk/shell/MainMenu.h"
 #include "desk/shell/RibbonBar.h"
+#include "desk/shell/RibbonGroupBox.h"
+#include "desk/shell/RibbonPage.h"
 #include "platform/FormRegistry.h"
 
 #include <QCloseEvent>
@@ -20,12 +22,6 @@
 #include <QVBoxLayout>
 
 namespace desk {
-
-namespace {
-
-constexpr qint32 MAIN_COMMANDS[] = {CERCA_PAZIENTE, CHIUDI_PAZIENTE, NUOVO_PAZIENTE, DATI_ANAGRAFICI, 10, 11, 12, 20};
-
-} // namespace
 
 MainWindow::MainWindow(CommandList& commands)
     : commands_(commands) {
@@ -45,8 +41,21 @@ MainWindow::MainWindow(CommandList& commands)
 MainWindow::~MainWindow() = default;
 
 void MainWindow::buildRibbon() {
+    addDeskCommands(commands_);
     ribbon_ = new RibbonBar(commands_);
-    buildStandardRibbon(*ribbon_, commands_);
+    RibbonPage* page = nullptr;
+    RibbonGroupBox* group = nullptr;
+    for (const DeskCommand& command : deskCommands()) {
+        if (!command.tab) continue;
+        const QString tab = QString::fromUtf16(command.tab);
+        const QString caption = QString::fromUtf16(command.group);
+        if (!page || page->Caption() != tab) {
+            page = ribbon_->insertTab(tab);
+            group = nullptr;
+        }
+        if (!group || group->Caption() != caption) group = page->insertGroup(caption);
+        group->addButton(*commands_.find(command.id));
+    }
     auto* bar = new QToolBar(QStringLiteral("Barra dei comandi"), this);
     bar->setObjectName(QStringLiteral("barraComandi"));
     bar->setMovable(false);
@@ -58,34 +67,16 @@ void MainWindow::buildRibbon() {
 
 void MainWindow::buildMenu() {
     menu_ = std::make_unique<MainMenu>(*menuBar(), commands_);
-    const QString patient = QStringLiteral("Mpaziente");
-    menu_->addMenu(patient, QStringLiteral("&Paziente"));
-    menu_->addCommand(patient, *commands_.find(CERCA_PAZIENTE), QKeySequence(Qt::CTRL | Qt::Key_F));
-    menu_->addCommand(patient, *commands_.find(NUOVO_PAZIENTE), QKeySequence(Qt::CTRL | Qt::Key_N));
-    menu_->addCommand(patient, *commands_.find(DATI_ANAGRAFICI));
-    menu_->addCommand(patient, *commands_.find(CHIUDI_PAZIENTE));
-    menu_->addSeparator(patient);
-    menu_->addCommand(patient, *commands_.find(ESCI), QKeySequence(Qt::CTRL | Qt::Key_Q));
-    const QString record = QStringLiteral("Mcartella");
-    menu_->addMenu(record, QStringLiteral("&Cartella"));
-    menu_->addCommand(record, *commands_.find(DIARIO_CLINICO), QKeySequence(Qt::CTRL | Qt::Key_1));
-    menu_->addCommand(record, *commands_.find(APPUNTI), QKeySequence(Qt::CTRL | Qt::Key_2));
-    menu_->addCommand(record, *commands_.find(VISITE), QKeySequence(Qt::CTRL | Qt::Key_3));
-    menu_->addCommand(record, *commands_.find(SCADENZE), QKeySequence(Qt::CTRL | Qt::Key_4));
-    menu_->addCommand(record, *commands_.find(FILE_ALLEGATI), QKeySequence(Qt::CTRL | Qt::Key_5));
-    const QString archive = QStringLiteral("Marchivio");
-    menu_->addMenu(archive, QStringLiteral("A&rchivio"));
-    menu_->addCommand(archive, *commands_.find(COPIA_SICUREZZA));
-    menu_->addCommand(archive, *commands_.find(RIPRISTINA_COPIA));
-    menu_->addSeparator(archive);
-    menu_->addCommand(archive, *commands_.find(ARCHIVIO_DATI));
-    const QString tools = QStringLiteral("Mstrumenti");
-    menu_->addMenu(tools, QStringLiteral("&Strumenti"));
-    menu_->addCommand(tools, *commands_.find(UTENTI));
-    menu_->addCommand(tools, *commands_.find(IMPOSTAZIONI));
-    const QString help = QStringLiteral("Maiuto");
-    menu_->addMenu(help, QStringLiteral("&Aiuto"));
-    menu_->addCommand(help, *commands_.find(INFORMAZIONI));
+    for (const char16_t* menu : deskMenus()) {
+        const QString caption = QString::fromUtf16(menu);
+        const QString key = QLatin1Char('M') + QString(caption).remove(QLatin1Char('&')).toLower();
+        menu_->addMenu(key, caption);
+        for (const DeskCommand& command : deskCommands()) {
+            if (command.menu != menu) continue;
+            if (command.is(DeskCommand::SEPARATED)) menu_->addSeparator(key);
+            menu_->addCommand(key, *commands_.find(command.id), command.shortcut);
+        }
+    }
 }
 
 void MainWindow::buildCentre() {
@@ -130,9 +121,10 @@ void MainWindow::buildPanes() {
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(6, 6, 6, 6);
     column->setSpacing(2);
-    for (const qint32 id : MAIN_COMMANDS) {
+    for (const DeskCommand& command : deskCommands()) {
+        if (!command.is(DeskCommand::IN_PANE)) continue;
         auto* button = new QToolButton(content);
-        button->setDefaultAction(new CommandAction(*commands_.find(id), button));
+        button->setDefaultAction(new CommandAction(*commands_.find(command.id), button));
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setAutoRaise(true);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
