@@ -115,7 +115,7 @@ TEST_F(FrmConfigTest, EverySettingGoesToTheFileAndComesBack) {
         EXPECT_TRUE(trova<QPlainTextEdit>("Text1(1)")->toPlainText().endsWith(u8("890 ?")))
             << "what the file cannot hold is seen at once";
     });
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     clsConfig prima;
     ASSERT_TRUE(prima.Init());
     EXPECT_EQ(prima.UserTitle(), u8("Studio D'Angelo & figli <100%>"));
@@ -161,8 +161,8 @@ TEST_F(FrmConfigTest, ARefusedSaveIsToldAndLosesNothing) {
         scrivi("Text1(0)", u8("Studio nuovo"));
         ASSERT_TRUE(QDir().rename(opzioni_.configDir, opzioni_.configDir + u8("-via")));
         applica();
-        ASSERT_EQ(dialoghi_.messaggi.size(), 1);
-        EXPECT_EQ(dialoghi_.valori.last(), platform::MB_CRITICAL);
+        ASSERT_EQ(dialoghi_.messages.size(), 1);
+        EXPECT_EQ(dialoghi_.values.last(), platform::MB_CRITICAL);
         EXPECT_TRUE(daApplicare());
         EXPECT_EQ(testo("Text1(0)"), u8("Studio nuovo"));
         ASSERT_TRUE(QDir().rename(opzioni_.configDir + u8("-via"), opzioni_.configDir));
@@ -172,7 +172,7 @@ TEST_F(FrmConfigTest, ARefusedSaveIsToldAndLosesNothing) {
         evento("fine");
         applica(); // there is nothing left to write to
     });
-    EXPECT_EQ(dialoghi_.messaggi.size(), 1);
+    EXPECT_EQ(dialoghi_.messages.size(), 1);
 }
 
 TEST_F(FrmConfigTest, AnAmountThatIsNoneIsRefusedWithWordsAndNothingIsSaved) {
@@ -186,11 +186,11 @@ TEST_F(FrmConfigTest, AnAmountThatIsNoneIsRefusedWithWordsAndNothingIsSaved) {
             scrivi(campo, u8("2,00,"));
             argomento(INTESTAZIONE);
             scrivi("Text1(0)", u8("Studio nuovo"));
-            dialoghi_.messaggi.clear();
+            dialoghi_.messages.clear();
             applica();
-            ASSERT_EQ(dialoghi_.messaggi.size(), 1);
-            EXPECT_TRUE(dialoghi_.messaggi[0].contains(u8("\"2,00,\""))) << dialoghi_.messaggi[0].toStdString();
-            EXPECT_EQ(dialoghi_.valori.last(), platform::MB_WARNING);
+            ASSERT_EQ(dialoghi_.messages.size(), 1);
+            EXPECT_TRUE(dialoghi_.messages[0].contains(u8("\"2,00,\""))) << dialoghi_.messages[0].toStdString();
+            EXPECT_EQ(dialoghi_.values.last(), platform::MB_WARNING);
             EXPECT_TRUE(trova<QLineEdit>(campo)->isVisible() && trova<QLineEdit>(campo)->hasFocus());
             EXPECT_TRUE(daApplicare());
             EXPECT_EQ(oConfig->UserTitle(), QString());
@@ -209,7 +209,7 @@ TEST_F(FrmConfigTest, LocksAreRemovedOnlyAfterAYes) {
     for (const QString& file : {altrui, nascosto})
         ASSERT_TRUE(platform::files::writeAtomically(file, "01/01/2025 09:00:00"));
     const auto azzera = [&](platform::Answer risposta) {
-        dialoghi_.risposta = risposta;
+        dialoghi_.answer = risposta;
         QTest::mouseClick(trova<QPushButton>("cbStrumenti(1)"), Qt::LeftButton);
     };
     apri([&] {
@@ -223,13 +223,13 @@ TEST_F(FrmConfigTest, LocksAreRemovedOnlyAfterAYes) {
         EXPECT_FALSE(daApplicare());
         ASSERT_TRUE(QDir(oConfig->DBPAth()).removeRecursively());
         azzera(platform::Answer::Yes);
-        EXPECT_TRUE(dialoghi_.messaggi.takeLast().contains(u8("Errore critico in eliminazione LOCK!")));
-        EXPECT_EQ(dialoghi_.valori.takeLast(), 16);
+        EXPECT_TRUE(dialoghi_.messages.takeLast().contains(u8("Errore critico in eliminazione LOCK!")));
+        EXPECT_EQ(dialoghi_.values.takeLast(), 16);
     });
     const QString domanda = u8("Attenzione! Vuoi davvero rimuovere eventuali file di bloccaggio presenti?");
     const QString finita = u8("Operazione terminata correttamente!");
-    EXPECT_EQ(dialoghi_.messaggi, (QStringList{domanda, domanda, finita, domanda, finita, domanda}));
-    EXPECT_EQ(dialoghi_.valori, (QList<int>{292, 292, 64, 292, 64, 292}));
+    EXPECT_EQ(dialoghi_.messages, (QStringList{domanda, domanda, finita, domanda, finita, domanda}));
+    EXPECT_EQ(dialoghi_.values, (QList<int>{292, 292, 64, 292, 64, 292}));
 }
 
 TEST_F(FrmConfigTest, OneListOfReportsServesTheWholeWindow) {
@@ -247,10 +247,10 @@ TEST_F(FrmConfigTest, OneListOfReportsServesTheWholeWindow) {
     apri([&] {
         argomento(STRUMENTI);
         imposta();
-        EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+        EXPECT_TRUE(dialoghi_.messages.isEmpty());
         imposta();
         EXPECT_TRUE(trova<QWidget>("pbStrumenti")->isVisible()) << "the topic is still the one that was chosen";
     });
     EXPECT_EQ(aperte, 2);
-    EXPECT_EQ(dialoghi_.messaggi, QStringList{u8("Lista in memoria")});
+    EXPECT_EQ(dialoghi_.messages, QStringList{u8("Lista in memoria")});
 }

@@ -71,7 +71,7 @@ TEST_F(ListaReportsTest, AssignsReportsToEstimatesAndInvoices) {
     aggiungi("Lettere/Odontoiatria", "Lettera");
     oConfig->setPreventReportID(QString());
     oConfig->setFatturaReportID(FATTURA);
-    dialoghi_.scelta = QStringLiteral("Imposta come preventivo");
+    dialoghi_.choice = QStringLiteral("Imposta come preventivo");
     apri([&](QDialog& finestra, platform::ReportGrid& griglia) {
         EXPECT_EQ(finestra.windowTitle(), QStringLiteral("Elenco Reports. Tessara 5000. CORVALA"));
         EXPECT_EQ(platform::FormRegistry::find(QStringLiteral("frmListaReports")), &finestra);
@@ -82,21 +82,21 @@ TEST_F(ListaReportsTest, AssignsReportsToEstimatesAndInvoices) {
                   (QStringList{QStringLiteral("Imposta come preventivo"), QStringLiteral("Imposta come fattura")}));
         EXPECT_EQ(oConfig->PreventReportID(), nostra);
         EXPECT_TRUE(utilizzi(griglia).startsWith(QStringLiteral("D'Angelo 100%=Preventivo;Fattura=Fattura")));
-        dialoghi_.scelta = QStringLiteral("Imposta come fattura");
+        dialoghi_.choice = QStringLiteral("Imposta come fattura");
         clickDestro(griglia, nostra);
         EXPECT_TRUE(utilizzi(griglia).startsWith(QStringLiteral("D'Angelo 100%=Preventivo, Fattura;Fattura=;")))
             << "one report may serve both";
         clickDestro(griglia, FATTURA);
         // By keyboard, on the row that has the focus; a dismissed menu changes nothing.
         griglia.setFocusedRecord(griglia.rowRecord(riga(griglia, nostra)));
-        dialoghi_.scelta = QStringLiteral("nessuna");
+        dialoghi_.choice = QStringLiteral("nessuna");
         QTest::keyClick(griglia.view(), Qt::Key_Return);
         EXPECT_EQ(oConfig->FatturaReportID(), FATTURA);
         EXPECT_TRUE(finestra.isVisible());
         QTest::keyClick(&finestra, Qt::Key_Escape);
         EXPECT_FALSE(finestra.isVisible());
     });
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     QFile file(cartellaModulo() + QStringLiteral("/Config.xml"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().contains(nostra.toUtf8())) << "not written through";
@@ -104,24 +104,24 @@ TEST_F(ListaReportsTest, AssignsReportsToEstimatesAndInvoices) {
 
 TEST_F(ListaReportsTest, TellsOfTheListInMemory) {
     apri([](QDialog&, platform::ReportGrid& griglia) { EXPECT_EQ(griglia.rowCount(), 3); });
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     aggiungi("Certificati/Odontoiatria", "Nuova");
     apri([](QDialog& finestra, platform::ReportGrid& griglia) {
         EXPECT_EQ(griglia.rowCount(), 3) << "an older list is what the message tells of";
         QTest::mouseClick(finestra.findChild<QWidget*>(QStringLiteral("cbChiudi")), Qt::LeftButton);
         EXPECT_FALSE(finestra.isVisible());
     });
-    EXPECT_EQ(dialoghi_.messaggi, QStringList{QStringLiteral("Lista in memoria")});
-    EXPECT_EQ(dialoghi_.valori, QList<int>{64});
+    EXPECT_EQ(dialoghi_.messages, QStringList{QStringLiteral("Lista in memoria")});
+    EXPECT_EQ(dialoghi_.values, QList<int>{64});
 }
 
 TEST_F(ListaReportsTest, SaysWhereReportsBelongWhenThereAreNone) {
     for (const host::ItemDati& item : dati().Lista(QStringLiteral("Certificati"), true))
         ASSERT_TRUE(dati().Elimina(item.ID));
     ImpostaReport(lista_);
-    ASSERT_EQ(dialoghi_.messaggi.size(), 1);
-    EXPECT_EQ(dialoghi_.messaggi[0], QStringLiteral("Non recuperata alcuna informazione utile!\r\nControllare che "
+    ASSERT_EQ(dialoghi_.messages.size(), 1);
+    EXPECT_EQ(dialoghi_.messages[0], QStringLiteral("Non recuperata alcuna informazione utile!\r\nControllare che "
                                                     "esista una cartella certificati 'Odontoiatria'"));
-    EXPECT_EQ(dialoghi_.valori, QList<int>{48});
-    EXPECT_EQ(dialoghi_.titoli, QStringList{QStringLiteral("Tessara 5000. CORVALA")});
+    EXPECT_EQ(dialoghi_.values, QList<int>{48});
+    EXPECT_EQ(dialoghi_.titles, QStringList{QStringLiteral("Tessara 5000. CORVALA")});
 }

@@ -220,7 +220,7 @@ TEST(DeskOnServerTest, TheCommandsTellHowAServerIsCopied) {
     if (!PracticeDatabase::serverChosen()) GTEST_SKIP() << "only on a server";
     const PracticeDatabase place;
     const QTemporaryDir folder;
-    DeskDialogs dialogs;
+    ScriptedDialogs dialogs;
     desk::Options options;
     options.databaseUrl = place.url();
     options.configDir = folder.path();
@@ -241,7 +241,7 @@ TEST(DeskOnServerTest, TheCommandsTellHowAServerIsCopied) {
 TEST(DeskOnServerTest, EachLossAndEachReturnIsToldOnce) {
     if (!PracticeDatabase::serverChosen()) GTEST_SKIP() << "only on a server";
     OwnServer server;
-    DeskDialogs dialogs;
+    ScriptedDialogs dialogs;
     const auto database = desk::Database::open(desk::DatabaseUrl::parse(server.url()));
     const auto asks = [&database] {
         try {

@@ -6,8 +6,8 @@
 #include "desk/data/PatientDirectory.h"
 #include "desk/shell/Desk.h"
 #include "desk/shell/Options.h"
-#include "platform/Dialogs.h"
 #include "support/PracticeDatabase.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -19,46 +19,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <utility>
-
-/// Answers in the place of a person and keeps what was asked.
-class DeskDialogs : public platform::Dialogs {
-public:
-    DeskDialogs()
-        : before_(platform::installDialogs(this)) {}
-    ~DeskDialogs() override { platform::installDialogs(before_); }
-
-    platform::Answer message(const QString& text, int, const QString&) override {
-        messages.append(text);
-        return answer;
-    }
-    platform::TaskAnswer task(const platform::TaskRequest&) override { return {}; }
-    int popup(const QList<platform::MenuEntry>& entries) override {
-        menu.clear();
-        for (const platform::MenuEntry& entry : entries)
-            menu.append(entry.caption);
-        if (whileMenuIsOpen) std::exchange(whileMenuIsOpen, {})();
-        return static_cast<int>(menu.indexOf(choice));
-    }
-    QString openFile(const QString&, const platform::FileKinds& offered, const QString&) override {
-        kinds = offered;
-        return file;
-    }
-    QString saveFile(const QString&, const platform::FileKinds& offered, const QString&) override {
-        kinds = offered;
-        return file;
-    }
-
-    QStringList messages;
-    QStringList menu;
-    QString choice;
-    std::function<void()> whileMenuIsOpen; ///< Once.
-    QString file; ///< Chosen in the next file dialogs.
-    platform::FileKinds kinds;
-    platform::Answer answer = platform::Answer::Ok;
-
-private:
-    platform::Dialogs* before_;
-};
 
 /// A desk on a practice of its own, with three patients, on the database system that the run is for.
 class DeskFixture : public testing::Test {
@@ -138,7 +98,7 @@ protected:
     desk::Options options_;
     QString rossi_;
     QString verdi_;
-    DeskDialogs dialogs_;
+    ScriptedDialogs dialogs_;
     DeskModuleRun run_;
     std::unique_ptr<desk::Desk> desk_;
     int records_ = 0;

@@ -47,10 +47,3 @@ TEST(DeskOptions, RefusesWhatMakesNoSenseAndNamesIt) {
         }
     }
 }
-
-TEST(DeskOptions, HelpNamesEveryOptionAndWinsOverMistakes) {
-    EXPECT_TRUE(Options::parse({QStringLiteral("--help"), QStringLiteral("--pippo")}).help);
-    for (const char* name : {"--db", "--config-dir", "--user", "--demo", "--scenario", "--out", "--reset-password",
-                             "--copy-to", "--restore"})
-        EXPECT_TRUE(Options::helpText().contains(QLatin1String(name))) << name;
-}

@@ -1,30 +1,19 @@
 #pragma once
 
 #include "desk/DeskFixture.h"
-#include "platform/RecordForm.h"
 #include "host/contract/Host.h"
 #include "platform/Clock.h"
+#include "platform/RecordForm.h"
 #include "platform/ReportGrid.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-/// Answers questions in order, "Yes" when none is queued.
-class ClinicalDialogs : public DeskDialogs {
-public:
-    platform::Answer message(const QString& text, int value, const QString& title) override {
-        DeskDialogs::message(text, value, title);
-        if (value != platform::MB_QUESTION_DEFAULT_NO) return platform::Answer::Ok;
-        return answers.isEmpty() ? platform::Answer::Yes : answers.takeFirst();
-    }
-
-    QList<platform::Answer> answers;
-};
-
-/// A desk with a patient open, whose doctor is the signed-in user. The clock stands.
+/// A desk with a patient open, whose doctor is the signed-in user. The clock stands, questions are answered with Yes.
 class ClinicalDesk : public DeskFixture {
 protected:
     ClinicalDesk() {
+        dialogs_.answer = platform::Answer::Yes;
         platform::setClock(QDateTime(QDate(2026, 3, 10), QTime(9, 30)));
         setDoctor(host().Utente().ID());
     }
@@ -74,5 +63,4 @@ protected:
             line->insert(text);
         }
     }
-    ClinicalDialogs answers_;
 };

@@ -50,7 +50,7 @@ protected:
         return path;
     }
     void add(const QString& path) {
-        answers_.file = path;
+        dialogs_.file = path;
         whenModal("frmEditFile", [](QWidget& window) { press(window, "cbConferma"); });
         click("cbNuovoFile");
     }
@@ -85,29 +85,29 @@ TEST_F(FileRoom, AFileIsAddedShownDescribedExtractedAndDeleted) {
               QStringList{QStringLiteral("Lettera")});
 
     click("cbEstraiFile");
-    ASSERT_EQ(answers_.messages.size(), 1);
-    EXPECT_TRUE(answers_.messages.first().contains(host().Utente().TempDir()));
+    ASSERT_EQ(dialogs_.messages.size(), 1);
+    EXPECT_TRUE(dialogs_.messages.first().contains(host().Utente().TempDir()));
 
-    answers_.file = folder_.filePath(QStringLiteral("di già.txt"));
+    dialogs_.file = folder_.filePath(QStringLiteral("di già.txt"));
     for (const char* before : {"", "un altro testo, più lungo di quello che viene"}) {
         if (*before) onDisk("di già.txt", before);
         click("cbSalvaFile");
-        EXPECT_EQ(platform::files::read(answers_.file), QByteArray("Gentile collega, già visto"));
+        EXPECT_EQ(platform::files::read(dialogs_.file), QByteArray("Gentile collega, già visto"));
     }
-    EXPECT_EQ(answers_.messages.size(), 1);
-    answers_.file = folder_.filePath(QStringLiteral("manca/copia.txt"));
+    EXPECT_EQ(dialogs_.messages.size(), 1);
+    dialogs_.file = folder_.filePath(QStringLiteral("manca/copia.txt"));
     click("cbSalvaFile");
-    EXPECT_TRUE(answers_.messages.value(1).startsWith(QStringLiteral("Il file non può essere salvato")));
+    EXPECT_TRUE(dialogs_.messages.value(1).startsWith(QStringLiteral("Il file non può essere salvato")));
 }
 
 TEST_F(FileRoom, AFullDiskIsToldAndTheFileThatWasThereStays) {
     add(onDisk("referto.txt", QByteArray(5000, 'r'))); // less than a buffer holds
-    answers_.file = onDisk("copia.txt", "quello di prima");
+    dialogs_.file = onDisk("copia.txt", "quello di prima");
     const FullDisk disk(4096);
     click("cbSalvaFile");
-    ASSERT_EQ(answers_.messages.size(), 1);
-    EXPECT_TRUE(answers_.messages.first().startsWith(QStringLiteral("Il file non può essere salvato")));
-    EXPECT_EQ(platform::files::read(answers_.file), QByteArray("quello di prima"));
+    ASSERT_EQ(dialogs_.messages.size(), 1);
+    EXPECT_TRUE(dialogs_.messages.first().startsWith(QStringLiteral("Il file non può essere salvato")));
+    EXPECT_EQ(platform::files::read(dialogs_.file), QByteArray("quello di prima"));
     EXPECT_EQ(patient().Files().EstraiFile(patient().Files().Lista().first().ID), QString());
 }
 
@@ -118,9 +118,9 @@ TEST_F(FileRoom, ADeletedFileTakesItsEntriesInTheDiaryAlong) {
         host::Evento entry{{}, QStringLiteral("01/02/2026"), QStringLiteral("voce ") + file.left(1), file};
         ASSERT_TRUE(patient().Eventi().Salva(entry));
     }
-    answers_.answers = {platform::Answer::No};
+    dialogs_.answers = {platform::Answer::No};
     click("cbEliminaFile");
-    EXPECT_EQ(answers_.messages.value(0).count(QStringLiteral("Anche la voce del diario del 01/02/2026")), 2);
+    EXPECT_EQ(dialogs_.messages.value(0).count(QStringLiteral("Anche la voce del diario del 01/02/2026")), 2);
     EXPECT_EQ(grid("rcFiles").rowCount(), 1);
 
     click("cbEliminaFile");
@@ -165,7 +165,7 @@ TEST_F(FileRoom, PicturesHaveAWindowAndTheRestGoesToTheSystem) {
     QString id;
     ASSERT_TRUE(patient().Files().SalvaFile(id, QStringLiteral("x"), cases[3].path));
     patient().Files().Visualizza(id);
-    EXPECT_TRUE(answers_.messages.value(0).startsWith(QStringLiteral("Nessun programma del sistema")));
+    EXPECT_TRUE(dialogs_.messages.value(0).startsWith(QStringLiteral("Nessun programma del sistema")));
 }
 
 TEST_F(FileRoom, WhateverItsNameAFileStaysInTheTemporaryFolder) {
@@ -220,16 +220,16 @@ TEST_F(FileRoom, TooLargeOrMissingFilesAreRefusedWithTheReason) {
                  {folder_.path(), "non esiste"}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.complaint);
-        answers_.messages.clear();
-        answers_.file = each.path;
+        dialogs_.messages.clear();
+        dialogs_.file = each.path;
         whenModal("frmEditFile", [](QWidget& window) {
             press(window, "cbConferma");
             EXPECT_TRUE(window.isVisible());
             press(window, "cbAnnulla");
         });
         click("cbNuovoFile");
-        EXPECT_TRUE(answers_.messages.value(0).contains(QString::fromUtf8(each.complaint)))
-            << answers_.messages.value(0).toStdString();
+        EXPECT_TRUE(dialogs_.messages.value(0).contains(QString::fromUtf8(each.complaint)))
+            << dialogs_.messages.value(0).toStdString();
         QString id;
         EXPECT_FALSE(patient().Files().SalvaFile(id, QStringLiteral("x"), each.path));
         EXPECT_EQ(id, QString());

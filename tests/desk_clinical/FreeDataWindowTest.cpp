@@ -88,7 +88,7 @@ TEST_F(FreeDataWindow, ItemsAreAddedMovedAndKeepTheirContent) {
         press(window, "cbConferma");
     });
     click("cbModificaDato");
-    EXPECT_EQ(answers_.messages.size(), 1);
+    EXPECT_EQ(dialogs_.messages.size(), 1);
     EXPECT_EQ(host().Archivio().Dati().Lista(QStringLiteral("Altrove"), false).size(), 1);
 }
 
@@ -100,10 +100,10 @@ TEST_F(FreeDataWindow, FoldersAreRenamedWithAllBelowAndMergedOnlyWhenAsked) {
                            QStringLiteral("Prima Nota Magazzino/Guanti 'L'/2025")}));
     EXPECT_EQ(tree_->currentItem()->text(0), QStringLiteral("Guanti 'L'"));
 
-    answers_.messages.clear();
-    answers_.answers = {platform::Answer::No, platform::Answer::Yes};
+    dialogs_.messages.clear();
+    dialogs_.answers = {platform::Answer::No, platform::Answer::Yes};
     renameTo(QStringLiteral("Prima Nota Magazzini"));
-    EXPECT_TRUE(answers_.messages.value(0).contains(QStringLiteral("esiste già")));
+    EXPECT_TRUE(dialogs_.messages.value(0).contains(QStringLiteral("esiste già")));
     EXPECT_EQ(folders().count(QStringLiteral("Prima Nota Magazzini")), 1);
     renameTo(QStringLiteral("Prima Nota Magazzini"));
     EXPECT_EQ(folders().count(QStringLiteral("Prima Nota Magazzini")), 2);
@@ -112,17 +112,17 @@ TEST_F(FreeDataWindow, FoldersAreRenamedWithAllBelowAndMergedOnlyWhenAsked) {
 
 TEST_F(FreeDataWindow, AFolderGoesWithWhatIsInItAfterTheQuestion) {
     choose("Prima Nota Magazzino");
-    answers_.answers = {platform::Answer::No};
+    dialogs_.answers = {platform::Answer::No};
     click("cbEliminaCartella");
     EXPECT_EQ(folders().size(), 3);
-    EXPECT_TRUE(answers_.messages.value(0).contains(QStringLiteral("2 dati")));
+    EXPECT_TRUE(dialogs_.messages.value(0).contains(QStringLiteral("2 dati")));
     click("cbEliminaCartella");
     EXPECT_EQ(folders(), QStringList{QStringLiteral("Prima Nota Magazzini")});
 
     choose("Prima Nota Magazzini");
     place_.execute(QStringLiteral("alter table tblDati rename to tblAltrove"));
-    answers_.messages.clear();
+    dialogs_.messages.clear();
     click("cbEliminaCartella");
-    EXPECT_TRUE(answers_.messages.value(0).contains(QStringLiteral("Errore"))) << answers_.messages.size();
+    EXPECT_TRUE(dialogs_.messages.value(0).contains(QStringLiteral("Errore"))) << dialogs_.messages.size();
     EXPECT_GT(tree_->topLevelItemCount(), 0) << "the tree stays as it was read last";
 }

@@ -45,7 +45,7 @@ TEST_P(TextRooms, WhatIsWrittenIsStoredListedChangedAndDeleted) {
     found.sort();
     EXPECT_EQ(found, expected);
     EXPECT_EQ(grid(GetParam().grid).rowCount(), expected.size());
-    EXPECT_EQ(answers_.messages, QStringList());
+    EXPECT_EQ(dialogs_.messages, QStringList());
 
     auto& list = grid(GetParam().grid);
     const QString before = cell(GetParam().grid, 0, GetParam().column);
@@ -59,11 +59,11 @@ TEST_P(TextRooms, WhatIsWrittenIsStoredListedChangedAndDeleted) {
     EXPECT_FALSE(all().contains(before));
     EXPECT_EQ(list.focusedRecord()->cell(GetParam().column).value, QStringLiteral("prima riga seconda"));
 
-    answers_.answers = {platform::Answer::No};
+    dialogs_.answers = {platform::Answer::No};
     click(button("cbElimina").c_str());
     EXPECT_EQ(list.rowCount(), expected.size());
     QTest::keyClick(list.view(), Qt::Key_Delete);
-    EXPECT_EQ(answers_.messages.size(), 2);
+    EXPECT_EQ(dialogs_.messages.size(), 2);
     EXPECT_EQ(list.rowCount(), expected.size() - 1);
     EXPECT_FALSE(all().contains(QStringLiteral("prima riga\nseconda")));
 }
@@ -73,20 +73,20 @@ TEST_P(TextRooms, AnEmptyTextIsRefusedAndLeavingAChangedOneAsks) {
     whenModal(GetParam().form, [this](QWidget& window) {
         press(window, "cbConferma");
         EXPECT_TRUE(window.isVisible());
-        EXPECT_EQ(answers_.messages.size(), 1);
+        EXPECT_EQ(dialogs_.messages.size(), 1);
         paste(window, GetParam().field, QStringLiteral("quasi perduto"));
-        answers_.answers = {platform::Answer::No, platform::Answer::Yes};
+        dialogs_.answers = {platform::Answer::No, platform::Answer::Yes};
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_TRUE(window.isVisible());
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
     });
     click(button("cbNuovo").c_str());
-    EXPECT_EQ(answers_.messages.size(), 3);
+    EXPECT_EQ(dialogs_.messages.size(), 3);
     EXPECT_EQ(all(), QStringList());
     whenModal(GetParam().form, [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
     click(button("cbNuovo").c_str());
-    EXPECT_EQ(answers_.messages.size(), 3) << "nothing was typed, nothing to ask";
+    EXPECT_EQ(dialogs_.messages.size(), 3) << "nothing was typed, nothing to ask";
 }
 
 TEST_P(TextRooms, AFailingDatabaseIsToldAndLosesNeitherTextNorList) {
@@ -101,9 +101,9 @@ TEST_P(TextRooms, AFailingDatabaseIsToldAndLosesNeitherTextNorList) {
         rename(table, QStringLiteral("tblAltrove"));
         press(window, "cbConferma");
         EXPECT_TRUE(window.isVisible());
-        EXPECT_EQ(answers_.messages.size(), 1);
-        EXPECT_TRUE(answers_.messages.value(0).startsWith(QStringLiteral("I dati non sono stati salvati.\nErrore")))
-            << answers_.messages.value(0).toStdString();
+        EXPECT_EQ(dialogs_.messages.size(), 1);
+        EXPECT_TRUE(dialogs_.messages.value(0).startsWith(QStringLiteral("I dati non sono stati salvati.\nErrore")))
+            << dialogs_.messages.value(0).toStdString();
         control<platform::RecordForm>(GetParam().form);
         rename(QStringLiteral("tblAltrove"), table);
         press(window, "cbConferma");
@@ -126,19 +126,19 @@ TEST_P(TextRooms, AFailingDatabaseIsToldAndLosesNeitherTextNorList) {
 TEST_P(TextRooms, WhatAnotherWorkstationWroteIsNotOverwrittenUnasked) {
     open();
     add(QStringLiteral("prima"));
-    answers_.answers = {platform::Answer::No, platform::Answer::Yes};
+    dialogs_.answers = {platform::Answer::No, platform::Answer::Yes};
     whenModal(GetParam().form, [this](QWidget& window) {
         paste(window, GetParam().field, QStringLiteral("qui"));
         const QString theirs = QStringLiteral("update %1 set %2 = 'dall''altra'");
         place_.execute(theirs.arg(QLatin1String(GetParam().table), QLatin1String(GetParam().stored)));
         press(window, "cbConferma");
         EXPECT_TRUE(window.isVisible());
-        EXPECT_TRUE(answers_.messages.value(0).contains(QStringLiteral("ora dice:\n\ndall'altra")));
+        EXPECT_TRUE(dialogs_.messages.value(0).contains(QStringLiteral("ora dice:\n\ndall'altra")));
         EXPECT_EQ(all(), QStringList{QStringLiteral("dall'altra")});
         press(window, "cbConferma");
     });
     click(button("cbModifica").c_str());
-    EXPECT_EQ(answers_.messages.size(), 2);
+    EXPECT_EQ(dialogs_.messages.size(), 2);
     EXPECT_EQ(all(), QStringList{QStringLiteral("qui")});
 }
 

@@ -1,4 +1,3 @@
-#include "ReportDialogs.h"
 #include "ReportSample.h"
 
 #include "desk/data/Database.h"
@@ -6,6 +5,7 @@
 #include "desk/report/frmModelli.h"
 #include "platform/Files.h"
 #include "platform/ReportGrid.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -42,7 +42,7 @@ protected:
     QTemporaryDir folder_;
     std::unique_ptr<desk::Database> database_;
     desk::FreeData archive_;
-    ReportDialogs dialogs_;
+    ScriptedDialogs dialogs_;
     std::unique_ptr<desk::frmModelli> window_;
 };
 

@@ -1,10 +1,10 @@
-#include "ReportDialogs.h"
 #include "ReportSample.h"
 
 #include "desk/data/Database.h"
 #include "desk/data/FreeData.h"
 #include "desk/report/ReportViewer.h"
 #include "platform/Files.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -61,7 +61,7 @@ protected:
     std::unique_ptr<desk::Database> database_;
     desk::FreeData archive_;
     desk::ReportViewer viewer_;
-    ReportDialogs dialogs_;
+    ScriptedDialogs dialogs_;
 };
 
 template <class Control>

@@ -2,7 +2,7 @@
 #include "platform/Dialogs.h"
 #include "platform/QtDialogs.h"
 #include "platform/WebAddress.h"
-#include "support/DialoghiDiProva.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -4,7 +4,7 @@
 #include "host/modAggiorna.h"
 #include "platform/FormRegistry.h"
 #include "platform/ReportGrid.h"
-#include "support/DialoghiDiProva.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QWidget>
 #include <gtest/gtest.h>
@@ -83,7 +83,7 @@ TEST(ModAggiorna, EachRoutineReachesItsWindowAndNoOther) {
 }
 
 TEST(ModComandi, DispatchesByServiceThenByFixedIdAndIgnoresTheRest) {
-    DialoghiDiProva dialoghi;
+    ScriptedDialogs dialoghi;
     QStringList eseguiti;
     Comandi comandi([](qint32 id) { return id == 100 ? QStringLiteral("CRVL0301") : QString(); });
     comandi.add(QStringLiteral("CRVL0301"), [&] { eseguiti << QStringLiteral("elenco"); });
@@ -98,20 +98,20 @@ TEST(ModComandi, DispatchesByServiceThenByFixedIdAndIgnoresTheRest) {
     comandi.EseguiComando(12345);
     EXPECT_EQ(eseguiti, (QStringList{QStringLiteral("elenco"), QStringLiteral("fatture")}));
     comandi.EseguiComando(5); // without an action it is grey, and a host that asks all the same hears nothing
-    EXPECT_TRUE(dialoghi.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi.messages.isEmpty());
 
     for (const qint32 id : {2, 8, 3, 9, 7}) {
         SCOPED_TRACE(id);
         comandi.EseguiComando(id);
-        EXPECT_EQ(dialoghi.messaggi.takeLast(), QStringLiteral("Selezionare prima un paziente"));
-        EXPECT_EQ(dialoghi.titoli.last(), QStringLiteral("Tessara 5000"));
-        EXPECT_EQ(dialoghi.valori.last(), 64);
+        EXPECT_EQ(dialoghi.messages.takeLast(), QStringLiteral("Selezionare prima un paziente"));
+        EXPECT_EQ(dialoghi.titles.last(), QStringLiteral("Tessara 5000"));
+        EXPECT_EQ(dialoghi.values.last(), 64);
     }
     idComandi = {};
 }
 
 TEST(ClsViewBase, SetsTheHostsGridUpOnceAndSurvivesIt) {
-    DialoghiDiProva dialoghi;
+    ScriptedDialogs dialoghi;
     Lista lista;
     lista.RefreshPannello(); // no grid seen yet
     {
@@ -127,7 +127,7 @@ TEST(ClsViewBase, SetsTheHostsGridUpOnceAndSurvivesIt) {
     QWidget altro;
     lista.refreshGrid(&altro, QString());
     EXPECT_FALSE(lista.Elimina(QStringLiteral("42")));
-    EXPECT_EQ(dialoghi.messaggi, QStringList{QStringLiteral("Cancello 42")});
+    EXPECT_EQ(dialoghi.messages, QStringList{QStringLiteral("Cancello 42")});
 }
 
 #include "ModComandiTest.moc"

@@ -86,7 +86,7 @@ TEST_F(Eventi, ArgumentsOfTheWrongKindAreLeftAsTheyAre) {
             EXPECT_FALSE(plugin_->terminated());
         }
     }
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     EXPECT_EQ(evento("MainRibbonBar.ReturnTab", {false}), QVariantList{true}) << "names are read in any case";
     // A panel that is known, with less room than its answer needs.
     const QString pannello = NomiPannelli().first();
@@ -161,7 +161,7 @@ TEST_F(Eventi, AThousandRoundsOfEveryEventLeaveNothingBehind) {
         evento("prescrizione.add", {QVariant::fromValue<host::Prescrizione*>(&ricetta)});
         evento("registrazione", {QVariant()});
         evento("chiuditutto");
-        dialoghi_.messaggi.clear();
+        dialoghi_.messages.clear();
     };
     giro();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

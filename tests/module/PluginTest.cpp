@@ -97,14 +97,14 @@ TEST_F(PluginTest, ARefusedStartIsToldOnceAndLeavesTheDeskWithoutModule) {
         }
         ASSERT_TRUE(platform::files::writeAtomically(sAppPath + QLatin1Char('/') + QLatin1String(caso.file), "<rotto"));
         platform::files::remove(cartellaModulo() + QStringLiteral("/Config.xml"));
-        dialoghi_.messaggi.clear();
+        dialoghi_.messages.clear();
         avvia();
         EXPECT_FALSE(avviato_);
         EXPECT_FALSE(desk_->hasModule());
-        ASSERT_EQ(dialoghi_.messaggi.size(), 1);
-        EXPECT_EQ(dialoghi_.valori.last(), platform::MB_CRITICAL);
-        EXPECT_EQ(dialoghi_.titoli.last(), QLatin1String(caso.titolo));
-        EXPECT_TRUE(desk_->moduleError().contains(dialoghi_.messaggi.last()));
+        ASSERT_EQ(dialoghi_.messages.size(), 1);
+        EXPECT_EQ(dialoghi_.values.last(), platform::MB_CRITICAL);
+        EXPECT_EQ(dialoghi_.titles.last(), QLatin1String(caso.titolo));
+        EXPECT_TRUE(desk_->moduleError().contains(dialoghi_.messages.last()));
         apriRossi(); // the desk works on
     }
 }
@@ -114,10 +114,10 @@ TEST_F(PluginTest, ABrokenConfigurationIsToldAndTheModuleStarts) {
     ASSERT_TRUE(platform::files::writeAtomically(cartellaModulo() + QStringLiteral("/Config.xml"), ""));
     avvia();
     EXPECT_TRUE(avviato_);
-    ASSERT_EQ(dialoghi_.messaggi.size(), 1);
-    EXPECT_TRUE(dialoghi_.messaggi[0].startsWith(QStringLiteral("Il file delle impostazioni era danneggiato.")));
-    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_WARNING});
-    EXPECT_EQ(dialoghi_.titoli, QStringList{QStringLiteral("Tessara 5000. CORVALA")});
+    ASSERT_EQ(dialoghi_.messages.size(), 1);
+    EXPECT_TRUE(dialoghi_.messages[0].startsWith(QStringLiteral("Il file delle impostazioni era danneggiato.")));
+    EXPECT_EQ(dialoghi_.values, QList<int>{platform::MB_WARNING});
+    EXPECT_EQ(dialoghi_.titles, QStringList{QStringLiteral("Tessara 5000. CORVALA")});
 }
 
 TEST_F(PluginTest, AnErrorInTheMiddleOfTheStartIsToldToo) {
@@ -125,8 +125,8 @@ TEST_F(PluginTest, AnErrorInTheMiddleOfTheStartIsToldToo) {
     Plugin plugin;
     plugin.Init(&muto, QVariant());
     EXPECT_TRUE(plugin.terminated());
-    EXPECT_EQ(dialoghi_.messaggi, QStringList{QStringLiteral("il collegamento è caduto")});
-    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_CRITICAL});
+    EXPECT_EQ(dialoghi_.messages, QStringList{QStringLiteral("il collegamento è caduto")});
+    EXPECT_EQ(dialoghi_.values, QList<int>{platform::MB_CRITICAL});
     EXPECT_EQ(plugin.terminationReason(), QStringLiteral("il collegamento è caduto"));
 }
 

@@ -250,7 +250,7 @@ TEST_F(Ribbon, TheWebPageGoesToTheOpenerAndOnlyWhenThereIsOne) {
     evento("execute", {oConfig->IDService(u8("CRVL.main.webinfo"))});
     evento("execute", {oConfig->IDService(u8("CRVL.main.userdata"))});
     EXPECT_EQ(aperti, QStringList{u8("https://www.example.org/corvala?a=1&b=2")});
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     platform::installAddressOpener({});
 }
 
@@ -298,16 +298,16 @@ TEST_F(Ribbon, AListOpensOnceAndNeedsNoPatient) {
 TEST_F(Ribbon, TheModulesOwnCommands) {
     avvia();
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL.main.about")));
-    const QString informazioni = platform::withoutMarkup(dialoghi_.messaggi.takeLast());
+    const QString informazioni = platform::withoutMarkup(dialoghi_.messages.takeLast());
     EXPECT_TRUE(informazioni.startsWith(QStringLiteral("Tessara 5000 V6. Modulo Odontoiatrico\n\n")));
     EXPECT_TRUE(informazioni.contains(QStringLiteral("Percorso configurazione: ") + oConfig->FileName()));
     ASSERT_TRUE(desk_->pressCommand(QStringLiteral("CRVL.main.refresh")));
     evento("execute", {idComandi.menuFatturazione});
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     EXPECT_FALSE(comando(idComandi.menuFatturazione)->Enabled()) << "it has no window yet";
     evento("execute", {idComandi.menuImmagini});
-    EXPECT_EQ(dialoghi_.messaggi.takeLast(), QStringLiteral("Selezionare prima un paziente"));
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_EQ(dialoghi_.messages.takeLast(), QStringLiteral("Selezionare prima un paziente"));
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
 }
 
 #include "RibbonTest.moc"

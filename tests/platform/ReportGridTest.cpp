@@ -1,5 +1,7 @@
 #include "ReportGridFixture.h"
 
+#include "platform/CellFont.h"
+
 #include <QHelpEvent>
 #include <QTextDocumentFragment>
 #include <QToolTip>
@@ -84,6 +86,17 @@ TEST_F(GridTest, TellsInATooltipWhatTheCellCannotShow) {
         told << QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
     }
     EXPECT_EQ(told, (QStringList{QString(), grid.record(1)->cell(0).value, QStringLiteral("Non è <b>un dente</b>")}));
+}
+
+TEST_F(GridTest, ShortensTextsAsTheSystemDoes) {
+    QFont bold = QGuiApplication::font();
+    bold.setBold(true);
+    const platform::CellFont cells(bold);
+    const QFontMetrics measured(bold);
+    for (const char* text : {"Corona", "AVAVAV ffi", "€ 12,50 – \u4E2D\u6587"})
+        for (int width = 0; width <= measured.horizontalAdvance(QString::fromUtf8(text)) + 12; ++width)
+            EXPECT_EQ(cells.fitting(QString::fromUtf8(text), width),
+                      measured.elidedText(QString::fromUtf8(text), Qt::ElideRight, width));
 }
 
 TEST_F(GridTest, KeepsModelSoundThroughChangesInEveryArrangement) {

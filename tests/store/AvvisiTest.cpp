@@ -105,7 +105,7 @@ TEST_F(Avvisi, ShowTheImportantNotesOfThePatientWhoOpens) {
     EXPECT_TRUE(riapri().comparsa);
     desk_->closePatient();
     evento("ambulatorio.ready"); // with nobody open it returns at once
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
 }
 
 TEST_F(Avvisi, APrivateNoteIsForThePatientsOwnDoctor) {

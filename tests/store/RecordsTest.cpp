@@ -5,6 +5,7 @@
 #include "store/modLock.h"
 #include "store/modProgressivi.h"
 #include "store/modWorkspace.h"
+#include "support/ScriptedDialogs.h"
 #include "support/Text.h"
 
 #include <QDir>
@@ -49,30 +50,6 @@ protected:
         QString id;
         return host_->patient->corvala().Salva(id, {u8("10/03/2025"), u8(idrif1), QString(), u8(t1), QString()});
     }
-};
-
-/// Remembers what the user was told.
-class HeardDialogs : public platform::Dialogs {
-public:
-    HeardDialogs()
-        : before_(platform::installDialogs(this)) {}
-    ~HeardDialogs() override { platform::installDialogs(before_); }
-    HeardDialogs(const HeardDialogs&) = delete;
-    HeardDialogs& operator=(const HeardDialogs&) = delete;
-
-    platform::Answer message(const QString& text, int value, const QString& title) override {
-        heard += QStringLiteral("%1|%2|%3").arg(title).arg(value).arg(text);
-        return platform::Answer::Ok;
-    }
-    platform::TaskAnswer task(const platform::TaskRequest&) override { return {}; }
-    int popup(const QList<platform::MenuEntry>&) override { return -1; }
-    QString openFile(const QString&, const platform::FileKinds&, const QString&) override { return {}; }
-    QString saveFile(const QString&, const platform::FileKinds&, const QString&) override { return {}; }
-
-    QStringList heard;
-
-private:
-    platform::Dialogs* before_;
 };
 
 /// For its life the folder can be read but not written, by the administrator neither, whom no permission stops.
@@ -300,7 +277,7 @@ TEST_F(RecordsTest, OfManyWhoOpenOneRecordInTheSameInstantOneGetsTheLock) {
 }
 
 TEST_F(RecordsTest, TheToolRemovesAllLocksButHiddenOnes) {
-    HeardDialogs dialogs;
+    ScriptedDialogs dialogs;
     EXPECT_TRUE(RimuoviTuttiLock());
     CreaLock(u8("Trattamento"), u8("1"));
     CreaLock(u8("Fattura"), u8("2"));
@@ -338,7 +315,7 @@ TEST_F(RecordsTest, AReadOnlyFolderTellsWhatCannotBeRemovedAndStopsNoWork) {
     QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
     CreaLock(u8("Fattura"), u8("1"));
     CreaLock(u8("Fattura"), u8("2"));
-    HeardDialogs dialogs;
+    ScriptedDialogs dialogs;
     {
         const ReadOnlyFolder shared(path("DB"));
         CreaLock(u8("Trattamento"), u8("3"));

@@ -10,9 +10,9 @@
 #include "platform/Files.h"
 #include "platform/SpecialFolders.h"
 #include "platform/XmlDocument.h"
-#include "support/DialoghiDiProva.h"
 #include "support/Places.h"
 #include "support/PracticeDatabase.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QTemporaryDir>
 #include <functional>
@@ -39,7 +39,9 @@ protected:
     QString cartellaModulo() const { return opzioni_.configDir + QStringLiteral("/Lumetra/Tessara 5000 V6/Corvala"); }
 
     /// Starts the practice; a second call is a second run on the same data.
-    void avvia() { avvia([](host::Framework&) {}); }
+    void avvia() {
+        avvia([](host::Framework&) {});
+    }
     /// With more on the ribbon of the host when the module comes.
     void avvia(const std::function<void(host::Framework&)>& prima) {
         desk_.reset();
@@ -70,7 +72,7 @@ protected:
 
     QTemporaryDir cartella_;
     PracticeDatabase archivio_;
-    DialoghiDiProva dialoghi_;
+    ScriptedDialogs dialoghi_;
     desk::Options opzioni_;
     std::unique_ptr<desk::Desk> desk_;
     Plugin* plugin_ = nullptr; ///< Owned by the desk; null when the start was refused.

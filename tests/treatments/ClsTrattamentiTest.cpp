@@ -97,15 +97,15 @@ TEST_F(ClsTrattamenti, FindsThePlansWithWorkGoingOn) {
 TEST_F(ClsTrattamenti, DeletesOnlyAfterAYes) {
     const clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0041"));
     for (const char* risposta : {"No", ""}) {
-        dialoghi_.rispostaTask.button = QLatin1String(risposta);
+        dialoghi_.taskAnswer.button = QLatin1String(risposta);
         EXPECT_FALSE(trattamenti().Elimina(paziente(), item.ID));
         EXPECT_TRUE(trattamenti().Carica(item.ID));
     }
     EXPECT_TRUE(
-        dialoghi_.messaggi.value(0).contains(QStringLiteral("Vuoi eliminare il trattamento numero 2026-0041?")));
-    dialoghi_.rispostaTask.button = QStringLiteral("Si");
+        dialoghi_.messages.value(0).contains(QStringLiteral("Vuoi eliminare il trattamento numero 2026-0041?")));
+    dialoghi_.taskAnswer.button = QStringLiteral("Si");
     EXPECT_TRUE(trattamenti().Elimina(paziente(), item.ID));
     EXPECT_FALSE(trattamenti().Carica(item.ID));
     EXPECT_FALSE(trattamenti().Elimina(paziente(), item.ID));
-    EXPECT_EQ(dialoghi_.messaggi.last(), QStringLiteral("Segnalare problema"));
+    EXPECT_EQ(dialoghi_.messages.last(), QStringLiteral("Segnalare problema"));
 }

@@ -56,7 +56,7 @@ protected:
     /// "Informazioni" in the menu of a tooth.
     void informazioni(int indice, std::function<void(QWidget&)> lavoro) {
         const FinestraModale attesa("frmEditDente", std::move(lavoro));
-        dialoghi_.scelta = QStringLiteral("Informazioni");
+        dialoghi_.choice = QStringLiteral("Informazioni");
         QTest::mouseClick(trova<QWidget>(arrayName("imTooth", indice)), Qt::RightButton);
     }
     QString situazioneSalvata(const char* numero) {

@@ -45,7 +45,7 @@ TEST_F(Editor, StoresANewPlanAsWorkedInTheWindow) {
 
     EXPECT_FALSE(finestra_->isVisible());
     EXPECT_FALSE(oHost->Framework().DialogCancel());
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     const auto stored = riga(QStringLiteral("2026-0001"));
     ASSERT_TRUE(stored);
     EXPECT_EQ(stored->descrizione, QStringLiteral("Piano di prova"));
@@ -94,12 +94,12 @@ TEST_F(Editor, NamesWhatKeepsThePlanFromBeingSaved) {
         dato(0)->setText(QLatin1String(caso.anno));
         dato(1)->setText(QLatin1String(caso.progressivo));
         conferma();
-        EXPECT_EQ(dialoghi_.messaggi.value(0), QLatin1String(caso.messaggio));
-        EXPECT_EQ(dialoghi_.valori.value(0), 48);
-        EXPECT_EQ(dialoghi_.titoli.value(0), QStringLiteral("Tessara 5000. CORVALA"));
+        EXPECT_EQ(dialoghi_.messages.value(0), QLatin1String(caso.messaggio));
+        EXPECT_EQ(dialoghi_.values.value(0), 48);
+        EXPECT_EQ(dialoghi_.titles.value(0), QStringLiteral("Tessara 5000. CORVALA"));
         EXPECT_EQ(QApplication::focusWidget(), dato(caso.campo));
         EXPECT_TRUE(finestra_->isVisible());
-        dialoghi_.messaggi.clear();
+        dialoghi_.messages.clear();
     }
     dato(0)->setText(QStringLiteral("2026"));
     dato(1)->setText(QStringLiteral("12"));
@@ -125,7 +125,7 @@ TEST_F(Editor, TakesTheNextNumberWhenItsOwnWasTakenMeanwhile) {
     salvato(QStringLiteral("2026"), proposto);
     QTest::keyClicks(dato(2), QStringLiteral("Secondo"));
     conferma();
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     ASSERT_TRUE(riga(QStringLiteral("2026-0002")));
     EXPECT_EQ(riga(QStringLiteral("2026-0002"))->descrizione, QStringLiteral("Secondo"));
 }
@@ -138,9 +138,9 @@ TEST_F(Editor, OpensReadOnlyWhatIsInUseAndLeavesTheOthersLock) {
     EXPECT_EQ(primo.findChild<QPushButton*>(QStringLiteral("cbAnnulla"))->property("Tag").toString(), id);
 
     apri(id);
-    EXPECT_EQ(dialoghi_.messaggi, QStringList{QStringLiteral("Attenzione! Trattamento in uso ad altro utente!\r\n"
+    EXPECT_EQ(dialoghi_.messages, QStringList{QStringLiteral("Attenzione! Trattamento in uso ad altro utente!\r\n"
                                                              "Eventuali modifiche verranno tralasciate!")});
-    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_WARNING});
+    EXPECT_EQ(dialoghi_.values, QList<int>{platform::MB_WARNING});
     for (const char* nome : {"cbConferma", "cbRighi(0)", "cbRighi(2)", "cbAppunti(0)", "cbAppunti(2)", "cbFattura"})
         EXPECT_FALSE(trova<QPushButton>(QLatin1String(nome))->isEnabled()) << nome;
     EXPECT_EQ(trova<QPushButton>(QStringLiteral("cbRighi(1)"))->text(), QStringLiteral("dettagli"));
@@ -216,7 +216,7 @@ TEST_F(Editor, TiesChartAndRowsTogether) {
     QTest::mouseClick(dente(6), Qt::LeftButton);
     EXPECT_FALSE(righi()->rowRecord(0)->cell(SERVIZIO).style().bold);
 
-    dialoghi_.scelta = colSituazioniDenti->find(QStringLiteral("3"))->descrizione;
+    dialoghi_.choice = colSituazioniDenti->find(QStringLiteral("3"))->descrizione;
     QTest::mouseClick(dente(7), Qt::RightButton);
     ASSERT_EQ(dialoghi_.menu.size(), 7);
     EXPECT_EQ(dialoghi_.menu[0], QStringLiteral("Informazioni"));

@@ -132,8 +132,8 @@ TEST_F(Elenchi, OffersItsCommandsAndDeletesThroughThem) {
     finestra.show();
     ReportGrid& grid = *griglia(finestra);
     const QStringList soloNuovo{QStringLiteral("Nuovo")};
-    const QStringList tutte = soloNuovo + QStringList{QStringLiteral("Modifica"), QStringLiteral("Elimina"),
-                                                      QStringLiteral("Stampa")};
+    const QStringList tutte =
+        soloNuovo + QStringList{QStringLiteral("Modifica"), QStringLiteral("Elimina"), QStringLiteral("Stampa")};
     // Wherever the click falls, what counts is how many rows are selected.
     const auto menuNelVuoto = [&] {
         QWidget* fondo = grid.view()->viewport();
@@ -148,10 +148,10 @@ TEST_F(Elenchi, OffersItsCommandsAndDeletesThroughThem) {
     EXPECT_EQ(dialoghi_.menu, soloNuovo);
 
     grid.setFocusedRecord(grid.rowRecord(1));
-    dialoghi_.scelta = QStringLiteral("Elimina");
-    dialoghi_.rispostaTask.button = QStringLiteral("Si");
+    dialoghi_.choice = QStringLiteral("Elimina");
+    dialoghi_.taskAnswer.button = QStringLiteral("Si");
     EXPECT_EQ(menuNelVuoto(), tutte);
-    EXPECT_EQ(dialoghi_.titoli.last(), QStringLiteral("Tessara 5000. CORVALA"));
+    EXPECT_EQ(dialoghi_.titles.last(), QStringLiteral("Tessara 5000. CORVALA"));
     EXPECT_EQ(grid.rowCount(), 1);
     EXPECT_FALSE(riga(QStringLiteral("2026-0041")));
 }
@@ -183,7 +183,7 @@ TEST_F(Elenchi, FillsThePanelAndFocusesTheRecordAskedFor) {
     EXPECT_EQ(grid.recordCount(), 2);
     EXPECT_EQ(grid.columnCount(), 6);
     EXPECT_FALSE(vista().Elimina(id));
-    EXPECT_EQ(dialoghi_.messaggi.last(), QStringLiteral("Cancello ") + id);
+    EXPECT_EQ(dialoghi_.messages.last(), QStringLiteral("Cancello ") + id);
     EXPECT_TRUE(trattamenti().Carica(id));
 }
 
@@ -229,7 +229,7 @@ TEST_F(Elenchi, RunsTheCommandsOfThePanel) {
     }
     EXPECT_TRUE(riga(QStringLiteral("2026-0042")));
     vista().PopupExecute(10080, &grid);
-    dialoghi_.rispostaTask.button = QStringLiteral("Si");
+    dialoghi_.taskAnswer.button = QStringLiteral("Si");
     vista().refreshGrid(&grid, id);
     ASSERT_EQ(grid.recordCount(), 2);
     vista().PopupExecute(10079, &grid);
@@ -275,7 +275,7 @@ TEST_F(Elenchi, OpensThePlanWithWorkGoingOnFromTheRibbon) {
     ASSERT_NE(elenco, nullptr);
     EXPECT_EQ(griglia(*elenco)->rowCount(), 1);
 
-    dialoghi_.rispostaTask.button = QStringLiteral("Si");
+    dialoghi_.taskAnswer.button = QStringLiteral("Si");
     ASSERT_TRUE(oTrattamenti->Elimina(paziente(), riga(QStringLiteral("2026-0001"))->ID));
     EXPECT_FALSE(desk_->pressCommand(QStringLiteral("CRVL0303")));
 }

@@ -96,7 +96,7 @@ TEST_F(Guasti, OneBadPlanHidesNoOtherAndStandsAlikeInPanelAndList) {
         EXPECT_EQ(stato.value, QStringLiteral("1 lavori finiti. Ci sono 1 lavori aperti"));
         EXPECT_EQ(stato.style().iconIndex, 2);
     }
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty());
+    EXPECT_TRUE(dialoghi_.messages.isEmpty());
     EXPECT_THROW(trattamenti().Carica(doppio.ID), platform::DuplicateKey);
 }
 
@@ -128,10 +128,10 @@ TEST_F(Guasti, ShowsWhatCanBeReadOfABadPlanAndNeverWritesOverIt) {
         SCOPED_TRACE(caso.guasto);
         conMemo(QStringLiteral("2026-0002"), caso.memo);
         const QString prima = riga(QStringLiteral("2026-0002"))->m1;
-        dialoghi_.messaggi.clear();
+        dialoghi_.messages.clear();
         apri(id);
-        ASSERT_EQ(dialoghi_.messaggi.size(), 1);
-        EXPECT_TRUE(dialoghi_.messaggi[0].startsWith(
+        ASSERT_EQ(dialoghi_.messages.size(), 1);
+        EXPECT_TRUE(dialoghi_.messages[0].startsWith(
             QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!\r\nErrore: ")));
         EXPECT_FALSE(trova<QPushButton>(QStringLiteral("cbConferma"))->isEnabled());
         EXPECT_EQ(trova<QPushButton>(QStringLiteral("cbAnnulla"))->text(), QStringLiteral("Chiudi"));
@@ -146,11 +146,11 @@ TEST_F(Guasti, ShowsWhatCanBeReadOfABadPlanAndNeverWritesOverIt) {
         EXPECT_EQ(riga(QStringLiteral("2026-0002"))->m1, prima);
     }
     EXPECT_EQ(righi()->rowRecord(2)->cell(rigogriglia::SERVIZIO).value, QStringLiteral("VISITA"));
-    EXPECT_TRUE(dialoghi_.messaggi[0].contains(QStringLiteral("01"))) << "which number it is";
+    EXPECT_TRUE(dialoghi_.messages[0].contains(QStringLiteral("01"))) << "which number it is";
 
     platform::ReportGrid griglia;
     vista().refreshGrid(&griglia, id);
-    dialoghi_.rispostaTask.button = QStringLiteral("Si");
+    dialoghi_.taskAnswer.button = QStringLiteral("Si");
     vista().PopupExecute(10079, &griglia); // deletes
     EXPECT_EQ(griglia.rowCount(), 0);
     EXPECT_FALSE(riga(QStringLiteral("2026-0002")));
@@ -160,13 +160,13 @@ TEST_F(Guasti, OpensReadOnlyWhatCouldNotBeReadAndSaysSo) {
     const QString id = salvato(QStringLiteral("2026"), QStringLiteral("0001")).ID;
     for (const QString& quale : {id, QString()}) {
         SCOPED_TRACE(qPrintable(quale));
-        dialoghi_.messaggi.clear();
+        dialoghi_.messages.clear();
         {
             const Away away(archivio_);
             apri(quale);
         }
-        ASSERT_FALSE(dialoghi_.messaggi.isEmpty());
-        EXPECT_TRUE(dialoghi_.messaggi[0].startsWith(QStringLiteral("Attenzione! Riscontrati errori in lettura")));
+        ASSERT_FALSE(dialoghi_.messages.isEmpty());
+        EXPECT_TRUE(dialoghi_.messages[0].startsWith(QStringLiteral("Attenzione! Riscontrati errori in lettura")));
         EXPECT_FALSE(trova<QPushButton>(QStringLiteral("cbConferma"))->isEnabled());
         EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), id));
     }
@@ -199,7 +199,7 @@ TEST_F(Guasti, AConfirmStandsWhateverFailsAfterIt) {
     apri(id);
     QTest::keyClicks(dato(2), QStringLiteral(" corretto"));
     conferma();
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty()) << dialoghi_.messaggi.value(0).toStdString();
+    EXPECT_TRUE(dialoghi_.messages.isEmpty()) << dialoghi_.messages.value(0).toStdString();
     EXPECT_FALSE(finestra_->isVisible());
     EXPECT_FALSE(oHost->Framework().DialogCancel());
     EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), id));
@@ -217,9 +217,9 @@ TEST_F(Guasti, TheModuleMayEndUnderItsWindows) {
         QWidget* editor = QApplication::activeModalWidget();
         ASSERT_NE(editor, nullptr);
         QTest::mouseClick(editor->findChild<QWidget*>(QStringLiteral("imTooth(7)")), Qt::RightButton);
-        dialoghi_.risposta = platform::Answer::Yes;
+        dialoghi_.answer = platform::Answer::Yes;
         editor->findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
-        EXPECT_EQ(dialoghi_.messaggi, QStringList{DOMANDA}) << "nothing can be saved any more";
+        EXPECT_EQ(dialoghi_.messages, QStringList{DOMANDA}) << "nothing can be saved any more";
         editor->close();
     });
     ApriTrattamento(id);
@@ -239,13 +239,13 @@ TEST_F(Guasti, AsksWhatToDoWithAPlanThatAnotherWorkstationDeleted) {
     apri(item.ID);
     QTest::keyClicks(dato(2), QStringLiteral(" corretto"));
     ASSERT_TRUE(paziente().corvala().Elimina(item.ID));
-    dialoghi_.risposta = platform::Answer::Yes;
+    dialoghi_.answer = platform::Answer::Yes;
     conferma();
-    EXPECT_EQ(dialoghi_.messaggi, QStringList{DOMANDA});
-    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_QUESTION});
+    EXPECT_EQ(dialoghi_.messages, QStringList{DOMANDA});
+    EXPECT_EQ(dialoghi_.values, QList<int>{platform::MB_QUESTION});
     EXPECT_TRUE(finestra_->isVisible());
     EXPECT_EQ(dato(2)->text(), QStringLiteral("Piano 0001 corretto"));
-    dialoghi_.risposta = platform::Answer::No;
+    dialoghi_.answer = platform::Answer::No;
     oHost->Framework().setDialogCancel(false); // as an editor opened from this one leaves it
     conferma();
     EXPECT_FALSE(finestra_->isVisible());
@@ -257,16 +257,16 @@ TEST_F(Guasti, SavesAtTheSecondTryOnceTheDatabaseIsBack) {
     const clsItemTrattamento item = salvato(QStringLiteral("2026"), QStringLiteral("0001"));
     for (const bool nuovo : {false, true}) {
         SCOPED_TRACE(nuovo);
-        dialoghi_.messaggi.clear();
+        dialoghi_.messages.clear();
         apri(nuovo ? QString() : item.ID);
         QTest::keyClicks(dato(2), QStringLiteral(" corretto"));
-        dialoghi_.risposta = platform::Answer::Yes;
+        dialoghi_.answer = platform::Answer::Yes;
         {
             const Away away(archivio_);
             conferma();
         }
-        ASSERT_FALSE(dialoghi_.messaggi.isEmpty());
-        EXPECT_EQ(dialoghi_.messaggi[0], DOMANDA); // the desk may tell of the database on its own after it
+        ASSERT_FALSE(dialoghi_.messages.isEmpty());
+        EXPECT_EQ(dialoghi_.messages[0], DOMANDA); // the desk may tell of the database on its own after it
         EXPECT_TRUE(finestra_->isVisible());
         conferma();
         EXPECT_FALSE(finestra_->isVisible());
@@ -283,7 +283,7 @@ TEST_F(Guasti, ShowsThePlanBehindARowThatCouldNotBeSaved) {
     ASSERT_TRUE(trattamenti().Salva(item));
     sIDTrattamento = item.ID;
     sRigoTrattamento = QStringLiteral("01");
-    dialoghi_.risposta = platform::Answer::Yes; // look the data over again
+    dialoghi_.answer = platform::Answer::Yes; // look the data over again
     frmEditTrattamento piano;
     QTimer::singleShot(30, [&] {
         QWidget* rigo = QApplication::activeModalWidget();
@@ -298,7 +298,7 @@ TEST_F(Guasti, ShowsThePlanBehindARowThatCouldNotBeSaved) {
         rigo->findChild<QPushButton*>(QStringLiteral("cbAccetta"))->click();
     });
     EXPECT_EQ(piano.exec(), QDialog::Accepted);
-    EXPECT_EQ(dialoghi_.messaggi.value(0), DOMANDA);
+    EXPECT_EQ(dialoghi_.messages.value(0), DOMANDA);
     EXPECT_EQ(trattamenti().Carica(item.ID)->righi[0].descrizione, QStringLiteral("Non va perso"));
 
     // A row that another workstation has deleted meanwhile: the plan opens as always.
@@ -333,7 +333,7 @@ TEST_F(Guasti, OpensAndSavesAPlanOfUnknownThings) {
     ASSERT_EQ(righi()->rowCount(), 6);
     scegliRiga(3);
     conferma();
-    EXPECT_TRUE(dialoghi_.messaggi.isEmpty()) << dialoghi_.messaggi.value(0).toStdString();
+    EXPECT_TRUE(dialoghi_.messages.isEmpty()) << dialoghi_.messages.value(0).toStdString();
     EXPECT_FALSE(finestra_->isVisible());
     const auto riletto = trattamenti().Carica(item.ID);
     ASSERT_TRUE(riletto);
@@ -390,11 +390,11 @@ TEST_F(Guasti, TellsInWhichPhaseTheChartFailedAndGoesOn) {
     pannello.aggiorna({{ToothList({QStringLiteral("4.6")}), QStringLiteral("IMPIANTO"), QStringLiteral("Impianto"),
                         QStringLiteral("01/03/2026"), QString()}});
     oServizi = precedente;
-    EXPECT_EQ(dialoghi_.messaggi,
+    EXPECT_EQ(dialoghi_.messages,
               QStringList{QStringLiteral("Errori inattesi (sistemazione icone servizi)!\r\n - fase: step 5.c\r\n"
                                          " - errore: cartella sparita")});
-    EXPECT_EQ(dialoghi_.valori, QList<int>{platform::MB_WARNING});
-    EXPECT_EQ(dialoghi_.titoli, QStringList{QStringLiteral("Tessara 5000. CORVALA")});
+    EXPECT_EQ(dialoghi_.values, QList<int>{platform::MB_WARNING});
+    EXPECT_EQ(dialoghi_.titles, QStringList{QStringLiteral("Tessara 5000. CORVALA")});
     // What was done before stands, and so do the marks, which are a pass of their own.
     EXPECT_EQ(pannello.dente(IndiceDaDente(QStringLiteral("4.6"))).strati[0].servizio, QStringLiteral("IMPIANTO"));
     EXPECT_EQ(pannello.dente(IndiceDaDente(QStringLiteral("4.6"))).stato, StatoDente::Aperto);
@@ -432,12 +432,12 @@ TEST_F(Guasti, ListsSayThatTheyAreUnreadAndComeBackWithTheDatabase) {
         EXPECT_THROW(trattamenti().Lista(), host::HostError);
         Ambulatorio ambulatorio;
         evento("form.load", {QVariant::fromValue<host::HostForm*>(&ambulatorio)});
-        dialoghi_.messaggi.clear();
+        dialoghi_.messages.clear();
         for (const bool unica : {true, false}) {
             oConfig->setUnicaSchedaTrattamento(unica);
             EXPECT_TRUE(desk_->pressCommand(QStringLiteral("CRVL0303"))) << "opens nothing, and is not off either";
         }
-        EXPECT_EQ(dialoghi_.messaggi.filter(QStringLiteral("Attenzione! Elenco dei trattamenti non letto!")).size(), 2);
+        EXPECT_EQ(dialoghi_.messages.filter(QStringLiteral("Attenzione! Elenco dei trattamenti non letto!")).size(), 2);
     }
     vista().RefreshPannello();
     EXPECT_EQ(pannello.rowCount(), 1);

@@ -140,7 +140,7 @@ TEST_F(Tastiera, MarksATeethAndAServiceWithoutAMouse) {
     EXPECT_TRUE(segnato(7));
     EXPECT_TRUE(segnato(8));
     EXPECT_FALSE(segnato(1));
-    dialoghi_.scelta = QStringLiteral("Cariato");
+    dialoghi_.choice = QStringLiteral("Cariato");
     QTest::keyClick(tavola, Qt::Key_Menu);
     EXPECT_EQ(trova<QWidget>(arrayName("imTooth", 1))->property("tag").toString(), QStringLiteral("1:2:"));
 }
