@@ -1,9 +1,9 @@
 #include "desk/people/SignInWindow.h"
 
-#include "desk/data/Guarded.h"
 #include "desk/icons/DeskIcon.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
+#include "platform/Guarded.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -105,7 +105,7 @@ void SignInWindow::enterByClick() {
 
 void SignInWindow::enter() {
     SignIn::Outcome outcome = SignIn::Outcome::Wrong;
-    const QString failure = guarded([&] { outcome = signIn_.attempt(user().codice, password_->text()); });
+    const QString failure = platform::guarded([&] { outcome = signIn_.attempt(user().codice, password_->text()); });
     if (!failure.isEmpty()) return complain(failure);
     if (outcome == SignIn::Outcome::Accepted) return accept();
     complain(outcome == SignIn::Outcome::Wrong ? QStringLiteral("La password non è corretta.") : QString());
@@ -120,7 +120,7 @@ void SignInWindow::complain(const QString& text) {
 
 void SignInWindow::showState() {
     int wait = 0;
-    const QString failure = guarded([&] { wait = signIn_.secondsToWait(user().codice); });
+    const QString failure = platform::guarded([&] { wait = signIn_.secondsToWait(user().codice); });
     const bool needsPassword = user().conPassword;
     caption_->setEnabled(needsPassword);
     password_->setEnabled(needsPassword);

@@ -4,8 +4,8 @@
 #include "desk/data/SqliteCopy.h"
 #include "desk/data/UserDirectory.h"
 #include "desk/shell/ArchiveRestore.h"
-#include "desk/shell/Hourglass.h"
 #include "platform/Clock.h"
+#include "platform/WaitCursor.h"
 
 #include <QDir>
 #include <algorithm>
@@ -25,7 +25,7 @@ bool worked(Database& database, const QString& title, const QString& failure, co
     QString why;
     try {
         const Database::Quiet quiet(database);
-        const Hourglass hourglass;
+        const platform::WaitCursor wait;
         work();
         return true;
     } catch (const DatabaseError& error) {

@@ -1,10 +1,10 @@
 #include "desk/shell/Desk.h"
 
-#include "desk/data/Guarded.h"
 #include "desk/data/WorkFolders.h"
 #include "desk/shell/DeskParts.h"
 #include "desk/shell/Options.h"
 #include "host/contract/PluginInterface.h"
+#include "platform/Guarded.h"
 
 #include <QFileInfo>
 
@@ -58,7 +58,7 @@ bool Desk::openPatient(const QString& id) {
 
 bool Desk::openPatientByTaxCode(const QString& taxCode) {
     QString id;
-    const QString why = guarded([&] { id = parts_->practice->patients().idByTaxCode(taxCode); });
+    const QString why = platform::guarded([&] { id = parts_->practice->patients().idByTaxCode(taxCode); });
     if (!why.isEmpty()) parts_->tell(why);
     return !id.isEmpty() && parts_->openPatient(id);
 }

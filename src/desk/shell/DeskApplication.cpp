@@ -1,6 +1,6 @@
 #include "desk/shell/DeskApplication.h"
 
-#include "desk/data/Guarded.h"
+#include "platform/Guarded.h"
 
 #include <QFile>
 
@@ -25,7 +25,7 @@ DeskApplication::DeskApplication(int& argc, char** argv)
 
 bool DeskApplication::notify(QObject* receiver, QEvent* event) {
     bool handled = false;
-    const QString why = guarded([&] { handled = QApplication::notify(receiver, event); });
+    const QString why = platform::guarded([&] { handled = QApplication::notify(receiver, event); });
     if (!why.isEmpty()) qCritical("Errore non gestito: %s", qUtf8Printable(why));
     return handled;
 }

@@ -3,7 +3,6 @@
 #include "desk/clinical/ClinicalRooms.h"
 #include "desk/clinical/FreeDataWindow.h"
 #include "desk/clinical/ShowFile.h"
-#include "desk/data/Guarded.h"
 #include "desk/people/PatientEditor.h"
 #include "desk/people/PatientSearch.h"
 #include "desk/shell/ChildWindows.h"
@@ -12,6 +11,7 @@
 #include "desk/shell/RibbonBar.h"
 #include "host/contract/PluginInterface.h"
 #include "platform/Dialogs.h"
+#include "platform/Guarded.h"
 
 #include <QCoreApplication>
 #include <QStatusBar>
@@ -112,7 +112,7 @@ bool Desk::Parts::openPatient(const QString& id) {
         return true;
     }
     bool opened = false;
-    const QString why = guarded([&] {
+    const QString why = platform::guarded([&] {
         const std::optional<PatientData> data = practice->patients().load(id);
         std::unique_ptr<PatientRecord> record = practice->newPatient();
         if (!data || !record->Init(id)) return;
@@ -153,7 +153,7 @@ void Desk::Parts::showPatient(const PatientData& data) {
     const int own = ++sitting;
     if (module) module->formLoad(desk);
     if (own != sitting) return;
-    const QString why = guarded([&] {
+    const QString why = platform::guarded([&] {
         std::unique_ptr<PatientRecord> record = practice->newPatient();
         if (record->Init(data.ID)) desk.fill(std::move(record));
     });
@@ -249,7 +249,7 @@ void Desk::Parts::showFreeData() {
 void Desk::Parts::run(const Command& command) {
     const DeskCommand* own = deskCommand(command.ID());
     const qint32 id = command.ID();
-    const QString why = guarded([&] {
+    const QString why = platform::guarded([&] {
         if (own && own->run)
             own->run(*this);
         else if (module)

@@ -1,9 +1,9 @@
-#include "desk/data/Guarded.h"
 #include "desk/people/SettingsWindow.h"
 #include "desk/people/UserList.h"
 #include "desk/people/WindowPlace.h"
 #include "desk/shell/DeskParts.h"
 #include "desk/shell/RibbonBar.h"
+#include "platform/Guarded.h"
 
 #include <QApplication>
 #include <QFont>
@@ -52,7 +52,7 @@ void Desk::Parts::restorePlace() {
 void Desk::Parts::keepPlace() {
     if (!placeIsKept || !settings.keepPlace) return;
     // A database that is gone must not keep the window open.
-    const QString failure = guarded(
+    const QString failure = platform::guarded(
         [this] { practice->user().Items().SetITEM(WindowPlace::itemName(), WindowPlace::of(window).toText()); });
     Q_UNUSED(failure);
 }

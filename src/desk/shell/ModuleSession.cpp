@@ -1,9 +1,9 @@
 #include "desk/shell/ModuleSession.h"
 
-#include "desk/data/Guarded.h"
 #include "host/contract/Forms.h"
 #include "host/contract/PluginInterface.h"
 #include "host/contract/View.h"
+#include "platform/Guarded.h"
 
 #include <QFileInfo>
 #include <QJsonObject>
@@ -34,7 +34,7 @@ ModuleSession::ModuleSession(std::unique_ptr<host::PluginInterface> module, host
     : module_(std::move(module))
     , host_(host)
     , report_(std::move(report)) {
-    const QString why = guarded([this] { module_->Init(&host_, QVariant()); });
+    const QString why = platform::guarded([this] { module_->Init(&host_, QVariant()); });
     if (!why.isEmpty()) throw ModuleError(why);
     if (!module_->terminated()) return;
     const QString reason = module_->terminationReason();
@@ -43,12 +43,12 @@ ModuleSession::ModuleSession(std::unique_ptr<host::PluginInterface> module, host
 
 ModuleSession::~ModuleSession() {
     QVariantList none;
-    guarded([&] { module_->evento(QStringLiteral("fine"), &host_, none); });
-    guarded([&] { module_.reset(); });
+    platform::guarded([&] { module_->evento(QStringLiteral("fine"), &host_, none); });
+    platform::guarded([&] { module_.reset(); });
 }
 
 void ModuleSession::send(const QString& event, QVariantList& args) {
-    const QString why = guarded([&] { module_->evento(event, &host_, args); });
+    const QString why = platform::guarded([&] { module_->evento(event, &host_, args); });
     if (!why.isEmpty()) report_(QStringLiteral("l'operazione \u201c%1\u201d non \u00e8 riuscita: %2").arg(event, why));
 }
 

@@ -1,10 +1,10 @@
 #include "desk/shell/PanelPage.h"
 
-#include "desk/data/Guarded.h"
 #include "desk/shell/PanelMenu.h"
 #include "desk/shell/ShowModally.h"
 #include "host/contract/Framework.h"
 #include "host/contract/View.h"
+#include "platform/Guarded.h"
 #include "platform/ReportGrid.h"
 
 #include <QKeyEvent>
@@ -33,7 +33,7 @@ PanelPage::PanelPage(const Panel& panel, host::Framework& framework, QWidget* pa
 }
 
 void PanelPage::refresh(const QString& idToSelect) {
-    const QString why = guarded([&] { panel_.view->refreshGrid(grid_, idToSelect); });
+    const QString why = platform::guarded([&] { panel_.view->refreshGrid(grid_, idToSelect); });
     if (!why.isEmpty()) emit failed(why);
 }
 
@@ -45,7 +45,7 @@ void PanelPage::leave() {
 void PanelPage::showMenu(platform::ReportRecord* record) {
     // The command may open another patient, or end the desk with this page.
     const QPointer<PanelPage> alive(this);
-    const QString why = guarded([&] {
+    const QString why = platform::guarded([&] {
         if (record) grid_->setFocusedRecord(record);
         PanelMenu menu;
         panel_.view->Popup(menu, grid_);
@@ -60,7 +60,7 @@ void PanelPage::edit(platform::ReportRecord* record) {
     if (!record) return;
     const QString id = record->tag;
     const QPointer<PanelPage> alive(this);
-    const QString why = guarded([&] {
+    const QString why = platform::guarded([&] {
         const int sitting = sitting_;
         framework_.setDialogCancel(true);
         if (!showModally(panel_.view->EditForm(id))) return;

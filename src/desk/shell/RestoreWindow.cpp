@@ -4,11 +4,11 @@
 #include "desk/icons/DeskIcon.h"
 #include "desk/shell/ArchiveRestore.h"
 #include "desk/shell/BackupCommands.h"
-#include "desk/shell/Hourglass.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "platform/FormRegistry.h"
 #include "platform/Regional.h"
+#include "platform/WaitCursor.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -108,7 +108,7 @@ void RestoreWindow::build(const QString& damage) {
 
 void RestoreWindow::listCopies() {
     {
-        const Hourglass hourglass;
+        const platform::WaitCursor wait;
         copies_ = sqlite_copy::latest(usualFolders(url_.path), url_.path, SHOWN_COPIES);
     }
     for (const FoundCopy& copy : std::as_const(copies_)) {
@@ -144,7 +144,7 @@ void RestoreWindow::restore(const QString& path) {
     QString why;
     RestoredArchive restored;
     try {
-        const Hourglass hourglass;
+        const platform::WaitCursor wait;
         restored = restoreArchive(url_, path);
     } catch (const DatabaseError& error) {
         why = error.text();
