@@ -17,8 +17,8 @@ protected:
     platform::ListCommand command(const char* name, int key, bool onRow, const std::function<QString(QString)>& act) {
         return {.name = QLatin1String(name),
                 .caption = QLatin1Char('&') + QLatin1String(name),
-                .run = [act](const QString& id, platform::ListPage& page) -> std::optional<QString> {
-                    if (!page.agreed(QStringLiteral("Davvero?"))) return std::nullopt;
+                .run = [act](const QString& id, platform::ListPage& asking) -> std::optional<QString> {
+                    if (!asking.agreed(QStringLiteral("Davvero?"))) return std::nullopt;
                     return act(id);
                 },
                 .keys = {key},
