@@ -2,24 +2,24 @@
 
 namespace {
 
-clsItemRigoTrattamento rowSample(int row, int number) {
-    clsItemRigoTrattamento rigo;
-    const int kind = (row * 7 + number) % 5;
-    rigo.progressivo = QStringLiteral("%1").arg(row, 2, 10, QLatin1Char('0'));
-    rigo.descrizione = QStringLiteral("Otturazione in composito di due superfici, %1").arg(kind);
-    rigo.servizio = QStringLiteral("OTTURAZ");
-    rigo.dente = kind == 0 ? QStringLiteral("+") : QString::number(1 + (row + number) % 32);
-    if (kind == 0) rigo.denti = QStringLiteral("7;8;9");
-    if (kind > 1) rigo.inizio = QStringLiteral("12/03/2025");
-    if (kind > 2) rigo.fine = QStringLiteral("19/03/2025");
-    rigo.statuslavori = QStringLiteral("Preparazione|12/03/2025\r\nProva|16/03/2025");
-    rigo.raggruppamento = QStringLiteral("CONS");
-    if (kind > 3) rigo.fattura = QStringLiteral("2025-0012");
-    rigo.note = QStringLiteral("Anestesia locale; il paziente è allergico al lattice");
-    rigo.prezzo = static_cast<float>(80 + 12.5 * kind);
-    rigo.operatore = QStringLiteral("ROSSI");
-    rigo.assistente = QStringLiteral("BIANCHI");
-    return rigo;
+clsItemRigoTrattamento rowSample(int position, int number) {
+    clsItemRigoTrattamento row;
+    const int kind = (position * 7 + number) % 5;
+    row.progressivo = QStringLiteral("%1").arg(position, 2, 10, QLatin1Char('0'));
+    row.descrizione = QStringLiteral("Otturazione in composito di due superfici, %1").arg(kind);
+    row.servizio = QStringLiteral("OTTURAZ");
+    row.dente = kind == 0 ? QStringLiteral("+") : QString::number(1 + (position + number) % 32);
+    if (kind == 0) row.denti = QStringLiteral("7;8;9");
+    if (kind > 1) row.inizio = QStringLiteral("12/03/2025");
+    if (kind > 2) row.fine = QStringLiteral("19/03/2025");
+    row.statuslavori = QStringLiteral("Preparazione|12/03/2025\r\nProva|16/03/2025");
+    row.raggruppamento = QStringLiteral("CONS");
+    if (kind > 3) row.fattura = QStringLiteral("2025-0012");
+    row.note = QStringLiteral("Anestesia locale; il paziente è allergico al lattice");
+    row.prezzo = static_cast<float>(80 + 12.5 * kind);
+    row.operatore = QStringLiteral("ROSSI");
+    row.assistente = QStringLiteral("BIANCHI");
+    return row;
 }
 
 } // namespace
@@ -36,9 +36,9 @@ clsItemTrattamento planSample(int rows, int number) {
     plan.descrizionemedico = QStringLiteral("Bianchi Laura");
     plan.Annotazioni = QStringLiteral("Da rivedere dopo l'estate");
     plan.SituazioneOrale = QStringLiteral("7:1:carie;8:2:da devitalizzare");
-    for (int row = 1; row <= rows; ++row) {
-        const clsItemRigoTrattamento rigo = rowSample(row, number);
-        plan.righi.add(rigo.progressivo, rigo);
+    for (int position = 1; position <= rows; ++position) {
+        const clsItemRigoTrattamento row = rowSample(position, number);
+        plan.righi.add(row.progressivo, row);
     }
     return plan;
 }

@@ -2,7 +2,7 @@
 #include "Measures.h"
 #include "PlanSample.h"
 
-#include "chart/ComposizioneDenti.h"
+#include "chart/ChartComposition.h"
 #include "chart/EvidencePanel.h"
 #include "chart/ToothChart.h"
 #include "chart/clsGraphical.h"
@@ -28,10 +28,10 @@ constexpr int ROWS = 60;
 constexpr int ENDLESS_PLAN = 2000;
 constexpr QSize SCREEN(1920, 1080);
 
-QList<RigoGrafico> rows(int count) {
+QList<ChartRow> rows(int count) {
     static const QStringList services{QStringLiteral("CORONA"), QStringLiteral("OTTURAZ"), QStringLiteral("DEVITAL"),
                                       QStringLiteral("IMPIANTO"), QStringLiteral("IGIENE")};
-    QList<RigoGrafico> rows;
+    QList<ChartRow> rows;
     for (int row = 0; row < count; ++row) {
         const bool started = row % 3 > 0;
         rows.append({ToothList({DenteDaIndice(row % 32)}), services[row % services.size()], QStringLiteral("Lavoro"),
@@ -59,14 +59,14 @@ struct Chart {
 
 void changeOfARow(benchmark::State& state) {
     Chart chart;
-    ComposizioneDenti composition(*oGraphical);
+    ChartComposition composition(*oGraphical);
     composition.composeTeeth(QStringLiteral("3:2:dolente;20:9:"));
-    QList<RigoGrafico> plan = rows(ROWS);
+    QList<ChartRow> plan = rows(ROWS);
     bool open = false;
     for (auto _ : state) {
         open = !open;
-        plan[30].fine = open ? QString() : QStringLiteral("09/03/2025");
-        plan[30].servizio = open ? QStringLiteral("CORONA") : QStringLiteral("OTTURAZ");
+        plan[30].end = open ? QString() : QStringLiteral("09/03/2025");
+        plan[30].service = open ? QStringLiteral("CORONA") : QStringLiteral("OTTURAZ");
         composition.composeServices(plan);
         composition.composeMarks(plan);
         chart.teeth->setComposition(composition);
@@ -78,7 +78,7 @@ void changeOfARow(benchmark::State& state) {
 /// All of the chart anew, as when the window comes up from behind another.
 void wholeChart(benchmark::State& state) {
     Chart chart;
-    ComposizioneDenti composition(*oGraphical);
+    ChartComposition composition(*oGraphical);
     composition.composeTeeth(QString());
     composition.composeServices(rows(ROWS));
     composition.composeMarks(rows(ROWS));
@@ -88,8 +88,8 @@ void wholeChart(benchmark::State& state) {
 }
 
 void composition(benchmark::State& state) {
-    ComposizioneDenti composition(*oGraphical);
-    const QList<RigoGrafico> plan = rows(static_cast<int>(state.range(0)));
+    ChartComposition composition(*oGraphical);
+    const QList<ChartRow> plan = rows(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         composition.composeServices(plan);
         composition.composeMarks(plan);

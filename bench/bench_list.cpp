@@ -12,7 +12,7 @@
 #include "platform/Regional.h"
 #include "platform/ReportGrid.h"
 #include "store/modWorkspace.h"
-#include "treatments/MemoTrattamento.h"
+#include "treatments/TreatmentMemo.h"
 #include "treatments/clsTrattamenti.h"
 #include "treatments/frmMDITrattamenti.h"
 
@@ -71,7 +71,7 @@ void fill(const desk::Options& options) {
         plan.Data = platform::regional().shortDate(dayOf(i));
         QString id;
         patient->corvala().Salva(
-            id, {plan.Data, unisciIdrif1(plan), plan.descrizione, QStringLiteral("TRT"), scriviMemoTrattamento(plan)});
+            id, {plan.Data, joinIdrif1(plan), plan.descrizione, QStringLiteral("TRT"), writeTreatmentMemo(plan)});
     }
     transaction.commit();
 }
@@ -81,7 +81,7 @@ void bareList(benchmark::State& state, const QSqlDatabase& connection) {
     for (auto _ : state) {
         QSqlQuery query(connection);
         query.setForwardOnly(true);
-        query.exec(queryPeriodo(QStringLiteral("TRT"), FIRST_DAY, size.lastDay)
+        query.exec(periodQuery(QStringLiteral("TRT"), FIRST_DAY, size.lastDay)
                        .remove(oHost->Utente().idschema() + QLatin1Char('.')));
         const QSqlRecord columns = query.record();
         const int memo = columns.indexOf(QStringLiteral("m1"));

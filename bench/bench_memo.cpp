@@ -3,7 +3,7 @@
 #include "PlanSample.h"
 
 #include "platform/XmlDocument.h"
-#include "treatments/MemoTrattamento.h"
+#include "treatments/TreatmentMemo.h"
 
 #include <QCoreApplication>
 
@@ -16,7 +16,7 @@ constexpr double READ_LIMIT = 2;
 constexpr double WRITE_LIMIT = 2;
 
 const QString& memo() {
-    static const QString text = scriviMemoTrattamento(planSample(ROWS, 1));
+    static const QString text = writeTreatmentMemo(planSample(ROWS, 1));
     return text;
 }
 
@@ -47,7 +47,7 @@ void platformRead(benchmark::State& state) {
 void planRead(benchmark::State& state) {
     for (auto _ : state) {
         clsItemTrattamento plan;
-        leggiMemoTrattamento(plan, memo());
+        readTreatmentMemo(plan, memo());
         benchmark::DoNotOptimize(plan.lavori);
     }
 }
@@ -55,7 +55,7 @@ void planRead(benchmark::State& state) {
 void planWrite(benchmark::State& state) {
     const clsItemTrattamento plan = planSample(ROWS, 1);
     for (auto _ : state)
-        benchmark::DoNotOptimize(scriviMemoTrattamento(plan).size());
+        benchmark::DoNotOptimize(writeTreatmentMemo(plan).size());
 }
 
 BENCHMARK(bareRead);

@@ -10,7 +10,7 @@
 #include "host/contract/Forms.h"
 #include "module/Plugin.h"
 #include "store/modWorkspace.h"
-#include "treatments/MemoTrattamento.h"
+#include "treatments/TreatmentMemo.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -58,8 +58,8 @@ QString fill(const desk::Options& options) {
     for (int i = 0; i < RECORDS; ++i) {
         const clsItemTrattamento plan = planSample(ROWS, i);
         QString id;
-        patient->corvala().Salva(id, {QStringLiteral("01/03/2025"), unisciIdrif1(plan), plan.descrizione,
-                                      QLatin1String(TYPES[i % 5]), scriviMemoTrattamento(plan)});
+        patient->corvala().Salva(id, {QStringLiteral("01/03/2025"), joinIdrif1(plan), plan.descrizione,
+                                      QLatin1String(TYPES[i % 5]), writeTreatmentMemo(plan)});
     }
     transaction.commit();
     return data.ID;
@@ -107,7 +107,7 @@ double buildRibbon(const desk::Options& options) {
         const std::clock_t start = std::clock();
         plugin.evento(QStringLiteral("form.load"), &desk->host(), form);
         times.push_back(1e3 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
-        if (idComandi.sintesi == 0) return -1;
+        if (commandIds.summary == 0) return -1;
     }
     return medianOf(times);
 }

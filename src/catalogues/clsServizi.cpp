@@ -17,7 +17,7 @@ namespace {
 constexpr char ENTRIES[] = "/servizi/servizio";
 
 QString fileOfConfiguration() {
-    return oConfig == nullptr ? QString() : oConfig->FileDati(QStringLiteral("tabellaServizi.xml"));
+    return oConfig == nullptr ? QString() : oConfig->dataFile(QStringLiteral("tabellaServizi.xml"));
 }
 
 QByteArray newFile() {
@@ -120,20 +120,20 @@ bool clsServizi::save(const XmlDocument& document) {
 }
 
 const clsItemServizio* clsServizi::Carica(const QString& id) {
-    const platform::Collection<clsItemServizio>& lista = Lista();
+    const platform::Collection<clsItemServizio>& list = Lista();
     // Rows nearly always spell a code as the catalogue does, and a long list of plans asks for every price.
     const auto spelled = exact_.constFind(id);
-    return spelled == exact_.cend() ? lista.find(id) : &lista[*spelled];
+    return spelled == exact_.cend() ? list.find(id) : &list[*spelled];
 }
 
 void clsServizi::Refresh() {
-    lista_.reset();
+    list_.reset();
     exact_.clear();
 }
 
-const clsItemServizio* clsServizi::CaricaDaDescrizione(const QString& descrizione) {
+const clsItemServizio* clsServizi::CaricaDaDescrizione(const QString& description) {
     for (const clsItemServizio& item : Lista())
-        if (item.descrizione.compare(descrizione, Qt::CaseInsensitive) == 0) return &item;
+        if (item.descrizione.compare(description, Qt::CaseInsensitive) == 0) return &item;
     return nullptr;
 }
 
@@ -153,12 +153,12 @@ bool clsServizi::Elimina(const QString& id) {
 }
 
 const platform::Collection<clsItemServizio>& clsServizi::Lista() {
-    if (lista_) return *lista_;
-    lista_.emplace(); // Kept at once: a file that cannot be read gives an empty list until the next Refresh.
+    if (list_) return *list_;
+    list_.emplace(); // Kept at once: a file that cannot be read gives an empty list until the next Refresh.
     read();
-    for (std::size_t place = 0; place < lista_->size(); ++place)
-        exact_.insert((*lista_)[place].ID, place);
-    return *lista_;
+    for (std::size_t place = 0; place < list_->size(); ++place)
+        exact_.insert((*list_)[place].ID, place);
+    return *list_;
 }
 
 void clsServizi::read() {
@@ -168,7 +168,7 @@ void clsServizi::read() {
         for (const XmlNode& node : document.select(ENTRIES)) {
             clsItemServizio item = readEntry(node);
             const QString key = item.ID;
-            lista_->add(key, std::move(item));
+            list_->add(key, std::move(item));
         }
     } catch (const XmlError&) {               // An incomplete entry: those before it stand.
     } catch (const platform::DuplicateKey&) { // Likewise.

@@ -26,7 +26,7 @@ public:
     bool Aggiorna(const clsItemServizio& item); ///< Inserts or updates by the exact code; true when the file was saved.
     /// The entry with that code, in any case, or null. Borrowed until the next `Refresh`; the same for the one below.
     const clsItemServizio* Carica(const QString& id);
-    const clsItemServizio* CaricaDaDescrizione(const QString& descrizione);
+    const clsItemServizio* CaricaDaDescrizione(const QString& description);
     bool Elimina(const QString& id); ///< True when the code was not there; see the definition for the other case.
     void Refresh();
     /// In file order. Reading ends without a word at an entry that is incomplete or has the key of one before it.
@@ -39,6 +39,6 @@ private:
     bool save(const platform::XmlDocument& document);
 
     FileProvider file_;
-    std::optional<platform::Collection<clsItemServizio>> lista_;
+    std::optional<platform::Collection<clsItemServizio>> list_;
     QHash<QString, std::size_t> exact_; ///< Position by the code as the file spells it.
 };

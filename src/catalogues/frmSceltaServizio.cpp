@@ -26,11 +26,11 @@ constexpr int KEY_ROLE = Qt::UserRole;
 enum Column { CODE, VAT, UNIT, GROUP, DESCRIPTION };
 
 /// The VAT list keeps the last of several entries with one code, as everywhere.
-QString descriptionOfVat(const QString& codice) {
+QString descriptionOfVat(const QString& code) {
     QString found;
-    if (codice.isEmpty() || colIva == nullptr) return found;
+    if (code.isEmpty() || colIva == nullptr) return found;
     for (const clsItemIva& entry : *colIva)
-        if (entry.codice == codice) found = entry.descrizione;
+        if (entry.codice == code) found = entry.descrizione;
     return found;
 }
 
@@ -48,13 +48,13 @@ bool contains(const QString& text, const QString& part) {
 
 } // namespace
 
-frmSceltaServizio::frmSceltaServizio(bool soloTrattamenti, QWidget* parent)
+frmSceltaServizio::frmSceltaServizio(bool onlyTreatments, QWidget* parent)
     : QDialog(parent) {
     setObjectName(QStringLiteral("frmSceltaServizio"));
     setWindowTitle(TitoloForm(QStringLiteral("Ricerca Servizi e Prodotti")));
     resize(1000, 560);
     laSoloTrattamenti_ =
-        named(new QLabel(soloTrattamenti ? QStringLiteral("S") : QString(), this), QStringLiteral("laSoloTrattamenti"));
+        named(new QLabel(onlyTreatments ? QStringLiteral("S") : QString(), this), QStringLiteral("laSoloTrattamenti"));
     laSoloTrattamenti_->hide();
     laOUTB_ = named(new QLabel(this), QStringLiteral("laOUTB"));
     laOUTB_->hide();
@@ -136,9 +136,9 @@ void frmSceltaServizio::buildButtons() {
     static_cast<QVBoxLayout*>(layout())->addLayout(platform::form::buttonRow({cbPiglia_, cbChiudi_}));
 }
 
-void frmSceltaServizio::filtra(const QString& codice, const QString& descrizione) {
-    const QString code = codice.trimmed();
-    const QString text = descrizione.trimmed();
+void frmSceltaServizio::filter(const QString& codePart, const QString& descriptionPart) {
+    const QString code = codePart.trimmed();
+    const QString text = descriptionPart.trimmed();
     fill([&](const clsItemServizio& item) { return contains(item.ID, code) && contains(item.descrizione, text); });
 }
 
@@ -176,12 +176,12 @@ bool frmSceltaServizio::confirmed() const {
     return laOUTB_->text() == QLatin1String("OK");
 }
 
-QString frmSceltaServizio::codice() const {
+QString frmSceltaServizio::code() const {
     const platform::ReportRecord* record = rcLista_->focusedRecord();
     return record == nullptr ? QString() : record->cell(CODE).value;
 }
 
-QString frmSceltaServizio::descrizione() const {
+QString frmSceltaServizio::description() const {
     const platform::ReportRecord* record = rcLista_->focusedRecord();
     return record == nullptr ? QString() : record->cell(DESCRIPTION).value;
 }

@@ -19,16 +19,16 @@ class frmSceltaServizio : public QDialog {
     Q_OBJECT
 
 public:
-    frmSceltaServizio(bool soloTrattamenti, QWidget* parent = nullptr);
+    frmSceltaServizio(bool onlyTreatments, QWidget* parent = nullptr);
 
     /// Fills the list with the services whose code and description contain these texts, in any case; empty for all.
-    void filtra(const QString& codice, const QString& descrizione);
+    void filter(const QString& codePart, const QString& descriptionPart);
     bool confirmed() const;
-    QString codice() const; ///< Of the chosen row; empty without one. The same for the one below.
-    QString descrizione() const;
+    QString code() const; ///< Of the chosen row; empty without one. The same for the one below.
+    QString description() const;
 
 protected:
-    void reject() override; ///< Escape and the frame's cross do as cbChiudi.
+    void reject() override;                                     ///< Escape and the frame's cross do as cbChiudi.
     bool eventFilter(QObject* watched, QEvent* event) override; ///< Enter on a group shows it, and no more.
 
 private:

@@ -4,18 +4,18 @@
 #include "host/context.h"
 #include "platform/Collection.h"
 
-QString DescrizioneRaggrMerc(const QString& codice) {
+QString DescrizioneRaggrMerc(const QString& code) {
     QString found;
-    if (codice.isEmpty() || colRaggMerc == nullptr) return found;
+    if (code.isEmpty() || colRaggMerc == nullptr) return found;
     for (const clsItemRaggMerc& group : *colRaggMerc)
-        if (group.codice == codice) found = group.descrizione;
+        if (group.codice == code) found = group.descrizione;
     return found;
 }
 
-QString CodiceRaggrMerc(const QString& descrizione) {
+QString CodiceRaggrMerc(const QString& description) {
     QString found;
-    if (descrizione.isEmpty() || colRaggMerc == nullptr) return found;
+    if (description.isEmpty() || colRaggMerc == nullptr) return found;
     for (const clsItemRaggMerc& group : *colRaggMerc)
-        if (group.descrizione == descrizione) found = group.codice;
+        if (group.descrizione == description) found = group.codice;
     return found;
 }

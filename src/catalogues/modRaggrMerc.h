@@ -5,5 +5,5 @@
 /// The goods groups of the configuration by code and by description, compared exactly; where several match, the last
 /// one counts. Empty for an empty or unknown text.
 
-QString DescrizioneRaggrMerc(const QString& codice);
-QString CodiceRaggrMerc(const QString& descrizione);
+QString DescrizioneRaggrMerc(const QString& code);
+QString CodiceRaggrMerc(const QString& description);

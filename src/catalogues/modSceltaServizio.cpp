@@ -8,18 +8,18 @@
 #include <QApplication>
 #include <QComboBox>
 
-bool ScegliServizio(bool soloTrattamenti, QString& codice, QString& descrizione) {
+bool ScegliServizio(bool onlyTreatments, QString& code, QString& description) {
     if (oServizi == nullptr || oServizi->Lista().empty()) return false;
-    frmSceltaServizio window(soloTrattamenti, QApplication::activeWindow());
-    window.filtra(codice, descrizione);
+    frmSceltaServizio window(onlyTreatments, QApplication::activeWindow());
+    window.filter(code, description);
     window.exec();
     if (!window.confirmed()) return false;
-    codice = window.codice();
-    descrizione = window.descrizione();
-    return !codice.isEmpty();
+    code = window.code();
+    description = window.description();
+    return !code.isEmpty();
 }
 
-void CaricaComboRaggrMerc(QComboBox* combo, const QString& codice) {
+void CaricaComboRaggrMerc(QComboBox* combo, const QString& code) {
     combo->clear();
     combo->setProperty("tag", QString());
     combo->addItem(QString());
@@ -27,7 +27,7 @@ void CaricaComboRaggrMerc(QComboBox* combo, const QString& codice) {
     if (colRaggMerc != nullptr) {
         for (const clsItemRaggMerc& group : *colRaggMerc) {
             combo->addItem(group.codice + u' ' + group.descrizione, group.codice);
-            if (group.codice == codice) selected = combo->count() - 1;
+            if (group.codice == code) selected = combo->count() - 1;
         }
     }
     combo->setCurrentIndex(selected);

@@ -5,34 +5,34 @@
 
 namespace {
 
-const clsItemServizio* servizio(const QString& id) {
+const clsItemServizio* service(const QString& id) {
     return id.isEmpty() || oServizi == nullptr ? nullptr : oServizi->Carica(id);
 }
 
 } // namespace
 
-QString CodiceServizio(const QString& id) {
-    const clsItemServizio* item = servizio(id.trimmed());
+QString serviceCode(const QString& id) {
+    const clsItemServizio* item = service(id.trimmed());
     return item == nullptr ? QString() : item->ID;
 }
 
-bool ServizioInEvidenza(const QString& id, QString& breve) {
-    const clsItemServizio* item = servizio(id);
-    breve = item == nullptr ? QString() : item->breve;
+bool ServizioInEvidenza(const QString& id, QString& shortText) {
+    const clsItemServizio* item = service(id);
+    shortText = item == nullptr ? QString() : item->breve;
     return item != nullptr && item->inEvidenza;
 }
 
 float PrezzoServizio(const QString& id) {
-    const clsItemServizio* item = servizio(id);
+    const clsItemServizio* item = service(id);
     return item == nullptr ? 0.0F : item->prezzo;
 }
 
 QString StatusLavoriServizio(const QString& id) {
-    const clsItemServizio* item = servizio(id);
+    const clsItemServizio* item = service(id);
     return item == nullptr ? QString() : item->statusLavori.trimmed();
 }
 
 QString RaggruppamentoServizio(const QString& id) {
-    const clsItemServizio* item = servizio(id);
+    const clsItemServizio* item = service(id);
     return item == nullptr ? QString() : item->raggruppamento.trimmed();
 }

@@ -6,8 +6,9 @@
 /// with nothing, never an error.
 
 /// The code as the catalogue spells it, for one typed in other letters or with blanks around it.
-QString CodiceServizio(const QString& id);
-bool ServizioInEvidenza(const QString& id, QString& breve); ///< `breve` is the short text, empty for an unknown code.
+QString serviceCode(const QString& id);
+bool ServizioInEvidenza(const QString& id,
+                        QString& shortText); ///< `shortText` is the short text, empty for an unknown code.
 float PrezzoServizio(const QString& id);
 QString StatusLavoriServizio(const QString& id); ///< Names of the intermediate states, one a line.
 QString RaggruppamentoServizio(const QString& id);

@@ -1,6 +1,6 @@
 #include "chart/EvidencePanel.h"
 
-#include "chart/ComposizioneDenti.h"
+#include "chart/ChartComposition.h"
 #include "chart/PictureFiles.h"
 #include "chart/ServiceBadge.h"
 #include "chart/StatusMark.h"
@@ -26,20 +26,20 @@ constexpr QSize SHORT_BOX(20, 20);
 constexpr QSize MARK_BOX(30, 30);
 constexpr int GAP = 6;
 
-QColor colourOf(StatoDente stato) {
-    if (stato == StatoDente::Finito) return {0, 192, 0};
-    return stato == StatoDente::Aperto ? QColor(192, 0, 0) : QColor(192, 192, 0);
+QColor colourOf(ToothState state) {
+    if (state == ToothState::Finished) return {0, 192, 0};
+    return state == ToothState::Open ? QColor(192, 0, 0) : QColor(192, 192, 0);
 }
 
 /// Shows the service's picture or, where the file is missing, its code.
-void fill(ServiceBadge* badge, const ServizioEvidenziato& entry, const QSize& size) {
-    badge->setService(entry.servizio, entry.descrizione, statusText(entry.stato));
-    const auto picture = [file = entry.immagine](const QSize& room, qreal ratio) {
+void fill(ServiceBadge* badge, const HighlightedService& entry, const QSize& size) {
+    badge->setService(entry.service, entry.description, statusText(entry.state));
+    const auto picture = [file = entry.picture](const QSize& room, qreal ratio) {
         return loadPicture(file, room, ratio);
     };
     if (badge->setDrawing(size - QSize(6, 6), picture)) return;
     badge->clearDrawing();
-    badge->setText(entry.servizio);
+    badge->setText(entry.service);
 }
 
 /// Room that is kept while nothing stands in it, so that the teeth stand still when the first service comes.
@@ -60,7 +60,7 @@ QGridLayout* gridOf(int gap) {
 
 EvidencePanel::EvidencePanel(QWidget* parent)
     : QWidget(parent) {
-    const ComposizioneDenti::Options places;
+    const ChartComposition::Options places;
     for (int place = 0; place < places.stripPlaces; ++place) {
         auto* border = named(new QFrame(this), arrayName("shLavoriSeri", place));
         border->setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -74,7 +74,7 @@ EvidencePanel::EvidencePanel(QWidget* parent)
         shortList_.append(box(arrayName("pbInEvidenzaBreve", place), SHORT_BOX));
         shortTexts_.append(box(arrayName("laInEvidenzaBreve", place), QSize()));
     }
-    for (int place = 0; place < ComposizioneDenti::POSTI_ALL_OCCHIO; ++place)
+    for (int place = 0; place < ChartComposition::GLANCE_PLACES; ++place)
         marks_.append(box(arrayName("imSaltaAllOcchio", place), MARK_BOX));
     layOut();
 }
@@ -140,46 +140,46 @@ void EvidencePanel::layOutShortList() {
     }
 }
 
-void EvidencePanel::setComposition(const ComposizioneDenti& composition) {
+void EvidencePanel::setComposition(const ChartComposition& composition) {
     for (int place = 0; place < strip_.size(); ++place)
         showInStrip(place, composition.strip().value(place));
     showShortList(composition);
     for (int place = 0; place < marks_.size(); ++place) {
-        const ServizioEvidenziato& entry = composition.atAGlance()[static_cast<std::size_t>(place)];
-        if (entry.servizio.isEmpty())
+        const HighlightedService& entry = composition.atAGlance()[static_cast<std::size_t>(place)];
+        if (entry.service.isEmpty())
             marks_[place]->free();
         else
             fill(marks_[place], entry, MARK_BOX);
     }
-    shortListArea_->setVisible(composition.options().evidenziaBreve);
-    marksArea_->setVisible(composition.options().saltaAllOcchio);
+    shortListArea_->setVisible(composition.options().showShortList);
+    marksArea_->setVisible(composition.options().showAtAGlance);
 }
 
-void EvidencePanel::showInStrip(int place, const ServizioEvidenziato& entry) {
+void EvidencePanel::showInStrip(int place, const HighlightedService& entry) {
     QFrame* border = borders_[place];
-    border->setVisible(!entry.servizio.isEmpty());
-    if (entry.servizio.isEmpty()) return strip_[place]->free();
+    border->setVisible(!entry.service.isEmpty());
+    if (entry.service.isEmpty()) return strip_[place]->free();
     fill(strip_[place], entry, STRIP_BOX);
     // The colours of the borders are their own, not those of the marks: red is work going on, not work to begin.
     QPalette palette = border->palette();
-    palette.setColor(QPalette::WindowText, colourOf(entry.stato));
+    palette.setColor(QPalette::WindowText, colourOf(entry.state));
     if (palette != border->palette()) border->setPalette(palette);
 }
 
-void EvidencePanel::showShortList(const ComposizioneDenti& composition) {
+void EvidencePanel::showShortList(const ChartComposition& composition) {
     for (int place = 0; place < shortList_.size(); ++place) {
         if (place >= composition.shortList().size()) {
             shortList_[place]->free();
             shortTexts_[place]->free();
             continue;
         }
-        const ServizioEvidenziato& entry = composition.shortList()[place];
-        shortList_[place]->setService(entry.servizio, entry.descrizione, statusText(entry.stato));
-        const auto mark = [stato = entry.stato](const QSize& size, qreal ratio) {
-            return statusMark(stato, size, ratio);
+        const HighlightedService& entry = composition.shortList()[place];
+        shortList_[place]->setService(entry.service, entry.description, statusText(entry.state));
+        const auto mark = [state = entry.state](const QSize& size, qreal ratio) {
+            return statusMark(state, size, ratio);
         };
         shortList_[place]->setDrawing(SHORT_BOX - QSize(4, 4), mark);
-        shortTexts_[place]->setService(entry.servizio, entry.descrizione, QString());
-        shortTexts_[place]->setText(entry.breve);
+        shortTexts_[place]->setService(entry.service, entry.description, QString());
+        shortTexts_[place]->setText(entry.shortText);
     }
 }

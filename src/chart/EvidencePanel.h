@@ -3,11 +3,11 @@
 #include <QList>
 #include <QWidget>
 
-class ComposizioneDenti;
+class ChartComposition;
 class QFrame;
 class QLayout;
 class ServiceBadge;
-struct ServizioEvidenziato;
+struct HighlightedService;
 
 /// What stands beside the tooth chart: the strip pbLavoriSeri(i) of services in evidence, each in a border
 /// shLavoriSeri(i) of the colour of its state, the short list pbInEvidenzaBreve(i) with laInEvidenzaBreve(i) under "In
@@ -19,18 +19,18 @@ class EvidencePanel : public QWidget {
 public:
     explicit EvidencePanel(QWidget* parent = nullptr);
 
-    void setComposition(const ComposizioneDenti& composition);
+    void setComposition(const ChartComposition& composition);
 
 signals:
-    void serviceClicked(const QString& servizio); ///< On any of the three.
+    void serviceClicked(const QString& service); ///< On any of the three.
 
 private:
     ServiceBadge* box(const QString& name, const QSize& size);
     void layOut();
     QLayout* layOutStrip();
     void layOutShortList();
-    void showInStrip(int place, const ServizioEvidenziato& entry);
-    void showShortList(const ComposizioneDenti& composition);
+    void showInStrip(int place, const HighlightedService& entry);
+    void showShortList(const ChartComposition& composition);
 
     QList<QFrame*> borders_;
     QList<ServiceBadge*> strip_;

@@ -11,11 +11,11 @@ ServiceBadge::ServiceBadge(QWidget* parent)
     hide();
 }
 
-void ServiceBadge::setService(const QString& servizio, const QString& descrizione, const QString& stato) {
-    setProperty("tag", servizio);
-    setToolTip(descrizione);
-    const QString name = descrizione.isEmpty() ? servizio : descrizione;
-    setAccessibleName(stato.isEmpty() ? name : name + QStringLiteral(", ") + stato);
+void ServiceBadge::setService(const QString& service, const QString& description, const QString& state) {
+    setProperty("tag", service);
+    setToolTip(description);
+    const QString name = description.isEmpty() ? service : description;
+    setAccessibleName(state.isEmpty() ? name : name + QStringLiteral(", ") + state);
     show();
 }
 

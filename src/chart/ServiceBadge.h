@@ -10,12 +10,12 @@ class ServiceBadge : public PictureLabel {
 public:
     explicit ServiceBadge(QWidget* parent = nullptr);
 
-    void setService(const QString& servizio, const QString& descrizione, const QString& stato);
+    void setService(const QString& service, const QString& description, const QString& state);
     void free(); ///< Empty and hidden.
     QString service() const { return property("tag").toString(); }
 
 signals:
-    void clicked(const QString& servizio);
+    void clicked(const QString& service);
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -31,33 +31,33 @@ PictureLabel* layer(const QString& name, QWidget* parent) {
 
 } // namespace
 
-ToothBox::ToothBox(int indice, QWidget* panel)
+ToothBox::ToothBox(int index, QWidget* panel)
     : QFrame(panel)
-    , indice_(indice) {
-    setObjectName(arrayName("pbTooh", indice));
-    imTooth_ = platform::form::named(new ToothPicture(indice, this), arrayName("imTooth", indice));
-    connect(imTooth_, &ToothPicture::clicked, this, [this] { emit clicked(indice_); });
-    connect(imTooth_, &ToothPicture::rightClicked, this, [this] { emit rightClicked(indice_); });
-    imTrt_ = {layer(arrayName("imTrt01", indice), this), layer(arrayName("imTrt02", indice), this),
-              layer(arrayName("imTrt03", indice), this)};
-    imStatusLavori_ = layer(arrayName("imStatusLavori", indice), this);
-    laDente_ = platform::form::named(new QLabel(DenteDaIndice(indice), panel), arrayName("laDente", indice));
+    , index_(index) {
+    setObjectName(arrayName("pbTooh", index));
+    imTooth_ = platform::form::named(new ToothPicture(index, this), arrayName("imTooth", index));
+    connect(imTooth_, &ToothPicture::clicked, this, [this] { emit clicked(index_); });
+    connect(imTooth_, &ToothPicture::rightClicked, this, [this] { emit rightClicked(index_); });
+    imTrt_ = {layer(arrayName("imTrt01", index), this), layer(arrayName("imTrt02", index), this),
+              layer(arrayName("imTrt03", index), this)};
+    imStatusLavori_ = layer(arrayName("imStatusLavori", index), this);
+    laDente_ = platform::form::named(new QLabel(DenteDaIndice(index), panel), arrayName("laDente", index));
     laDente_->setAlignment(Qt::AlignCenter);
     describe();
 }
 
-QSize ToothBox::naturalSize(int indice) {
-    const QSize picture = DenteDeciduo(indice) ? QSize(33, 69) : PICTURE;
+QSize ToothBox::naturalSize(int index) {
+    const QSize picture = isDeciduous(index) ? QSize(33, 69) : PICTURE;
     return picture + QSize(2 * FRAME, 2 * FRAME);
 }
 
-void ToothBox::setTooth(const DenteComposto& tooth) {
+void ToothBox::setTooth(const ComposedTooth& tooth) {
     if (shown_ && tooth_ == tooth) return; // most teeth stay as they are when a row changes
     shown_ = true;
     tooth_ = tooth;
-    imTooth_->setPicture(tooth.immagine);
-    imTooth_->setProperty("tag", tooth.situazione);
-    imTooth_->setToolTip(tooth.testo);
+    imTooth_->setPicture(tooth.picture);
+    imTooth_->setProperty("tag", tooth.situation);
+    imTooth_->setToolTip(tooth.text);
     placeLayers();
     placeMark();
     describe();
@@ -79,43 +79,43 @@ void ToothBox::setCurrent(bool current) {
 void ToothBox::placeLayers() {
     const double scale = double(imTooth_->height()) / PICTURE.height();
     for (std::size_t place = 0; place < imTrt_.size(); ++place) {
-        const StratoDente& shown = tooth_.strati[place];
+        const ToothLayer& shown = tooth_.layers[place];
         PictureLabel* label = imTrt_[place];
-        label->setProperty("tag", shown.servizio);
-        label->setVisible(!shown.servizio.isEmpty());
-        if (shown.servizio.isEmpty()) {
+        label->setProperty("tag", shown.service);
+        label->setVisible(!shown.service.isEmpty());
+        if (shown.service.isEmpty()) {
             label->clearDrawing();
             continue;
         }
-        const QSize size = pictureSize(shown.immagine).boundedTo(2 * PICTURE) * scale;
+        const QSize size = pictureSize(shown.picture).boundedTo(2 * PICTURE) * scale;
         const QPoint offset(qRound(shown.left * scale / TWIPS_PER_PIXEL), qRound(shown.top * scale / TWIPS_PER_PIXEL));
         label->setDrawing(
-            size, [file = shown.immagine](const QSize& room, qreal ratio) { return loadPicture(file, room, ratio); });
+            size, [file = shown.picture](const QSize& room, qreal ratio) { return loadPicture(file, room, ratio); });
         label->setGeometry(QRect(imTooth_->pos() + offset, size));
     }
 }
 
 void ToothBox::placeMark() {
     imStatusLavori_->setProperty("tag", tooth_.statusTag());
-    imStatusLavori_->setVisible(tooth_.stato != StatoDente::Nessuno);
-    if (tooth_.stato == StatoDente::Nessuno) return;
+    imStatusLavori_->setVisible(tooth_.state != ToothState::None);
+    if (tooth_.state == ToothState::None) return;
     const double scale = double(imTooth_->height()) / PICTURE.height();
     const QSize size = QSize(MARK, MARK) * std::min(scale, LARGEST_MARK); // a large tooth is there to be seen
     imStatusLavori_->setDrawing(size,
-                                [file = tooth_.immagineStato, stato = tooth_.stato](const QSize& room, qreal ratio) {
+                                [file = tooth_.statePicture, state = tooth_.state](const QSize& room, qreal ratio) {
                                     const QPixmap own = loadPicture(file, room, ratio);
-                                    return own.isNull() ? statusMark(stato, room, ratio) : own;
+                                    return own.isNull() ? statusMark(state, room, ratio) : own;
                                 });
     const int inset = qRound(MARK_TWIPS_FROM_EDGE * scale / TWIPS_PER_PIXEL);
-    const int top = DenteSuperiore(indice_) ? height() - size.height() - inset : inset;
+    const int top = isUpper(index_) ? height() - size.height() - inset : inset;
     imStatusLavori_->setGeometry(QRect(QPoint((width() - size.width()) / 2, top), size));
 }
 
 void ToothBox::describe() {
-    QString name = QStringLiteral("Dente %1").arg(DenteDaIndice(indice_));
-    if (!tooth_.testo.isEmpty()) name += QStringLiteral(", ") + tooth_.testo;
-    if (tooth_.stato != StatoDente::Nessuno)
-        name += QStringLiteral(", %1 %2").arg(tooth_.servizioStato, statusText(tooth_.stato));
+    QString name = QStringLiteral("Dente %1").arg(DenteDaIndice(index_));
+    if (!tooth_.text.isEmpty()) name += QStringLiteral(", ") + tooth_.text;
+    if (tooth_.state != ToothState::None)
+        name += QStringLiteral(", %1 %2").arg(tooth_.stateService, statusText(tooth_.state));
     if (marked_) name += QStringLiteral(", evidenziato");
     setAccessibleName(name);
     imTooth_->setAccessibleName(name);
@@ -143,6 +143,6 @@ void ToothBox::paintEvent(QPaintEvent*) {
 }
 
 void ToothBox::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) emit clicked(indice_);
-    if (event->button() == Qt::RightButton) emit rightClicked(indice_);
+    if (event->button() == Qt::LeftButton) emit clicked(index_);
+    if (event->button() == Qt::RightButton) emit rightClicked(index_);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chart/ComposizioneDenti.h"
+#include "chart/ChartComposition.h"
 
 #include <QFrame>
 #include <array>
@@ -14,19 +14,19 @@ class ToothBox : public QFrame {
     Q_OBJECT
 
 public:
-    ToothBox(int indice, QWidget* panel);
+    ToothBox(int index, QWidget* panel);
 
-    void setTooth(const DenteComposto& tooth);
+    void setTooth(const ComposedTooth& tooth);
     void setMarked(bool marked); ///< Red frame of width 2, or grey of width 1.
     bool isMarked() const { return marked_; }
     void setCurrent(bool current); ///< Shows where the keyboard is.
     QLabel* numberLabel() const { return laDente_; }
 
-    static QSize naturalSize(int indice); ///< At scale 1, frame included.
+    static QSize naturalSize(int index); ///< At scale 1, frame included.
 
 signals:
-    void clicked(int indice);
-    void rightClicked(int indice);
+    void clicked(int index);
+    void rightClicked(int index);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -38,13 +38,13 @@ private:
     void placeMark();
     void describe();
 
-    int indice_;
+    int index_;
     bool marked_ = false;
     bool current_ = false;
     bool shown_ = false;
-    DenteComposto tooth_;
+    ComposedTooth tooth_;
     ToothPicture* imTooth_ = nullptr;
-    std::array<PictureLabel*, DenteComposto::STRATI> imTrt_{};
+    std::array<PictureLabel*, ComposedTooth::LAYERS> imTrt_{};
     PictureLabel* imStatusLavori_ = nullptr;
     QLabel* laDente_ = nullptr;
 };

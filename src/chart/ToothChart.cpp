@@ -1,6 +1,6 @@
 #include "chart/ToothChart.h"
 
-#include "chart/ComposizioneDenti.h"
+#include "chart/ChartComposition.h"
 #include "chart/StatusMark.h"
 #include "chart/ToothBox.h"
 #include "chart/ToothList.h"
@@ -61,42 +61,42 @@ private:
     void drawLegend(QPainter& painter) const {
         const int line = std::max(LEGEND_MARK, painter.fontMetrics().height()) + 4;
         QPoint place(2 * MARGIN, height() / 2 + MARGIN);
-        for (const StatoDente stato : {StatoDente::DaIniziare, StatoDente::Aperto, StatoDente::Finito}) {
-            painter.drawPixmap(place, statusMark(stato, QSize(LEGEND_MARK, LEGEND_MARK), devicePixelRatioF()));
+        for (const ToothState state : {ToothState::ToStart, ToothState::Open, ToothState::Finished}) {
+            painter.drawPixmap(place, statusMark(state, QSize(LEGEND_MARK, LEGEND_MARK), devicePixelRatioF()));
             painter.drawText(QRect(place.x() + LEGEND_MARK + 6, place.y(), 140, LEGEND_MARK),
-                             Qt::AlignLeft | Qt::AlignVCenter, statusText(stato));
+                             Qt::AlignLeft | Qt::AlignVCenter, statusText(state));
             place.ry() += line;
         }
     }
 };
 
-bool onRightOfPatient(int indice) {
-    const int quadrant = QuadranteDente(indice);
+bool onRightOfPatient(int index) {
+    const int quadrant = toothQuadrant(index);
     return quadrant == 1 || quadrant == 4 || quadrant == 5 || quadrant == 8;
 }
 
-int centreX(int indice) {
-    const int steps = PosizioneDente(indice);
+int centreX(int index) {
+    const int steps = toothPosition(index);
     const int fromMiddle = MIDDLE_GAP / 2 + steps * COLUMN - COLUMN / 2;
-    return CHART_WIDTH / 2 + (onRightOfPatient(indice) ? -fromMiddle : fromMiddle);
+    return CHART_WIDTH / 2 + (onRightOfPatient(index) ? -fromMiddle : fromMiddle);
 }
 
 /// Distance of the tooth's biting edge from the line between the arches.
-int distanceFromBite(int indice) {
-    return DenteDeciduo(indice) ? BITE_GAP / 2 : BITE_GAP / 2 + DECIDUOUS_ROW + ROW_GAP;
+int distanceFromBite(int index) {
+    return isDeciduous(index) ? BITE_GAP / 2 : BITE_GAP / 2 + DECIDUOUS_ROW + ROW_GAP;
 }
 
-QRect boxArea(int indice) {
-    const QSize size = ToothBox::naturalSize(indice);
-    const int away = distanceFromBite(indice);
-    const int top = DenteSuperiore(indice) ? BITE - away - size.height() : BITE + away;
-    return {QPoint(centreX(indice) - size.width() / 2, top), size};
+QRect boxArea(int index) {
+    const QSize size = ToothBox::naturalSize(index);
+    const int away = distanceFromBite(index);
+    const int top = isUpper(index) ? BITE - away - size.height() : BITE + away;
+    return {QPoint(centreX(index) - size.width() / 2, top), size};
 }
 
-QRect numberArea(int indice) {
-    const QRect box = boxArea(indice);
-    const int top = DenteSuperiore(indice) ? box.top() - NUMBER_HEIGHT : box.bottom() + 1;
-    return {centreX(indice) - COLUMN / 2, top, COLUMN, NUMBER_HEIGHT};
+QRect numberArea(int index) {
+    const QRect box = boxArea(index);
+    const int top = isUpper(index) ? box.top() - NUMBER_HEIGHT : box.bottom() + 1;
+    return {centreX(index) - COLUMN / 2, top, COLUMN, NUMBER_HEIGHT};
 }
 
 QRect scaled(const QRect& area, double scale) {
@@ -118,9 +118,9 @@ ToothChart::ToothChart(QWidget* parent)
     pbDenti_ = platform::form::named(new ChartPanel(this), QStringLiteral("pbDenti"));
     hsDenti_ = platform::form::named(new QScrollBar(Qt::Horizontal, this), QStringLiteral("hsDenti"));
     connect(hsDenti_, &QScrollBar::valueChanged, this, [this](int value) { pbDenti_->move(-value, pbDenti_->y()); });
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
-        auto* tooth = new ToothBox(indice, pbDenti_);
-        boxes_[static_cast<std::size_t>(indice)] = tooth;
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
+        auto* tooth = new ToothBox(index, pbDenti_);
+        boxes_[static_cast<std::size_t>(index)] = tooth;
         // The keyboard goes on from the tooth that the mouse was at.
         connect(tooth, &ToothBox::clicked, this, &ToothChart::setCurrent);
         connect(tooth, &ToothBox::rightClicked, this, &ToothChart::setCurrent);
@@ -132,21 +132,21 @@ ToothChart::ToothChart(QWidget* parent)
     layOutTeeth();
 }
 
-void ToothChart::setComposition(const ComposizioneDenti& composition) {
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice)
-        box(indice)->setTooth(composition.tooth(indice));
+void ToothChart::setComposition(const ChartComposition& composition) {
+    for (int index = 0; index < TOOTH_COUNT; ++index)
+        box(index)->setTooth(composition.tooth(index));
     if (hasFocus()) tellCurrent();
 }
 
-void ToothChart::setSelection(const QString& denti) {
-    const ToothList teeth = ToothList::fromSelection(denti);
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice)
-        box(indice)->setMarked(teeth.contains(DenteDaIndice(indice)));
+void ToothChart::setSelection(const QString& selection) {
+    const ToothList teeth = ToothList::fromSelection(selection);
+    for (int index = 0; index < TOOTH_COUNT; ++index)
+        box(index)->setMarked(teeth.contains(DenteDaIndice(index)));
     if (hasFocus()) tellCurrent();
 }
 
-bool ToothChart::isMarked(int indice) const {
-    return box(indice)->isMarked();
+bool ToothChart::isMarked(int index) const {
+    return box(index)->isMarked();
 }
 
 QSize ToothChart::sizeHint() const {
@@ -172,10 +172,10 @@ void ToothChart::layOutTeeth() {
     const int drop = (pbDenti_->height() - qRound(CHART_HEIGHT * scale)) / 2;
     QFont font = this->font();
     font.setPointSizeF(std::max(6.5, 8 * scale));
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
-        box(indice)->setGeometry(scaled(boxArea(indice), scale).translated(spare, drop));
-        box(indice)->numberLabel()->setGeometry(scaled(numberArea(indice), scale).translated(spare, drop));
-        box(indice)->numberLabel()->setFont(font);
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
+        box(index)->setGeometry(scaled(boxArea(index), scale).translated(spare, drop));
+        box(index)->numberLabel()->setGeometry(scaled(numberArea(index), scale).translated(spare, drop));
+        box(index)->numberLabel()->setFont(font);
     }
     updateScrolling();
 }
@@ -195,22 +195,22 @@ int ToothChart::neighbour(const QPoint& direction) const {
     const QPoint from = box(current_)->geometry().center();
     int nearest = current_;
     int shortest = std::numeric_limits<int>::max();
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
-        const QPoint step = box(indice)->geometry().center() - from;
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
+        const QPoint step = box(index)->geometry().center() - from;
         const int along = QPoint::dotProduct(step, direction);
         const int aside = std::abs(direction.x() != 0 ? step.y() : step.x());
         if (along <= 0 || aside > along) continue;
         const int distance = along + 2 * aside;
         if (distance >= shortest) continue;
         shortest = distance;
-        nearest = indice;
+        nearest = index;
     }
     return nearest;
 }
 
-void ToothChart::setCurrent(int indice) {
+void ToothChart::setCurrent(int index) {
     box(current_)->setCurrent(false);
-    current_ = indice;
+    current_ = index;
     box(current_)->setCurrent(hasFocus());
     tellCurrent();
     const QRect shown = box(current_)->geometry();

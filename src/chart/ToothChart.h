@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <array>
 
-class ComposizioneDenti;
+class ChartComposition;
 class QScrollBar;
 class ToothBox;
 
@@ -20,18 +20,18 @@ class ToothChart : public QWidget {
 public:
     explicit ToothChart(QWidget* parent = nullptr);
 
-    void setComposition(const ComposizioneDenti& composition);
+    void setComposition(const ChartComposition& composition);
     /// Marks the teeth of a selection ("1.1" or "+1.1;1.2") and no others; empty clears all marks.
-    void setSelection(const QString& denti);
-    bool isMarked(int indice) const;
-    ToothBox* box(int indice) const { return boxes_[static_cast<std::size_t>(indice)]; }
+    void setSelection(const QString& teeth);
+    bool isMarked(int index) const;
+    ToothBox* box(int index) const { return boxes_[static_cast<std::size_t>(index)]; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 signals:
-    void toothClicked(int indice);
-    void toothRightClicked(int indice);
+    void toothClicked(int index);
+    void toothRightClicked(int index);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -42,12 +42,12 @@ protected:
 private:
     void layOutTeeth();
     void updateScrolling();
-    void setCurrent(int indice);
+    void setCurrent(int index);
     void tellCurrent();
     int neighbour(const QPoint& direction) const;
 
     QWidget* pbDenti_ = nullptr;
     QScrollBar* hsDenti_ = nullptr;
-    std::array<ToothBox*, NUMERO_DENTI> boxes_{};
+    std::array<ToothBox*, TOOTH_COUNT> boxes_{};
     int current_ = 0;
 };

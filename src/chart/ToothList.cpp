@@ -43,8 +43,8 @@ ToothList ToothList::fromSelection(const QString& selection) {
     return teeth;
 }
 
-ToothList ToothList::fromRecord(const QString& dente, const QString& denti) {
-    return fromSelection(dente == SEVERAL ? SEVERAL + DentiDaIndici(denti) : DentiDaIndici(dente));
+ToothList ToothList::fromRecord(const QString& tooth, const QString& toothList) {
+    return fromSelection(tooth == SEVERAL ? SEVERAL + DentiDaIndici(toothList) : DentiDaIndici(tooth));
 }
 
 std::optional<ToothList> ToothList::fromTyped(const QString& text) {
@@ -80,13 +80,13 @@ QString ToothList::selection() const {
     return list_ ? SEVERAL + listText() : listText();
 }
 
-QString ToothList::dente() const {
+QString ToothList::tooth() const {
     if (list_) return SEVERAL;
     const int index = IndiceDaDente(listText());
     return index < 0 ? QString() : QString::number(index);
 }
 
-QString ToothList::denti() const {
+QString ToothList::toothList() const {
     return list_ ? IndiciDaDenti(listText()) : QString();
 }
 

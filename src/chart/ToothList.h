@@ -13,7 +13,7 @@ public:
     ToothList() = default;
     explicit ToothList(const QStringList& teeth);
     static ToothList fromSelection(const QString& selection);
-    static ToothList fromRecord(const QString& dente, const QString& denti);
+    static ToothList fromRecord(const QString& tooth, const QString& toothList);
     /// "16", "1,6", "1-6" and "1.6" are one tooth; several stand apart by blanks or any of ; , / + and count once each.
     /// A selection ("+1.1;9.9") is taken as it is, with what is no tooth in its place, as long as one entry is a tooth.
     /// Any other text with a part that is none gives nothing.
@@ -28,10 +28,10 @@ public:
 
     QString selection() const; ///< As windows show it.
     QString listText() const;  ///< "1.1;1.2"
-    /// The stored fields. One tooth: `dente` holds its index. A list: `dente` is "+" and `denti` the indexes, -1 for
-    /// what is no tooth. A tooth alone that there is not leaves both empty.
-    QString dente() const;
-    QString denti() const;
+    /// The stored fields. One tooth: `tooth` holds its index. A list: `tooth` is "+" and `toothList` the indexes, -1
+    /// for what is no tooth. A tooth alone that there is not leaves both empty.
+    QString tooth() const;
+    QString toothList() const;
     QString label() const; ///< "Dente 1.1" or "Denti 1.1;1.2"; empty without teeth.
 
     bool operator==(const ToothList& other) const = default;

@@ -8,17 +8,17 @@
 
 namespace {
 
-QString soundTooth(int indice) {
-    return QStringLiteral(":/denti/dente_%1%2.svg").arg(QuadranteDente(indice)).arg(PosizioneDente(indice));
+QString soundTooth(int index) {
+    return QStringLiteral(":/denti/dente_%1%2.svg").arg(toothQuadrant(index)).arg(toothPosition(index));
 }
 
 } // namespace
 
-ToothPicture::ToothPicture(int indice, QWidget* parent)
+ToothPicture::ToothPicture(int index, QWidget* parent)
     : QWidget(parent)
-    , indice_(indice) {
+    , index_(index) {
     setCursor(Qt::PointingHandCursor);
-    setAccessibleName(QStringLiteral("Dente %1").arg(DenteDaIndice(indice)));
+    setAccessibleName(QStringLiteral("Dente %1").arg(DenteDaIndice(index)));
 }
 
 void ToothPicture::setPicture(const QString& path) {
@@ -35,7 +35,7 @@ void ToothPicture::setMarked(bool marked) {
 }
 
 QSize ToothPicture::sizeHint() const {
-    return DenteDeciduo(indice_) ? QSize(32, 67) : QSize(40, 84);
+    return isDeciduous(index_) ? QSize(32, 67) : QSize(40, 84);
 }
 
 void ToothPicture::paintEvent(QPaintEvent*) {
@@ -50,7 +50,7 @@ void ToothPicture::paintEvent(QPaintEvent*) {
     if (loadedFor_ != size() * ratio) {
         loadedFor_ = size() * ratio;
         pixmap_ = loadPicture(path_, size(), ratio);
-        if (pixmap_.isNull()) pixmap_ = loadPicture(soundTooth(indice_), size(), ratio);
+        if (pixmap_.isNull()) pixmap_ = loadPicture(soundTooth(index_), size(), ratio);
     }
     const QSizeF shown = pixmap_.deviceIndependentSize();
     painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2), pixmap_);

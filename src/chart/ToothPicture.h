@@ -10,7 +10,7 @@ class ToothPicture : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ToothPicture(int indice, QWidget* parent = nullptr);
+    explicit ToothPicture(int index, QWidget* parent = nullptr);
 
     void setPicture(const QString& path); ///< Empty, or no picture: the sound tooth.
     void setMarked(bool marked);          ///< Lays a tint behind the tooth.
@@ -26,7 +26,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    int indice_;
+    int index_;
     QString path_;
     QPixmap pixmap_;
     QSize loadedFor_; ///< In device pixels.

@@ -8,7 +8,7 @@ using platform::XmlNode;
 
 namespace {
 
-constexpr qint16 ULTIMO_POSTO_ALL_OCCHIO = 11;
+constexpr qint16 LAST_GLANCE_PLACE = 11;
 
 XmlNode firstWithId(const XmlNode& first, const char* element, const QString& id) {
     for (XmlNode node = first; node; node = node.nextSibling(element))
@@ -51,43 +51,43 @@ bool clsGraphical::Init(const QString& file) {
     return false;
 }
 
-XmlNode clsGraphical::dente(const QString& id) const {
+XmlNode clsGraphical::toothNode(const QString& id) const {
     return entry(document_.root().firstChild("tooths"), "tooth", id);
 }
 
-bool clsGraphical::ImmagineServizio(const QString& tooth, const QString& servizio, qint16& left, qint16& top,
+bool clsGraphical::ImmagineServizio(const QString& tooth, const QString& service, qint16& left, qint16& top,
                                     QString& image) const {
-    const XmlNode found = entry(dente(tooth), "trattamento", servizio);
+    const XmlNode found = entry(toothNode(tooth), "trattamento", service);
     left = found.attribute("left", QString()).toShort();
     top = found.attribute("top", QString()).toShort();
     return answer(found, "image", image);
 }
 
-bool clsGraphical::SituazioneDente(const QString& tooth, const QString& situazione, QString& image) const {
-    return answer(entry(dente(tooth), "situazione", situazione), "image", image);
+bool clsGraphical::SituazioneDente(const QString& tooth, const QString& situation, QString& image) const {
+    return answer(entry(toothNode(tooth), "situazione", situation), "image", image);
 }
 
-bool clsGraphical::ImmagineInEvidenza(const QString& servizio, QString& image) const {
-    return answer(entry(document_.root().firstChild("inEvidenza"), "trattamento", servizio), "image", image);
+bool clsGraphical::ImmagineInEvidenza(const QString& service, QString& image) const {
+    return answer(entry(document_.root().firstChild("inEvidenza"), "trattamento", service), "image", image);
 }
 
-bool clsGraphical::ImmagineAllOcchio(const QString& servizio, qint16& index, QString& image) const {
+bool clsGraphical::ImmagineAllOcchio(const QString& service, qint16& index, QString& image) const {
     index = 0;
     image.clear();
-    XmlNode node = entry(document_.root().firstChild("inEvidenza"), "trattamento", servizio);
-    for (; node; node = firstWithId(node.nextSibling("trattamento"), "trattamento", servizio)) {
+    XmlNode node = entry(document_.root().firstChild("inEvidenza"), "trattamento", service);
+    for (; node; node = firstWithId(node.nextSibling("trattamento"), "trattamento", service)) {
         bool number = false;
         const qint16 place = node.attribute("eyeIndex", QString()).toShort(&number);
-        if (!number || place < 0 || place > ULTIMO_POSTO_ALL_OCCHIO) continue;
+        if (!number || place < 0 || place > LAST_GLANCE_PLACE) continue;
         index = place;
         return answer(node, "eyeImage", image);
     }
     return false;
 }
 
-bool clsGraphical::ServizioConStatus(const QString& servizio, const QString& colore, QString& image) const {
+bool clsGraphical::ServizioConStatus(const QString& service, const QString& colour, QString& image) const {
     image.clear();
-    const char* attribute = attributeOfColour(colore);
+    const char* attribute = attributeOfColour(colour);
     if (attribute == nullptr) return false;
-    return answer(entry(document_.root().firstChild("status"), "trattamento", servizio), attribute, image);
+    return answer(entry(document_.root().firstChild("status"), "trattamento", service), attribute, image);
 }

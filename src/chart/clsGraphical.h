@@ -11,19 +11,19 @@
 class clsGraphical {
 public:
     /// Picture of a service on a tooth, with its offset inside the tooth's box in twips.
-    bool ImmagineServizio(const QString& dente, const QString& servizio, qint16& left, qint16& top,
+    bool ImmagineServizio(const QString& tooth, const QString& service, qint16& left, qint16& top,
                           QString& image) const;
-    bool SituazioneDente(const QString& dente, const QString& situazione, QString& image) const;
-    bool ImmagineInEvidenza(const QString& servizio, QString& image) const;
-    bool ImmagineAllOcchio(const QString& servizio, qint16& index, QString& image) const; ///< Place 0 to 11.
+    bool SituazioneDente(const QString& tooth, const QString& situation, QString& image) const;
+    bool ImmagineInEvidenza(const QString& service, QString& image) const;
+    bool ImmagineAllOcchio(const QString& service, qint16& index, QString& image) const; ///< Place 0 to 11.
     /// Status mark of a service in "RED", "YELLOW" or "GREEN", in any case.
-    bool ServizioConStatus(const QString& servizio, const QString& colore, QString& image) const;
+    bool ServizioConStatus(const QString& service, const QString& colour, QString& image) const;
 
     QString LastError() const { return lastError_; }
     bool Init(const QString& file); ///< False, with the text in `LastError`, when the file does not load.
 
 private:
-    platform::XmlNode dente(const QString& id) const;
+    platform::XmlNode toothNode(const QString& id) const;
 
     platform::XmlDocument document_;
     QString lastError_;

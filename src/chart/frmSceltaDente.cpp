@@ -53,9 +53,9 @@ int columnOf(int quadrant, int position) {
     return onRightOfPatient(quadrant) ? MIDDLE_COLUMN - position : MIDDLE_COLUMN + position;
 }
 
-QString plainPicture(int indice) {
+QString plainPicture(int index) {
     QString image;
-    if (oGraphical == nullptr || !oGraphical->SituazioneDente(DenteDaIndice(indice), QString(), image)) return {};
+    if (oGraphical == nullptr || !oGraphical->SituazioneDente(DenteDaIndice(index), QString(), image)) return {};
     return platform::files::exists(image) ? image : QString();
 }
 
@@ -88,9 +88,9 @@ void frmSceltaDente::buildTeeth(QWidget* panel) {
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
     grid->addWidget(line, 2, 1, 1, LAST_COLUMN - 1);
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
-        const int quadrant = QuadranteDente(indice);
-        addTooth(grid, indice, rowOf(quadrant), columnOf(quadrant, PosizioneDente(indice)));
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
+        const int quadrant = toothQuadrant(index);
+        addTooth(grid, index, rowOf(quadrant), columnOf(quadrant, toothPosition(index)));
     }
     for (int quadrant = 1; quadrant <= 8; ++quadrant)
         addArrow(grid, quadrant, rowOf(quadrant), onRightOfPatient(quadrant) ? 0 : LAST_COLUMN);
@@ -100,10 +100,9 @@ void frmSceltaDente::buildTeeth(QWidget* panel) {
 /// Tab goes along the rows of the mouth from left to right, not in the order of the numbers.
 void frmSceltaDente::orderByEye() {
     std::map<std::pair<int, int>, QWidget*> places;
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
-        const int quadrant = QuadranteDente(indice);
-        places[{rowOf(quadrant), columnOf(quadrant, PosizioneDente(indice))}] =
-            cbTooth_[static_cast<std::size_t>(indice)];
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
+        const int quadrant = toothQuadrant(index);
+        places[{rowOf(quadrant), columnOf(quadrant, toothPosition(index))}] = cbTooth_[static_cast<std::size_t>(index)];
     }
     for (int quadrant = 1; quadrant <= 8; ++quadrant)
         places[{rowOf(quadrant), onRightOfPatient(quadrant) ? 0 : LAST_COLUMN}] =
@@ -115,29 +114,29 @@ void frmSceltaDente::orderByEye() {
     }
 }
 
-void frmSceltaDente::addTooth(QGridLayout* grid, int indice, int row, int column) {
-    const auto place = static_cast<std::size_t>(indice);
-    const QString dente = DenteDaIndice(indice);
-    auto* label = named(new QLabel(dente, this), arrayName("laDente", indice));
-    auto* picture = named(new ToothPicture(indice, this), arrayName("pbTooth", indice));
-    auto* box = named(new QCheckBox(this), arrayName("cbTooth", indice));
+void frmSceltaDente::addTooth(QGridLayout* grid, int index, int row, int column) {
+    const auto place = static_cast<std::size_t>(index);
+    const QString tooth = DenteDaIndice(index);
+    auto* label = named(new QLabel(tooth, this), arrayName("laDente", index));
+    auto* picture = named(new ToothPicture(index, this), arrayName("pbTooth", index));
+    auto* box = named(new QCheckBox(this), arrayName("cbTooth", index));
     label->setAlignment(Qt::AlignCenter);
     label->setCursor(Qt::PointingHandCursor);
     label->installEventFilter(this);
     picture->setFixedSize(picture->sizeHint());
-    picture->setPicture(plainPicture(indice));
-    box->setAccessibleName(QStringLiteral("Dente %1").arg(dente));
+    picture->setPicture(plainPicture(index));
+    box->setAccessibleName(QStringLiteral("Dente %1").arg(tooth));
     laDente_[place] = label;
     pbTooth_[place] = picture;
     cbTooth_[place] = box;
     connect(picture, &ToothPicture::clicked, box, &QCheckBox::toggle);
-    connect(box, &QCheckBox::toggled, this, [this, indice] { colourLabel(indice); });
-    colourLabel(indice);
+    connect(box, &QCheckBox::toggled, this, [this, index] { colourLabel(index); });
+    colourLabel(index);
 
     // The number stays on the side of the roots and the box on that of the bite, as on paper.
     auto* cell = new QVBoxLayout;
     cell->setSpacing(2);
-    const bool upper = DenteSuperiore(indice);
+    const bool upper = isUpper(index);
     const std::array<QWidget*, 3> order{upper ? static_cast<QWidget*>(label) : box, picture,
                                         upper ? static_cast<QWidget*>(box) : label};
     for (QWidget* widget : order)
@@ -182,11 +181,11 @@ void frmSceltaDente::buildButtons() {
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
-void frmSceltaDente::setSelezione(const QString& selezione) {
-    const ToothList teeth = ToothList::fromSelection(selezione);
-    for (const QString& dente : teeth.entries()) {
-        const int indice = IndiceDaDente(dente);
-        if (indice >= 0) cbTooth_[static_cast<std::size_t>(indice)]->setChecked(true);
+void frmSceltaDente::setSelection(const QString& selection) {
+    const ToothList teeth = ToothList::fromSelection(selection);
+    for (const QString& tooth : teeth.entries()) {
+        const int index = IndiceDaDente(tooth);
+        if (index >= 0) cbTooth_[static_cast<std::size_t>(index)]->setChecked(true);
     }
 }
 
@@ -201,8 +200,8 @@ bool frmSceltaDente::confirmed() const {
     return laOUTB_->text() == QLatin1String("OK");
 }
 
-void frmSceltaDente::colourLabel(int indice) {
-    const auto place = static_cast<std::size_t>(indice);
+void frmSceltaDente::colourLabel(int index) {
+    const auto place = static_cast<std::size_t>(index);
     const bool set = cbTooth_[place]->isChecked();
     QPalette palette = laDente_[place]->palette();
     palette.setColor(QPalette::WindowText, set ? QColor(255, 0, 0) : QColor(0, 0, 0));
@@ -215,8 +214,8 @@ void frmSceltaDente::colourLabel(int indice) {
 
 void frmSceltaDente::chooseQuadrant(int quadrant) {
     // Confirms at once and forgets earlier choices, on purpose: a whole quadrant is one click.
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice)
-        cbTooth_[static_cast<std::size_t>(indice)]->setChecked(QuadranteDente(indice) == quadrant);
+    for (int index = 0; index < TOOTH_COUNT; ++index)
+        cbTooth_[static_cast<std::size_t>(index)]->setChecked(toothQuadrant(index) == quadrant);
     finish(QStringLiteral("OK"));
 }
 
@@ -239,8 +238,8 @@ bool frmSceltaDente::takeDigit(const QString& text) {
     digits_ += text;
     timer1_->start();
     if (digits_.size() < 2) return true;
-    const int indice = IndiceDaDente(digits_.left(1) + u'.' + digits_.mid(1));
-    if (indice >= 0) cbTooth_[static_cast<std::size_t>(indice)]->toggle();
+    const int index = IndiceDaDente(digits_.left(1) + u'.' + digits_.mid(1));
+    if (index >= 0) cbTooth_[static_cast<std::size_t>(index)]->toggle();
     digits_.clear();
     return true;
 }

@@ -21,7 +21,7 @@ class frmSceltaDente : public QDialog {
 public:
     explicit frmSceltaDente(QWidget* parent = nullptr);
 
-    void setSelezione(const QString& selezione); ///< Sets the boxes of those teeth, besides the ones already set.
+    void setSelection(const QString& selection); ///< Sets the boxes of those teeth, besides the ones already set.
     QStringList teeth() const;                   ///< Captions of the set boxes, in index order.
     bool confirmed() const;
 
@@ -32,19 +32,19 @@ protected:
 
 private:
     void buildTeeth(QWidget* panel);
-    void addTooth(QGridLayout* grid, int indice, int row, int column);
+    void addTooth(QGridLayout* grid, int index, int row, int column);
     void addArrow(QGridLayout* grid, int quadrant, int row, int column);
     void orderByEye();
     void buildButtons();
-    void colourLabel(int indice);
+    void colourLabel(int index);
     void chooseQuadrant(int quadrant);
     void clearAll();
     void finish(const QString& result);
     bool takeDigit(const QString& text);
 
-    std::array<QCheckBox*, NUMERO_DENTI> cbTooth_{};
-    std::array<QLabel*, NUMERO_DENTI> laDente_{};
-    std::array<ToothPicture*, NUMERO_DENTI> pbTooth_{};
+    std::array<QCheckBox*, TOOTH_COUNT> cbTooth_{};
+    std::array<QLabel*, TOOTH_COUNT> laDente_{};
+    std::array<ToothPicture*, TOOTH_COUNT> pbTooth_{};
     std::array<QToolButton*, 8> arrow_{};
     QPushButton* cbPiglia_ = nullptr;
     QPushButton* cbChiudi_ = nullptr;

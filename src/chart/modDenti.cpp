@@ -5,82 +5,82 @@
 
 namespace {
 
-struct Dente {
-    char quadrante;
-    char posizione;
+struct Tooth {
+    char quadrant;
+    char position;
 };
 
 // In the order of the chart, which is the order of the numbers in every record: it must never change.
-constexpr std::array<Dente, NUMERO_DENTI> DENTI{{
+constexpr std::array<Tooth, TOOTH_COUNT> TEETH{{
     {1, 8}, {1, 7}, {1, 6}, {1, 5}, {1, 4}, {1, 3}, {1, 2}, {1, 1}, {2, 1}, {2, 2}, {2, 3}, {2, 4}, {2, 5},
     {2, 6}, {2, 7}, {2, 8}, {3, 8}, {3, 7}, {3, 6}, {3, 5}, {3, 4}, {3, 3}, {3, 2}, {3, 1}, {4, 1}, {4, 2},
     {4, 3}, {4, 4}, {4, 5}, {4, 6}, {4, 7}, {4, 8}, {5, 5}, {5, 4}, {5, 3}, {5, 2}, {5, 1}, {6, 1}, {6, 2},
     {6, 3}, {6, 4}, {6, 5}, {7, 5}, {7, 4}, {7, 3}, {7, 2}, {7, 1}, {8, 1}, {8, 2}, {8, 3}, {8, 4}, {8, 5},
 }};
 
-constexpr QChar SEPARATORE = u';';
+constexpr QChar SEPARATOR = u';';
 
-bool esiste(int indice) {
-    return indice >= 0 && indice < NUMERO_DENTI;
+bool exists(int index) {
+    return index >= 0 && index < TOOTH_COUNT;
 }
 
-const Dente& dente(int indice) {
-    return DENTI[static_cast<std::size_t>(indice)];
+const Tooth& toothAt(int index) {
+    return TEETH[static_cast<std::size_t>(index)];
 }
 
-template <class Conversione>
-QString perOgniVoce(const QString& elenco, Conversione conversione) {
-    if (elenco.isEmpty()) return {};
-    QStringList voci = elenco.split(SEPARATORE);
-    for (QString& voce : voci)
-        voce = conversione(voce);
-    return voci.join(SEPARATORE);
+template <class Conversion>
+QString forEachEntry(const QString& list, Conversion conversion) {
+    if (list.isEmpty()) return {};
+    QStringList entries = list.split(SEPARATOR);
+    for (QString& entry : entries)
+        entry = conversion(entry);
+    return entries.join(SEPARATOR);
 }
 
-int indiceDaTesto(const QString& testo) {
-    bool numero = false;
-    const int indice = testo.toInt(&numero);
-    return numero ? indice : -1;
+int indexOfText(const QString& text) {
+    bool isNumber = false;
+    const int index = text.toInt(&isNumber);
+    return isNumber ? index : -1;
 }
 
 } // namespace
 
-QString DenteDaIndice(int indice) {
-    if (!esiste(indice)) return {};
-    const Dente& trovato = dente(indice);
-    return QStringLiteral("%1.%2").arg(int{trovato.quadrante}).arg(int{trovato.posizione});
+QString DenteDaIndice(int index) {
+    if (!exists(index)) return {};
+    const Tooth& found = toothAt(index);
+    return QStringLiteral("%1.%2").arg(int{found.quadrant}).arg(int{found.position});
 }
 
-QString DentiDaIndici(const QString& indici) {
-    return perOgniVoce(indici, [](const QString& voce) { return DenteDaIndice(indiceDaTesto(voce)); });
+QString DentiDaIndici(const QString& indices) {
+    return forEachEntry(indices, [](const QString& entry) { return DenteDaIndice(indexOfText(entry)); });
 }
 
-qint16 IndiceDaDente(const QString& testo) {
-    if (testo.size() != 3 || testo[1] != u'.') return -1;
-    for (int indice = 0; indice < NUMERO_DENTI; ++indice) {
-        const Dente& candidato = dente(indice);
-        if (testo[0] == QChar(u'0' + candidato.quadrante) && testo[2] == QChar(u'0' + candidato.posizione))
-            return static_cast<qint16>(indice);
+qint16 IndiceDaDente(const QString& text) {
+    if (text.size() != 3 || text[1] != u'.') return -1;
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
+        const Tooth& candidate = toothAt(index);
+        if (text[0] == QChar(u'0' + candidate.quadrant) && text[2] == QChar(u'0' + candidate.position))
+            return static_cast<qint16>(index);
     }
     return -1;
 }
 
-QString IndiciDaDenti(const QString& denti) {
-    return perOgniVoce(denti, [](const QString& voce) { return QString::number(IndiceDaDente(voce)); });
+QString IndiciDaDenti(const QString& teeth) {
+    return forEachEntry(teeth, [](const QString& entry) { return QString::number(IndiceDaDente(entry)); });
 }
 
-bool DenteSuperiore(int indice) {
-    return (indice >= 0 && indice < 16) || (indice >= 32 && indice < 42);
+bool isUpper(int index) {
+    return (index >= 0 && index < 16) || (index >= 32 && index < 42);
 }
 
-bool DenteDeciduo(int indice) {
-    return indice >= 32 && indice < NUMERO_DENTI;
+bool isDeciduous(int index) {
+    return index >= 32 && index < TOOTH_COUNT;
 }
 
-int QuadranteDente(int indice) {
-    return esiste(indice) ? dente(indice).quadrante : 0;
+int toothQuadrant(int index) {
+    return exists(index) ? toothAt(index).quadrant : 0;
 }
 
-int PosizioneDente(int indice) {
-    return esiste(indice) ? dente(indice).posizione : 0;
+int toothPosition(int index) {
+    return exists(index) ? toothAt(index).position : 0;
 }

@@ -5,13 +5,13 @@
 
 #include <QApplication>
 
-bool ScegliDenti(QString& selezione, qint16& quanti) {
+bool ScegliDenti(QString& selection, qint16& count) {
     frmSceltaDente window(QApplication::activeWindow());
-    window.setSelezione(selezione);
+    window.setSelection(selection);
     window.exec();
     if (!window.confirmed()) return false;
     const QStringList teeth = window.teeth();
-    selezione = ToothList(teeth).selection();
-    quanti = static_cast<qint16>(teeth.size());
+    selection = ToothList(teeth).selection();
+    count = static_cast<qint16>(teeth.size());
     return true;
 }

@@ -46,7 +46,7 @@ QString keepAside(const QString& path, const char* word) {
 } // namespace
 
 ConfigFolder::ConfigFolder()
-    : folder_(CartellaUtente())
+    : folder_(userFolder())
     , error_(QStringLiteral("Non è stato possibile caricare il file di configurazione")) {
     if (folder_.isEmpty()) return;
     file_ = files::resolve(folder_ + QStringLiteral("/Config.xml"));

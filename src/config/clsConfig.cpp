@@ -15,167 +15,166 @@ using platform::XmlNode;
 
 namespace {
 
-const char* const APPUNTI_MODALI = "mostraAppuntiPazienteInFinestraModale";
+const char* const MODAL_NOTES = "mostraAppuntiPazienteInFinestraModale";
 
-QString decodifica(const QString& base64) {
+QString decoded(const QString& base64) {
     return platform::fromSingleByte(QByteArray::fromBase64(base64.trimmed().toLatin1()));
 }
 
 // The parameters of one group with one name; a file may hold it twice.
-std::vector<XmlNode> nodiParametro(const XmlNode& radice, const Parametro& parametro) {
-    std::vector<XmlNode> trovati;
-    for (const XmlNode& nodo : radice.select((std::string("parameters/") + parametro.gruppo + "/parameter").c_str())) {
-        if (nodo.attribute("name", QString()) == QLatin1String(parametro.nome)) trovati.push_back(nodo);
+std::vector<XmlNode> parameterNodes(const XmlNode& root, const Parameter& parameter) {
+    std::vector<XmlNode> found;
+    for (const XmlNode& node : root.select((std::string("parameters/") + parameter.group + "/parameter").c_str())) {
+        if (node.attribute("name", QString()) == QLatin1String(parameter.name)) found.push_back(node);
     }
-    return trovati;
+    return found;
 }
 
-XmlNode figlio(const XmlNode& padre, const char* nome) {
-    const XmlNode presente = padre.firstChild(nome);
-    return presente ? presente : padre.appendChild(nome);
+XmlNode child(const XmlNode& parent, const char* name) {
+    const XmlNode present = parent.firstChild(name);
+    return present ? present : parent.appendChild(name);
 }
 
 } // namespace
 
 bool clsConfig::Init() {
-    valori_ = Impostazioni();
-    appuntiPazienteModali_ = oHost->Utente().Items().GetITEM(QLatin1String(APPUNTI_MODALI)) != QLatin1String("NO");
-    ConfigFolder cartella;
-    fileName_ = cartella.file();
-    if (!cartella.open(documento_)) {
-        lastError_ = cartella.error();
+    values_ = Settings();
+    modalNotes_ = oHost->Utente().Items().GetITEM(QLatin1String(MODAL_NOTES)) != QLatin1String("NO");
+    ConfigFolder folder;
+    fileName_ = folder.file();
+    if (!folder.open(document_)) {
+        lastError_ = folder.error();
         return false;
     }
-    leggi();
-    cartella.mendCatalogues(DBPAth());
-    avvisi_ = cartella.notices();
+    read();
+    folder.mendCatalogues(DBPAth());
+    notices_ = folder.notices();
     return true;
 }
 
-void clsConfig::leggi() {
-    const XmlNode radice = documento_.root();
-    webInformation_ = radice.attribute("webinfo", QString());
-    userTitle_ = decodifica(radice.selectOne("user/title").text());
-    userDetails_ = decodifica(radice.selectOne("user/details").text());
+void clsConfig::read() {
+    const XmlNode root = document_.root();
+    webInformation_ = root.attribute("webinfo", QString());
+    userTitle_ = decoded(root.selectOne("user/title").text());
+    userDetails_ = decoded(root.selectOne("user/details").text());
     imageEditor_.clear();
-    for (const XmlNode& nodo : radice.select("tools/tool")) {
-        if (nodo.attribute("id", QString()) == QLatin1String("imageEditor"))
-            imageEditor_ = nodo.attribute("path", QString());
+    for (const XmlNode& node : root.select("tools/tool")) {
+        if (node.attribute("id", QString()) == QLatin1String("imageEditor"))
+            imageEditor_ = node.attribute("path", QString());
     }
-    leggiParametri();
-    leggiRaccolte();
+    readParameters();
+    readCollections();
 }
 
-void clsConfig::leggiParametri() {
-    for (const Parametro& parametro : parametri()) {
-        for (const XmlNode& nodo : nodiParametro(documento_.root(), parametro))
-            leggiParametro(parametro, nodo.text(), valori_);
+void clsConfig::readParameters() {
+    for (const Parameter& parameter : parameters()) {
+        for (const XmlNode& node : parameterNodes(document_.root(), parameter))
+            readParameter(parameter, node.text(), values_);
     }
 }
 
-void clsConfig::leggiRaccolte() const {
-    const XmlNode radice = documento_.root();
+void clsConfig::readCollections() const {
+    const XmlNode root = document_.root();
     colIva->clear();
-    for (const XmlNode& nodo : radice.select("accise/iva")) {
-        const QString codice = nodo.attribute("codice", QString());
-        const double percentuale = platform::regional().toNumber(nodo.attribute("percentuale", QString())).value_or(0);
-        if (!colIva->contains(codice)) colIva->add(codice, {codice, nodo.text(), static_cast<float>(percentuale)});
+    for (const XmlNode& node : root.select("accise/iva")) {
+        const QString code = node.attribute("codice", QString());
+        const double rate = platform::regional().toNumber(node.attribute("percentuale", QString())).value_or(0);
+        if (!colIva->contains(code)) colIva->add(code, {code, node.text(), static_cast<float>(rate)});
     }
     colRaggMerc->clear();
-    for (const XmlNode& nodo : radice.select("ragruppamentiMerciologici/ragruppamento")) {
-        const QString codice = nodo.attribute("codice", QString());
-        if (!colRaggMerc->contains(codice)) colRaggMerc->add(codice, {codice, nodo.text()});
+    for (const XmlNode& node : root.select("ragruppamentiMerciologici/ragruppamento")) {
+        const QString code = node.attribute("codice", QString());
+        if (!colRaggMerc->contains(code)) colRaggMerc->add(code, {code, node.text()});
     }
     colSituazioniDenti->clear();
-    for (const XmlNode& nodo : radice.select("situazioniDenti/situazione")) {
-        const QString id = nodo.attribute("id", QString());
+    for (const XmlNode& node : root.select("situazioniDenti/situazione")) {
+        const QString id = node.attribute("id", QString());
         if (!colSituazioniDenti->contains(id))
-            colSituazioniDenti->add(id, {id, nodo.attribute("descrizione", QString())});
+            colSituazioniDenti->add(id, {id, node.attribute("descrizione", QString())});
     }
 }
 
 QString clsConfig::ProductName() const {
-    return documento_.root().attribute("name", QString());
+    return document_.root().attribute("name", QString());
 }
 
 QString clsConfig::DBPAth() const {
-    QString percorso = valori_.DBPAth;
-    return percorso.replace(QStringLiteral("[app.path]"), sAppPath);
+    QString path = values_.DBPAth;
+    return path.replace(QStringLiteral("[app.path]"), sAppPath);
 }
 
-QString clsConfig::FileDati(const QString& nome) const {
-    const QString cartella = DBPAth();
-    if (cartella.isEmpty()) return {};
-    const bool chiusa = cartella.endsWith(QLatin1Char('\\')) || cartella.endsWith(QLatin1Char('/'));
-    return cartella + (chiusa ? QString() : QStringLiteral("/")) + nome;
+QString clsConfig::dataFile(const QString& name) const {
+    const QString folder = DBPAth();
+    if (folder.isEmpty()) return {};
+    const bool ends = folder.endsWith(QLatin1Char('\\')) || folder.endsWith(QLatin1Char('/'));
+    return folder + (ends ? QString() : QStringLiteral("/")) + name;
 }
 
-void clsConfig::setUserTitle(const QString& testo) {
-    scriviUtente("title", testo, userTitle_);
+void clsConfig::setUserTitle(const QString& text) {
+    writeUser("title", text, userTitle_);
 }
-void clsConfig::setUserDetails(const QString& testo) {
-    scriviUtente("details", testo, userDetails_);
+void clsConfig::setUserDetails(const QString& text) {
+    writeUser("details", text, userDetails_);
 }
 
-void clsConfig::scriviUtente(const char* nome, const QString& testo, QString& campo) {
-    const QByteArray prima = documento_.toBytes();
-    const QByteArray scritto = platform::toSingleByte(testo);
-    figlio(figlio(documento_.root(), "user"), nome).setText(QLatin1String(scritto.toBase64()));
+void clsConfig::writeUser(const char* name, const QString& text, QString& field) {
+    const QByteArray before = document_.toBytes();
+    const QByteArray written = platform::toSingleByte(text);
+    child(child(document_.root(), "user"), name).setText(QLatin1String(written.toBase64()));
     try {
-        salva();
-    } catch (const ErroreConfigurazione&) {
-        documento_.loadBytes(prima);
+        save();
+    } catch (const ConfigError&) {
+        document_.loadBytes(before);
         throw;
     }
-    campo = platform::fromSingleByte(scritto); // as the next run will read it
+    field = platform::fromSingleByte(written); // as the next run will read it
 }
 
-void clsConfig::setAppuntiPazienteModali(bool valore) {
-    oHost->Utente().Items().SetITEM(QLatin1String(APPUNTI_MODALI),
-                                    valore ? QStringLiteral("SI") : QStringLiteral("NO"));
-    appuntiPazienteModali_ = valore;
+void clsConfig::setAppuntiPazienteModali(bool value) {
+    oHost->Utente().Items().SetITEM(QLatin1String(MODAL_NOTES), value ? QStringLiteral("SI") : QStringLiteral("NO"));
+    modalNotes_ = value;
 }
 
 template <class T>
-void clsConfig::scrivi(T Impostazioni::*campo, const T& valore) {
-    for (const Parametro& parametro : parametri()) {
-        if (parametro.campo != Parametro::Campo(campo)) continue;
-        Impostazioni nuove = valori_;
-        nuove.*campo = valore;
-        scriviNodi(parametro, testoParametro(parametro, nuove));
-        leggiParametro(parametro, testoParametro(parametro, nuove), valori_);
+void clsConfig::write(T Settings::*field, const T& value) {
+    for (const Parameter& parameter : parameters()) {
+        if (parameter.field != Parameter::Field(field)) continue;
+        Settings changed = values_;
+        changed.*field = value;
+        writeNodes(parameter, parameterText(parameter, changed));
+        readParameter(parameter, parameterText(parameter, changed), values_);
     }
 }
-template void clsConfig::scrivi(QString Impostazioni::*, const QString&);
-template void clsConfig::scrivi(bool Impostazioni::*, const bool&);
-template void clsConfig::scrivi(qint16 Impostazioni::*, const qint16&);
+template void clsConfig::write(QString Settings::*, const QString&);
+template void clsConfig::write(bool Settings::*, const bool&);
+template void clsConfig::write(qint16 Settings::*, const qint16&);
 
 // Only the settings that came after the first files get a node where there is none. The others keep their value for
 // this run alone: a practice that took a parameter out of its file does not find it back there.
-void clsConfig::scriviNodi(const Parametro& parametro, const QString& testo) {
-    const QByteArray prima = documento_.toBytes();
-    std::vector<XmlNode> nodi = nodiParametro(documento_.root(), parametro);
-    if (nodi.empty() && parametro.aggiunto) {
-        const XmlNode gruppo = figlio(figlio(documento_.root(), "parameters"), parametro.gruppo);
-        nodi.push_back(gruppo.appendChild("parameter"));
-        nodi.back().setAttribute("name", QLatin1String(parametro.nome));
+void clsConfig::writeNodes(const Parameter& parameter, const QString& text) {
+    const QByteArray before = document_.toBytes();
+    std::vector<XmlNode> nodes = parameterNodes(document_.root(), parameter);
+    if (nodes.empty() && parameter.addedLater) {
+        const XmlNode group = child(child(document_.root(), "parameters"), parameter.group);
+        nodes.push_back(group.appendChild("parameter"));
+        nodes.back().setAttribute("name", QLatin1String(parameter.name));
     }
-    for (const XmlNode& nodo : nodi)
-        nodo.setText(testo);
+    for (const XmlNode& node : nodes)
+        node.setText(text);
     try {
-        salva();
-    } catch (const ErroreConfigurazione&) {
-        documento_.loadBytes(prima); // or the refused value would go out with the next setting
+        save();
+    } catch (const ConfigError&) {
+        document_.loadBytes(before); // or the refused value would go out with the next setting
         throw;
     }
 }
 
-void clsConfig::salva() {
-    if (documento_.saveFile(fileName_)) return;
-    throw ErroreConfigurazione("Non è stato possibile salvare il file di configurazione " + fileName_.toStdString());
+void clsConfig::save() {
+    if (document_.saveFile(fileName_)) return;
+    throw ConfigError("Non è stato possibile salvare il file di configurazione " + fileName_.toStdString());
 }
 
 clsServices& clsConfig::services() {
-    if (!services_) services_.emplace(documento_.root(), oHost->Framework());
+    if (!services_) services_.emplace(document_.root(), oHost->Framework());
     return *services_;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/Impostazioni.h"
+#include "config/Settings.h"
 #include "config/clsServices.h"
 #include "platform/XmlDocument.h"
 
@@ -17,7 +17,7 @@ class RibbonTab;
 } // namespace host
 
 /// Thrown by a setter whose value could not be written to the file; the setting and the file keep what they had.
-class ErroreConfigurazione : public std::runtime_error {
+class ConfigError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
@@ -31,7 +31,7 @@ public:
     bool Init();
     const QString& LastError() const { return lastError_; }
     /// What the user has to be told after a good start, such as a broken file that was put aside.
-    const QStringList& Avvisi() const { return avvisi_; }
+    const QStringList& Notices() const { return notices_; }
 
     const QString& FileName() const { return fileName_; }
     QString ProductName() const; ///< Read from the document each time.
@@ -39,55 +39,55 @@ public:
     const QString& ImageEditor() const { return imageEditor_; }
 
     const QString& UserTitle() const { return userTitle_; }
-    void setUserTitle(const QString& testo);
+    void setUserTitle(const QString& text);
     const QString& UserDetails() const { return userDetails_; }
-    void setUserDetails(const QString& testo);
+    void setUserDetails(const QString& text);
 
     /// Kept with the user in the host, not in the file.
-    bool AppuntiPazienteModali() const { return appuntiPazienteModali_; }
-    void setAppuntiPazienteModali(bool valore);
+    bool AppuntiPazienteModali() const { return modalNotes_; }
+    void setAppuntiPazienteModali(bool value);
 
-    // The parameters. Their setters throw ErroreConfigurazione.
+    // The parameters. Their setters throw ConfigError.
     QString DBPAth() const; ///< Folder of the catalogues, "[app.path]" replaced.
     /// Path of a file in that folder, with or without a separator at its end; empty without a folder.
-    QString FileDati(const QString& nome) const;
-    void setDBPAth(const QString& v) { scrivi(&Impostazioni::DBPAth, v); }
-    bool AutomaticoRigoVuoto() const { return valori_.AutomaticoRigoVuoto; }
-    void setAutomaticoRigoVuoto(bool v) { scrivi(&Impostazioni::AutomaticoRigoVuoto, v); }
-    qint16 MinuteRefresh() const { return valori_.MinuteRefresh; }
-    void setMinuteRefresh(qint16 v) { scrivi(&Impostazioni::MinuteRefresh, v); }
-    bool UtilizzoMMG() const { return valori_.UtilizzoMMG; }
-    void setUtilizzoMMG(bool v) { scrivi(&Impostazioni::UtilizzoMMG, v); }
-    QString PreventReportID() const { return valori_.PreventReportID; }
-    void setPreventReportID(const QString& v) { scrivi(&Impostazioni::PreventReportID, v); }
-    bool PreventReportIvaSmall() const { return valori_.PreventReportIvaSmall; }
-    void setPreventReportIvaSmall(bool v) { scrivi(&Impostazioni::PreventReportIvaSmall, v); }
-    bool UnicaSchedaTrattamento() const { return valori_.UnicaSchedaTrattamento; }
-    void setUnicaSchedaTrattamento(bool v) { scrivi(&Impostazioni::UnicaSchedaTrattamento, v); }
-    bool PeggiorStatusDente() const { return valori_.PeggiorStatusDente; }
-    void setPeggiorStatusDente(bool v) { scrivi(&Impostazioni::PeggiorStatusDente, v); }
-    bool EvidenziaBreve() const { return valori_.EvidenziaBreve; }
-    void setEvidenziaBreve(bool v) { scrivi(&Impostazioni::EvidenziaBreve, v); }
-    bool SaltaAllOcchio() const { return valori_.SaltaAllOcchio; }
-    void setSaltaAllOcchio(bool v) { scrivi(&Impostazioni::SaltaAllOcchio, v); }
-    QString TitoloAppunti() const { return valori_.TitoloAppunti; }
-    void setTitoloAppunti(const QString& v) { scrivi(&Impostazioni::TitoloAppunti, v); }
-    QString Bollo() const { return valori_.Bollo; }
-    void setBollo(const QString& v) { scrivi(&Impostazioni::Bollo, v); }
-    QString BolloPlafon() const { return valori_.BolloPlafon; }
-    void setBolloPlafon(const QString& v) { scrivi(&Impostazioni::BolloPlafon, v); }
-    QString IVADefault() const { return valori_.IVADefault; }
-    void setIVADefault(const QString& v) { scrivi(&Impostazioni::IVADefault, v); }
-    QString PrintFont() const { return valori_.PrintFont; }
-    void setPrintFont(const QString& v) { scrivi(&Impostazioni::PrintFont, v); }
-    QString FatturaReportID() const { return valori_.FatturaReportID; }
-    void setFatturaReportID(const QString& v) { scrivi(&Impostazioni::FatturaReportID, v); }
-    bool FatturaReportIvaSmall() const { return valori_.FatturaReportIvaSmall; }
-    void setFatturaReportIvaSmall(bool v) { scrivi(&Impostazioni::FatturaReportIvaSmall, v); }
-    bool FatturaRichiestaPagamento() const { return valori_.FatturaRichiestaPagamento; }
-    void setFatturaRichiestaPagamento(bool v) { scrivi(&Impostazioni::FatturaRichiestaPagamento, v); }
-    bool DefaultRicetteBianche() const { return valori_.DefaultRicetteBianche; }
-    void setDefaultRicetteBianche(bool v) { scrivi(&Impostazioni::DefaultRicetteBianche, v); }
+    QString dataFile(const QString& name) const;
+    void setDBPAth(const QString& v) { write(&Settings::DBPAth, v); }
+    bool AutomaticoRigoVuoto() const { return values_.AutomaticoRigoVuoto; }
+    void setAutomaticoRigoVuoto(bool v) { write(&Settings::AutomaticoRigoVuoto, v); }
+    qint16 MinuteRefresh() const { return values_.MinuteRefresh; }
+    void setMinuteRefresh(qint16 v) { write(&Settings::MinuteRefresh, v); }
+    bool UtilizzoMMG() const { return values_.UtilizzoMMG; }
+    void setUtilizzoMMG(bool v) { write(&Settings::UtilizzoMMG, v); }
+    QString PreventReportID() const { return values_.PreventReportID; }
+    void setPreventReportID(const QString& v) { write(&Settings::PreventReportID, v); }
+    bool PreventReportIvaSmall() const { return values_.PreventReportIvaSmall; }
+    void setPreventReportIvaSmall(bool v) { write(&Settings::PreventReportIvaSmall, v); }
+    bool UnicaSchedaTrattamento() const { return values_.UnicaSchedaTrattamento; }
+    void setUnicaSchedaTrattamento(bool v) { write(&Settings::UnicaSchedaTrattamento, v); }
+    bool PeggiorStatusDente() const { return values_.PeggiorStatusDente; }
+    void setPeggiorStatusDente(bool v) { write(&Settings::PeggiorStatusDente, v); }
+    bool EvidenziaBreve() const { return values_.EvidenziaBreve; }
+    void setEvidenziaBreve(bool v) { write(&Settings::EvidenziaBreve, v); }
+    bool SaltaAllOcchio() const { return values_.SaltaAllOcchio; }
+    void setSaltaAllOcchio(bool v) { write(&Settings::SaltaAllOcchio, v); }
+    QString TitoloAppunti() const { return values_.TitoloAppunti; }
+    void setTitoloAppunti(const QString& v) { write(&Settings::TitoloAppunti, v); }
+    QString Bollo() const { return values_.Bollo; }
+    void setBollo(const QString& v) { write(&Settings::Bollo, v); }
+    QString BolloPlafon() const { return values_.BolloPlafon; }
+    void setBolloPlafon(const QString& v) { write(&Settings::BolloPlafon, v); }
+    QString IVADefault() const { return values_.IVADefault; }
+    void setIVADefault(const QString& v) { write(&Settings::IVADefault, v); }
+    QString PrintFont() const { return values_.PrintFont; }
+    void setPrintFont(const QString& v) { write(&Settings::PrintFont, v); }
+    QString FatturaReportID() const { return values_.FatturaReportID; }
+    void setFatturaReportID(const QString& v) { write(&Settings::FatturaReportID, v); }
+    bool FatturaReportIvaSmall() const { return values_.FatturaReportIvaSmall; }
+    void setFatturaReportIvaSmall(bool v) { write(&Settings::FatturaReportIvaSmall, v); }
+    bool FatturaRichiestaPagamento() const { return values_.FatturaRichiestaPagamento; }
+    void setFatturaRichiestaPagamento(bool v) { write(&Settings::FatturaRichiestaPagamento, v); }
+    bool DefaultRicetteBianche() const { return values_.DefaultRicetteBianche; }
+    void setDefaultRicetteBianche(bool v) { write(&Settings::DefaultRicetteBianche, v); }
 
     // The commands, listed on first use; see clsServices.
     const platform::Collection<clsItemService>& ListaServices() { return services().Lista(); }
@@ -106,34 +106,34 @@ public:
     void MainMDITab() {}                   ///< Hook for the module's tab coming to the front; nothing to do there.
 
 private:
-    void leggi();
-    void leggiParametri();
-    void leggiRaccolte() const;
-    void salva();
-    void scriviUtente(const char* nome, const QString& testo, QString& campo);
+    void read();
+    void readParameters();
+    void readCollections() const;
+    void save();
+    void writeUser(const char* name, const QString& text, QString& field);
     template <class T>
-    void scrivi(T Impostazioni::*campo, const T& valore);
-    void scriviNodi(const Parametro& parametro, const QString& testo);
+    void write(T Settings::*field, const T& value);
+    void writeNodes(const Parameter& parameter, const QString& text);
     clsServices& services();
 
-    void snellisciRibbon(host::MainForm& frmMain) const;
-    void gruppoAmbulatorio() const;
-    void menuPrincipale(host::MainForm& frmMain) const;
+    void slimRibbon(host::MainForm& frmMain) const;
+    void deskGroup() const;
+    void mainMenu(host::MainForm& frmMain) const;
     void layoutAmbulatorio() const;
-    void gruppoLogo(host::RibbonTab& tab);
-    void gruppiComandi(host::RibbonTab& tab);
-    void inserisciBottone(host::RibbonGroup& gruppo, const platform::XmlNode& nodo);
-    void gruppoStrumenti(host::RibbonTab& tab);
+    void logoGroup(host::RibbonTab& tab);
+    void commandGroups(host::RibbonTab& tab);
+    void insertButton(host::RibbonGroup& group, const platform::XmlNode& node);
+    void toolGroup(host::RibbonTab& tab);
 
-    platform::XmlDocument documento_;
-    Impostazioni valori_;
+    platform::XmlDocument document_;
+    Settings values_;
     QString lastError_;
-    QStringList avvisi_;
+    QStringList notices_;
     QString fileName_;
     QString webInformation_;
     QString imageEditor_;
     QString userTitle_;
     QString userDetails_;
-    bool appuntiPazienteModali_ = true;
+    bool modalNotes_ = true;
     std::optional<clsServices> services_;
 };

@@ -13,16 +13,16 @@ using platform::XmlNode;
 
 namespace {
 
-const char* const PIANO_PAZIENTE = "CRVL0303";
-const char* const NUOVO_PIANO = "CRVL0302";
-const char* const SINTESI = "CRVL0701";
+const char* const PATIENT_PLAN = "CRVL0303";
+const char* const NEW_PLAN = "CRVL0302";
+const char* const SUMMARY = "CRVL0701";
 const char* const PARADONTALE = "CRVL0702";
 
-constexpr qint32 CONTROLLO_MENU = 4;
-constexpr qint32 CONTROLLO_AMBULATORIO = 10;
-constexpr qint32 CONTROLLO_STILE = 12;
-constexpr qint32 CONTROLLO_ALTRO_MENU = 74;
-constexpr qint32 CONTROLLI_NASCOSTI[] = {10, 11, 20, 69, 70, 71, 279, 417, 418, 419, 420};
+constexpr qint32 MENU_CONTROL = 4;
+constexpr qint32 DESK_CONTROL = 10;
+constexpr qint32 STYLE_CONTROL = 12;
+constexpr qint32 OTHER_MENU_CONTROL = 74;
+constexpr qint32 HIDDEN_CONTROLS[] = {10, 11, 20, 69, 70, 71, 279, 417, 418, 419, 420};
 
 /// An answer that could not be read counts as yes: the command reads anew, and says what is wrong.
 bool unlessUnread(const std::function<bool()>& question) {
@@ -34,8 +34,8 @@ bool unlessUnread(const std::function<bool()>& question) {
 }
 
 // What a dental practice has no use for.
-const QStringList& vociNascoste() {
-    static const QStringList voci = {
+const QStringList& hiddenEntries() {
+    static const QStringList entries = {
         QStringLiteral("Accessi ADI/ADP/ADR"),
         QStringLiteral("Prestazioni PPIP"),
         QStringLiteral("Vaccinazioni"),
@@ -49,118 +49,118 @@ const QStringList& vociNascoste() {
         QStringLiteral("Fatture"),
         QStringLiteral("Spesa per paziente"),
     };
-    return voci;
+    return entries;
 }
 
-RibbonControl* controllo(qint32 id) {
+RibbonControl* control(qint32 id) {
     return id == 0 ? nullptr : oHost->Framework().FindRibbonControl(id);
 }
 
-void abilita(qint32 id, bool enabled) {
-    if (RibbonControl* trovato = controllo(id)) trovato->setEnabled(enabled);
+void enable(qint32 id, bool enabled) {
+    if (RibbonControl* found = control(id)) found->setEnabled(enabled);
 }
 
 // A command whose window is still to come has no action and stays grey, whatever the configuration says.
-bool conAzione(const QString& key) {
-    return agganci.comandoConAzione && agganci.comandoConAzione(key);
+bool hasAction(const QString& key) {
+    return hooks.commandHasAction && hooks.commandHasAction(key);
 }
-bool conAzione(const char* key) {
-    return conAzione(QLatin1String(key));
+bool hasAction(const char* key) {
+    return hasAction(QLatin1String(key));
 }
 
-void nascondiVoci(qint32 id) {
-    RibbonControl* menu = controllo(id);
+void hideEntries(qint32 id) {
+    RibbonControl* menu = control(id);
     if (!menu) return;
-    for (RibbonControl* voce : menu->CommandBarControls()) {
-        if (vociNascoste().contains(voce->Caption())) voce->setVisible(false);
+    for (RibbonControl* entry : menu->CommandBarControls()) {
+        if (hiddenEntries().contains(entry->Caption())) entry->setVisible(false);
     }
 }
 
-StileBottone stile(const QString& testo) {
-    bool numero = false;
-    const int valore = testo.toInt(&numero);
-    const bool noto = numero && valore >= 0 && valore <= static_cast<int>(StileBottone::IconaSopraDidascalia);
-    return noto ? static_cast<StileBottone>(valore) : StileBottone::IconaEDidascalia;
+StileBottone style(const QString& text) {
+    bool isNumber = false;
+    const int value = text.toInt(&isNumber);
+    const bool isKnown = isNumber && value >= 0 && value <= static_cast<int>(StileBottone::IconaSopraDidascalia);
+    return isKnown ? static_cast<StileBottone>(value) : StileBottone::IconaEDidascalia;
 }
 
-void caricaImmagine(const QString& nome, qint32 id) {
-    oHost->Framework().AddFileBitmap(sAppPath + QStringLiteral("/Styles/") + nome + QStringLiteral(".png"), id);
+void loadPicture(const QString& name, qint32 id) {
+    oHost->Framework().AddFileBitmap(sAppPath + QStringLiteral("/Styles/") + name + QStringLiteral(".png"), id);
 }
 
 } // namespace
 
 void clsConfig::initGUI(host::MainForm& frmMain) {
-    for (qint32 IdComandi::*id : {&IdComandi::gruppo, &IdComandi::sintesi, &IdComandi::paradontale, &IdComandi::menu,
-                                  &IdComandi::menuPreventivi, &IdComandi::menuFatturazione, &IdComandi::menuImmagini,
-                                  &IdComandi::menuSintesi, &IdComandi::menuParadontale}) {
-        idComandi.*id = oHost->Framework().GetNewID();
+    for (qint32 CommandIds::*id : {&CommandIds::group, &CommandIds::summary, &CommandIds::periodontal,
+                                   &CommandIds::menu, &CommandIds::menuEstimates, &CommandIds::menuInvoicing,
+                                   &CommandIds::menuImages, &CommandIds::menuSummary, &CommandIds::menuPeriodontal}) {
+        commandIds.*id = oHost->Framework().GetNewID();
     }
-    if (!UtilizzoMMG()) snellisciRibbon(frmMain);
-    gruppoAmbulatorio();
-    menuPrincipale(frmMain);
+    if (!UtilizzoMMG()) slimRibbon(frmMain);
+    deskGroup();
+    mainMenu(frmMain);
     layoutAmbulatorio();
     host::RibbonTab* tab = oHost->Framework().InsertRibbonTab(QStringLiteral("Odontoiatria"));
     if (!tab) return;
-    gruppoLogo(*tab);
-    gruppiComandi(*tab);
-    gruppoStrumenti(*tab);
+    logoGroup(*tab);
+    commandGroups(*tab);
+    toolGroup(*tab);
 }
 
-void clsConfig::snellisciRibbon(host::MainForm& frmMain) const {
-    for (host::Pane* pannello : frmMain.DockingPane1()) {
-        if (pannello->Title().toLower() == QLatin1String("menu principale")) pannello->Close();
+void clsConfig::slimRibbon(host::MainForm& frmMain) const {
+    for (host::Pane* panel : frmMain.DockingPane1()) {
+        if (panel->Title().toLower() == QLatin1String("menu principale")) panel->Close();
     }
-    nascondiVoci(CONTROLLO_MENU);
-    for (const qint32 id : CONTROLLI_NASCOSTI) {
-        if (RibbonControl* trovato = controllo(id)) trovato->setVisible(false);
+    hideEntries(MENU_CONTROL);
+    for (const qint32 id : HIDDEN_CONTROLS) {
+        if (RibbonControl* found = control(id)) found->setVisible(false);
     }
-    if (RibbonControl* trovato = controllo(CONTROLLO_STILE)) trovato->setStyle(StileBottone::IconaSopraDidascalia);
-    nascondiVoci(CONTROLLO_ALTRO_MENU);
+    if (RibbonControl* found = control(STYLE_CONTROL)) found->setStyle(StileBottone::IconaSopraDidascalia);
+    hideEntries(OTHER_MENU_CONTROL);
 }
 
-void clsConfig::gruppoAmbulatorio() const {
-    RibbonControl* vicino = controllo(CONTROLLO_AMBULATORIO);
-    host::RibbonTab* gruppi = vicino ? vicino->RibbonGroupGroups() : nullptr;
-    host::RibbonGroup* gruppo = gruppi ? gruppi->AddGroup(QStringLiteral("Odontoiatria"), idComandi.gruppo) : nullptr;
-    if (!gruppo) return;
+void clsConfig::deskGroup() const {
+    RibbonControl* neighbour = control(DESK_CONTROL);
+    host::RibbonTab* groups = neighbour ? neighbour->RibbonGroupGroups() : nullptr;
+    host::RibbonGroup* group = groups ? groups->AddGroup(QStringLiteral("Odontoiatria"), commandIds.group) : nullptr;
+    if (!group) return;
     // One tooltip for both, and spelt so: practices know the buttons by it.
     const QString tooltip = QStringLiteral("intesi di tutti gli intervernti effettuati");
-    caricaImmagine(QStringLiteral("CRVL0701"), idComandi.sintesi);
-    gruppo->InsertGroupButton({idComandi.sintesi,
-                               {},
-                               QStringLiteral("Sintesi Odontoiatrica"),
-                               tooltip,
-                               StileBottone::IconaSopraDidascalia,
-                               false,
-                               false});
-    caricaImmagine(QStringLiteral("CRVL0702"), idComandi.paradontale);
-    gruppo->InsertGroupButton({idComandi.paradontale,
-                               {},
-                               QStringLiteral("Cartella Paradontale"),
-                               tooltip,
-                               StileBottone::IconaSopraDidascalia,
-                               false,
-                               false});
+    loadPicture(QStringLiteral("CRVL0701"), commandIds.summary);
+    group->InsertGroupButton({commandIds.summary,
+                              {},
+                              QStringLiteral("Sintesi Odontoiatrica"),
+                              tooltip,
+                              StileBottone::IconaSopraDidascalia,
+                              false,
+                              false});
+    loadPicture(QStringLiteral("CRVL0702"), commandIds.periodontal);
+    group->InsertGroupButton({commandIds.periodontal,
+                              {},
+                              QStringLiteral("Cartella Paradontale"),
+                              tooltip,
+                              StileBottone::IconaSopraDidascalia,
+                              false,
+                              false});
 }
 
-void clsConfig::menuPrincipale(host::MainForm& frmMain) const {
-    const auto chiave = [](qint32 id) { return QLatin1Char('I') + QString::number(id); };
-    const QString menu = chiave(idComandi.menu);
+void clsConfig::mainMenu(host::MainForm& frmMain) const {
+    const auto key = [](qint32 id) { return QLatin1Char('I') + QString::number(id); };
+    const QString menu = key(commandIds.menu);
     frmMain.AddMenu(menu, QStringLiteral("ODONTOIATRIA"), QString());
     const struct {
         qint32 id;
         QString caption;
         const char* key;
-    } voci[] = {
-        {idComandi.menuSintesi, QStringLiteral("Sintesi Odontoiatrica"), SINTESI},
-        {idComandi.menuParadontale, QStringLiteral("Cartella Paradontale"), PARADONTALE},
-        {idComandi.menuImmagini, QStringLiteral("Immagini"), "CRVL0501"},
-        {idComandi.menuPreventivi, QStringLiteral("Preventivi"), "CRVL0101"},
-        {idComandi.menuFatturazione, QStringLiteral("Fatturazione"), "CRVL0201"},
+    } entries[] = {
+        {commandIds.menuSummary, QStringLiteral("Sintesi Odontoiatrica"), SUMMARY},
+        {commandIds.menuPeriodontal, QStringLiteral("Cartella Paradontale"), PARADONTALE},
+        {commandIds.menuImages, QStringLiteral("Immagini"), "CRVL0501"},
+        {commandIds.menuEstimates, QStringLiteral("Preventivi"), "CRVL0101"},
+        {commandIds.menuInvoicing, QStringLiteral("Fatturazione"), "CRVL0201"},
     };
-    for (const auto& voce : voci) {
-        frmMain.AddMenu(chiave(voce.id), voce.caption, menu);
-        if (!conAzione(voce.key)) abilita(voce.id, false);
+    for (const auto& entry : entries) {
+        frmMain.AddMenu(key(entry.id), entry.caption, menu);
+        if (!hasAction(entry.key)) enable(entry.id, false);
     }
 }
 
@@ -169,55 +169,55 @@ void clsConfig::layoutAmbulatorio() const {
     if (oHost->Utente().codiceAttivita() != QLatin1String("OD") || !platform::files::exists(path)) return;
     platform::XmlDocument layout;
     if (!layout.loadFile(path)) return;
-    const XmlNode nodo = layout.selectOne("//Layout");
-    if (nodo) oHost->Framework().setLayoutPredefinito(nodo.xml());
+    const XmlNode node = layout.selectOne("//Layout");
+    if (node) oHost->Framework().setLayoutPredefinito(node.xml());
 }
 
-void clsConfig::gruppoLogo(host::RibbonTab& tab) {
+void clsConfig::logoGroup(host::RibbonTab& tab) {
     const qint32 id = IDService(QStringLiteral("CRVL.main"));
-    host::RibbonGroup* gruppo = tab.AddGroup(QStringLiteral("Corvala Plugin"), id);
-    if (!gruppo) return;
-    caricaImmagine(QStringLiteral("CorvalaLogo"), id);
-    gruppo->InsertGroupControl(id);
+    host::RibbonGroup* group = tab.AddGroup(QStringLiteral("Corvala Plugin"), id);
+    if (!group) return;
+    loadPicture(QStringLiteral("CorvalaLogo"), id);
+    group->InsertGroupControl(id);
 }
 
-void clsConfig::gruppiComandi(host::RibbonTab& tab) {
-    for (const XmlNode& nodo : documento_.root().select("gui/groups/group")) {
-        host::RibbonGroup* gruppo = tab.InsertTabGroup(nodo.attribute("caption", QString()));
-        if (!gruppo) continue;
-        for (const XmlNode& bottone : nodo.select("button"))
-            inserisciBottone(*gruppo, bottone);
+void clsConfig::commandGroups(host::RibbonTab& tab) {
+    for (const XmlNode& node : document_.root().select("gui/groups/group")) {
+        host::RibbonGroup* group = tab.InsertTabGroup(node.attribute("caption", QString()));
+        if (!group) continue;
+        for (const XmlNode& button : node.select("button"))
+            insertButton(*group, button);
     }
 }
 
-void clsConfig::inserisciBottone(host::RibbonGroup& gruppo, const XmlNode& nodo) {
-    BottoneRibbon bottone;
-    bottone.key = nodo.attribute("id", QString());
-    bottone.id = IDService(bottone.key);
-    const bool scheda = UnicaSchedaTrattamento();
-    if (bottone.id == 0 || (scheda && bottone.key == QLatin1String(NUOVO_PIANO))) return;
-    bottone.caption = nodo.attribute("caption", QString());
-    bottone.tooltip = nodo.attribute("tooltiptext", QString());
-    bottone.style = stile(nodo.attribute("style", QStringLiteral("3")));
-    bottone.begingroup = nodo.attribute("begingroup", QStringLiteral("0")) == QLatin1String("1");
-    bottone.enabled = UsableService(bottone.id) && !PatientService(bottone.id) && conAzione(bottone.key);
-    if (scheda && bottone.key == QLatin1String(PIANO_PAZIENTE)) {
-        bottone.caption = QStringLiteral("Apri");
-        bottone.tooltip = QStringLiteral("Consulta il piano del paziente");
-        bottone.begingroup = true;
+void clsConfig::insertButton(host::RibbonGroup& group, const XmlNode& node) {
+    BottoneRibbon button;
+    button.key = node.attribute("id", QString());
+    button.id = IDService(button.key);
+    const bool sheet = UnicaSchedaTrattamento();
+    if (button.id == 0 || (sheet && button.key == QLatin1String(NEW_PLAN))) return;
+    button.caption = node.attribute("caption", QString());
+    button.tooltip = node.attribute("tooltiptext", QString());
+    button.style = style(node.attribute("style", QStringLiteral("3")));
+    button.begingroup = node.attribute("begingroup", QStringLiteral("0")) == QLatin1String("1");
+    button.enabled = UsableService(button.id) && !PatientService(button.id) && hasAction(button.key);
+    if (sheet && button.key == QLatin1String(PATIENT_PLAN)) {
+        button.caption = QStringLiteral("Apri");
+        button.tooltip = QStringLiteral("Consulta il piano del paziente");
+        button.begingroup = true;
     }
-    caricaImmagine(bottone.key, bottone.id);
-    gruppo.InsertGroupButton(bottone);
+    loadPicture(button.key, button.id);
+    group.InsertGroupButton(button);
 }
 
-void clsConfig::gruppoStrumenti(host::RibbonTab& tab) {
-    struct Strumento {
+void clsConfig::toolGroup(host::RibbonTab& tab) {
+    struct Tool {
         const char* key;
         QString caption;
         QString tooltip;
-        QString immagine;
+        QString picture;
     };
-    const Strumento strumenti[] = {
+    const Tool tools[] = {
         {"CRVL.main.refresh", QStringLiteral("Aggiorna"), QStringLiteral("Aggiorna i dati visualizzati"),
          QStringLiteral("CorvalaRefresh")},
         {"CRVL.main.setup", QStringLiteral("Opzioni"), QStringLiteral("Configurazione della procedura"),
@@ -225,33 +225,33 @@ void clsConfig::gruppoStrumenti(host::RibbonTab& tab) {
         {"CRVL.main.about", QStringLiteral("About"), QStringLiteral("Informazioni sulla procedura"),
          QStringLiteral("CorvalaAbout")},
     };
-    host::RibbonGroup* gruppo = tab.InsertTabGroup(QStringLiteral("Strumenti"));
-    if (!gruppo) return;
-    for (const Strumento& strumento : strumenti) {
-        const QString key = QLatin1String(strumento.key);
+    host::RibbonGroup* group = tab.InsertTabGroup(QStringLiteral("Strumenti"));
+    if (!group) return;
+    for (const Tool& tool : tools) {
+        const QString key = QLatin1String(tool.key);
         const qint32 id = IDService(key);
         if (id == 0) continue;
-        caricaImmagine(strumento.immagine, id);
-        gruppo->InsertGroupButton({id, key, strumento.caption, strumento.tooltip});
+        loadPicture(tool.picture, id);
+        group->InsertGroupButton({id, key, tool.caption, tool.tooltip});
     }
 }
 
 void clsConfig::RefreshGUI(bool enabled) {
-    abilita(idComandi.sintesi, enabled && conAzione(SINTESI));
-    abilita(idComandi.paradontale, enabled && conAzione(PARADONTALE));
-    for (const clsItemService& servizio : ListaServices()) {
-        if (!servizio.Patient || !servizio.Enabled || !conAzione(servizio.Key)) continue;
-        bool attivo = enabled;
-        if (enabled && !UnicaSchedaTrattamento() && servizio.Key == QLatin1String(PIANO_PAZIENTE)) {
-            attivo = agganci.pazienteConPiani && unlessUnread(agganci.pazienteConPiani);
+    enable(commandIds.summary, enabled && hasAction(SUMMARY));
+    enable(commandIds.periodontal, enabled && hasAction(PARADONTALE));
+    for (const clsItemService& service : ListaServices()) {
+        if (!service.Patient || !service.Enabled || !hasAction(service.Key)) continue;
+        bool active = enabled;
+        if (enabled && !UnicaSchedaTrattamento() && service.Key == QLatin1String(PATIENT_PLAN)) {
+            active = hooks.patientHasPlans && unlessUnread(hooks.patientHasPlans);
         }
-        abilita(servizio.ID, attivo);
+        enable(service.ID, active);
     }
 }
 
 void clsConfig::RefreshGUITrattamento() {
-    if (UnicaSchedaTrattamento() || !UsableService(QLatin1String(PIANO_PAZIENTE))) return;
-    const bool aperti = PazienteAperto() && agganci.contaTrattamentiAperti &&
-                        unlessUnread([] { return agganci.contaTrattamentiAperti() > 0; });
-    abilita(IDService(QLatin1String(PIANO_PAZIENTE)), aperti);
+    if (UnicaSchedaTrattamento() || !UsableService(QLatin1String(PATIENT_PLAN))) return;
+    const bool open =
+        currentPatient() && hooks.countOpenTreatments && unlessUnread([] { return hooks.countOpenTreatments() > 0; });
+    enable(IDService(QLatin1String(PATIENT_PLAN)), open);
 }

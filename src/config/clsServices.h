@@ -17,9 +17,9 @@ class XmlNode;
 class clsServices {
 public:
     /// Reads `services/service` under the root of the configuration; every command takes a fresh id from the host.
-    clsServices(const platform::XmlNode& radice, host::Framework& framework);
+    clsServices(const platform::XmlNode& root, host::Framework& framework);
 
-    const platform::Collection<clsItemService>& Lista() const { return lista_; }
+    const platform::Collection<clsItemService>& Lista() const { return list_; }
     qint32 IDService(const QString& key) const;
     QString KeyService(qint32 id) const;
     QString EndpointService(qint32 id) const;
@@ -29,7 +29,7 @@ public:
     bool PatientService(qint32 id) const;
 
 private:
-    clsItemService trova(qint32 id) const;
+    clsItemService find(qint32 id) const;
 
-    platform::Collection<clsItemService> lista_;
+    platform::Collection<clsItemService> list_;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/clsListaReports.h"
+#include "config/ReportList.h"
 
 #include <QDialog>
 #include <array>
@@ -30,43 +30,43 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    // What it is made of (frmConfigCampi.cpp).
-    void costruisci();
-    void aggiungiCornice(const QString& voce, QWidget* cornice);
+    // What it is made of (frmConfigFields.cpp).
+    void build();
+    void addFrame(const QString& entry, QWidget* topicFrame);
     QWidget* pbIntestazione();
     QWidget* pbTrattamenti();
     QWidget* pbFatturazione();
     QWidget* pbStrumenti();
     QWidget* pbOpzioni();
 
-    void collega();
-    void leggi();
-    void leggiIntestazione();
-    void applica();
-    bool importiLeggibili(); ///< False after the user was told which amount is none.
-    void scrivi();
-    void cambiato();
-    void mostraCarattere();
-    void azzeraLock();
+    void wire();
+    void read();
+    void readHeading();
+    void apply();
+    bool amountsAreReadable(); ///< False after the user was told which amount is none.
+    void write();
+    void changed();
+    void showFont();
+    void clearLocks();
 
     // By their place in Text1; the details, which have more lines, are a box of their own.
-    enum Testo { DESCRIZIONE, BOLLO, BOLLO_PLAFON, TESTI };
-    enum Opzione { RICETTE_BIANCHE, APPUNTI_MODALI, RIGO_VUOTO, UTILIZZO_MMG, OPZIONI };
-    enum Trattamento { PEGGIOR_STATUS, UNICA_SCHEDA, TRATTAMENTI };
-    enum Strumento { IMPOSTA_REPORT, AZZERA_LOCK, STRUMENTI };
+    enum Text { DESCRIPTION, STAMP_DUTY, STAMP_DUTY_FROM, TEXTS };
+    enum Option { WHITE_FORMS, MODAL_NOTES, EMPTY_ROW, GP_USE, OPTIONS };
+    enum Treatment { WORST_STATUS, SINGLE_SHEET, TREATMENTS };
+    enum Tool { ASSIGN_REPORTS, CLEAR_LOCKS, TOOLS };
 
     QTreeWidget* treeView1_ = nullptr;
-    QStackedWidget* cornici_ = nullptr;
-    std::array<QLineEdit*, TESTI> text1_{};
-    QPlainTextEdit* dettagli_ = nullptr;
+    QStackedWidget* frames_ = nullptr;
+    std::array<QLineEdit*, TEXTS> text1_{};
+    QPlainTextEdit* details_ = nullptr;
     QComboBox* cbIVA_ = nullptr;
     QComboBox* cbFont_ = nullptr;
     QLabel* laEsempio_ = nullptr;
     QLabel* laFontAssente_ = nullptr;
-    std::array<QCheckBox*, TRATTAMENTI> cbTrattamenti_{};
-    std::array<QCheckBox*, OPZIONI> cbOpzioni_{};
-    std::array<QPushButton*, STRUMENTI> cbStrumenti_{};
+    std::array<QCheckBox*, TREATMENTS> cbTrattamenti_{};
+    std::array<QCheckBox*, OPTIONS> cbOpzioni_{};
+    std::array<QPushButton*, TOOLS> cbStrumenti_{};
     QPushButton* cbConferma_ = nullptr;
     QPushButton* cbAnnulla_ = nullptr;
-    clsListaReports reports_;
+    ReportList reports_;
 };

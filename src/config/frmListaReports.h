@@ -3,7 +3,7 @@
 #include <QDialog>
 
 class QPushButton;
-class clsListaReports;
+class ReportList;
 namespace platform {
 class ReportGrid;
 class ReportRecord;
@@ -15,12 +15,12 @@ class frmListaReports : public QDialog {
     Q_OBJECT
 
 public:
-    explicit frmListaReports(const clsListaReports& reports, QWidget* parent = nullptr);
+    explicit frmListaReports(const ReportList& reports, QWidget* parent = nullptr);
 
 private:
-    void costruisciLista(const clsListaReports& reports);
-    void mostraMenu(platform::ReportRecord* record);
-    void mostraUtilizzo();
+    void buildList(const ReportList& reports);
+    void showMenu(platform::ReportRecord* record);
+    void showUse();
 
     platform::ReportGrid* rcLista_ = nullptr;
     QPushButton* cbChiudi_ = nullptr;

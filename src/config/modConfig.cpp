@@ -5,8 +5,8 @@
 
 #include <QApplication>
 
-void ApriConfigurazione() {
+void openConfiguration() {
     if (!oHost || !oConfig) return;
-    frmConfig finestra(QApplication::activeWindow());
-    finestra.exec();
+    frmConfig window(QApplication::activeWindow());
+    window.exec();
 }

@@ -1,4 +1,4 @@
 #pragma once
 
 /// Opens the window of the settings, `frmConfig`, and waits until it is closed. Does nothing without a configuration.
-void ApriConfigurazione();
+void openConfiguration();

@@ -6,12 +6,12 @@
 
 #include <QComboBox>
 
-void CaricaComboIVA(QComboBox& combo, const QString& codice) {
+void CaricaComboIVA(QComboBox& combo, const QString& code) {
     combo.clear();
     combo.addItem(QString(), QString());
     if (colIva) {
-        for (const clsItemIva& iva : *colIva)
-            combo.addItem(iva.codice + QLatin1Char(' ') + iva.descrizione, iva.codice);
+        for (const clsItemIva& vat : *colIva)
+            combo.addItem(vat.codice + QLatin1Char(' ') + vat.descrizione, vat.codice);
     }
-    combo.setCurrentIndex(combo.findData(codice, Qt::UserRole, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    combo.setCurrentIndex(combo.findData(code, Qt::UserRole, Qt::MatchExactly | Qt::MatchCaseSensitive));
 }

@@ -1,6 +1,6 @@
 #include "config/modListaReports.h"
 
-#include "config/clsListaReports.h"
+#include "config/ReportList.h"
 #include "config/frmListaReports.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
@@ -8,26 +8,26 @@
 
 #include <QApplication>
 
-void ImpostaReport(clsListaReports& lista) {
+void assignReports(ReportList& list) {
     if (!oHost) return;
-    const QString titolo = QString::fromUtf16(TITOLO_CORVALA);
-    if (lista.InMemoria()) {
-        platform::dialogs().message(QStringLiteral("Lista in memoria"), platform::MB_INFORMATION, titolo);
+    const QString title = QString::fromUtf16(CORVALA_TITLE);
+    if (list.isLoaded()) {
+        platform::dialogs().message(QStringLiteral("Lista in memoria"), platform::MB_INFORMATION, title);
     }
     try {
-        lista.Carica(oHost->Archivio().Dati());
+        list.load(oHost->Archivio().Dati());
     } catch (const host::HostError& error) {
         platform::dialogs().message(
             QStringLiteral("Attenzione! Archivio dei modelli di stampa non letto!\r\nErrore: ") + error.text(),
-            platform::MB_WARNING, titolo);
+            platform::MB_WARNING, title);
         return;
     }
-    if (!lista.InMemoria()) {
+    if (!list.isLoaded()) {
         platform::dialogs().message(QStringLiteral("Non recuperata alcuna informazione utile!\r\n"
                                                    "Controllare che esista una cartella certificati 'Odontoiatria'"),
-                                    platform::MB_WARNING, titolo);
+                                    platform::MB_WARNING, title);
         return;
     }
-    frmListaReports finestra(lista, QApplication::activeWindow());
-    finestra.exec();
+    frmListaReports window(list, QApplication::activeWindow());
+    window.exec();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-class clsListaReports;
+class ReportList;
 
 /// The tool "Imposta Report": lets the user choose, in `frmListaReports`, which print report serves estimates and
-/// which invoices. `lista` is filled at first use; a later one tells that it shows the list in memory. Says so when
+/// which invoices. `list` is filled at first use; a later one tells that it shows the list in memory. Says so when
 /// there is no report at all.
-void ImpostaReport(clsListaReports& lista);
+void assignReports(ReportList& list);

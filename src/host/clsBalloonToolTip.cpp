@@ -1,39 +1,39 @@
 #include "host/clsBalloonToolTip.h"
 
-#include "host/Fumetto.h"
+#include "host/Balloon.h"
 
 clsBalloonToolTip::clsBalloonToolTip() {
-    fine_.setSingleShot(true);
-    QObject::connect(&fine_, &QTimer::timeout, &fine_, [this] { Rimuovi(); });
+    delayTimer_.setSingleShot(true);
+    QObject::connect(&delayTimer_, &QTimer::timeout, &delayTimer_, [this] { remove(); });
 }
 
 clsBalloonToolTip::~clsBalloonToolTip() {
-    Rimuovi();
+    remove();
 }
 
-bool clsBalloonToolTip::Crea() {
-    Rimuovi();
-    if (!controllo_ || (testo_.isEmpty() && titolo_.isEmpty())) return false;
-    fumetto_ = new Fumetto(titolo_, testo_, icona_, controllo_);
+bool clsBalloonToolTip::create() {
+    remove();
+    if (!control_ || (text_.isEmpty() && title_.isEmpty())) return false;
+    balloon_ = new Balloon(title_, text_, icon_, control_);
     return true;
 }
 
-bool clsBalloonToolTip::Mostra() {
-    const QWidget* controllo = controllo_.data();
-    if (!controllo || !controllo->isVisible()) return false;
-    if (!fumetto_ && !Crea()) return false;
-    fumetto_->punta(*controllo);
-    fumetto_->show();
-    if (ritardo_ > 0) fine_.start(ritardo_);
+bool clsBalloonToolTip::show() {
+    const QWidget* control = control_.data();
+    if (!control || !control->isVisible()) return false;
+    if (!balloon_ && !create()) return false;
+    balloon_->pointAt(*control);
+    balloon_->show();
+    if (delay_ > 0) delayTimer_.start(delay_);
     return true;
 }
 
-void clsBalloonToolTip::Rimuovi() {
-    fine_.stop();
-    delete fumetto_.data();
+void clsBalloonToolTip::remove() {
+    delayTimer_.stop();
+    delete balloon_.data();
 }
 
-bool clsBalloonToolTip::Visibile() const {
-    const QWidget* fumetto = fumetto_.data();
-    return fumetto && fumetto->isVisible();
+bool clsBalloonToolTip::isVisible() const {
+    const QWidget* balloon = balloon_.data();
+    return balloon && balloon->isVisible();
 }

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QTimer>
 
-class Fumetto;
+class Balloon;
 class QWidget;
 
 /// A balloon that points at a control: title, text and icon, gone by itself after the delay, at a click or when the
@@ -16,30 +16,30 @@ public:
     clsBalloonToolTip(const clsBalloonToolTip&) = delete;
     clsBalloonToolTip& operator=(const clsBalloonToolTip&) = delete;
 
-    const QString& Titolo() const { return titolo_; }
-    void setTitolo(const QString& titolo) { titolo_ = titolo; }
-    const QString& Testo() const { return testo_; }
-    void setTesto(const QString& testo) { testo_ = testo; }
-    int Icona() const { return icona_; }
-    void setIcona(int icona) { icona_ = icona; } ///< As in message boxes: 16, 48, 64; 0 none.
-    int Ritardo() const { return ritardo_; }
-    void setRitardo(int millisecondi) { ritardo_ = millisecondi; } ///< How long it stays; 0 until it is removed.
-    QWidget* Controllo() const { return controllo_; }
-    void setControllo(QWidget* controllo) { controllo_ = controllo; }
+    const QString& title() const { return title_; }
+    void setTitle(const QString& title) { title_ = title; }
+    const QString& text() const { return text_; }
+    void setText(const QString& text) { text_ = text; }
+    int icon() const { return icon_; }
+    void setIcon(int icon) { icon_ = icon; } ///< As in message boxes: 16, 48, 64; 0 none.
+    int delay() const { return delay_; }
+    void setDelay(int milliseconds) { delay_ = milliseconds; } ///< How long it stays; 0 until it is removed.
+    QWidget* control() const { return control_; }
+    void setControl(QWidget* control) { control_ = control; }
 
     /// Builds the balloon from the properties, in place of the one before. False without a control or a text.
-    bool Crea();
+    bool create();
     /// Shows it at the control, which must be on the screen; builds it when it is not there.
-    bool Mostra();
-    void Rimuovi();
-    bool Visibile() const;
+    bool show();
+    void remove();
+    bool isVisible() const;
 
 private:
-    QString titolo_;
-    QString testo_;
-    int icona_ = 0;
-    int ritardo_ = 8000;
-    QPointer<QWidget> controllo_;
-    QPointer<Fumetto> fumetto_;
-    QTimer fine_;
+    QString title_;
+    QString text_;
+    int icon_ = 0;
+    int delay_ = 8000;
+    QPointer<QWidget> control_;
+    QPointer<Balloon> balloon_;
+    QTimer delayTimer_;
 };

@@ -9,7 +9,7 @@
 namespace {
 
 // The entries with which the host opens the menu of every panel; the lists bring their own.
-constexpr int VOCI_HOST[] = {80, 77, 78, 79};
+constexpr int HOST_ENTRIES[] = {80, 77, 78, 79};
 
 } // namespace
 
@@ -18,34 +18,34 @@ QObject* clsViewBase::EditForm(const QString&) {
 }
 
 bool clsViewBase::Elimina(const QString& id) {
-    platform::dialogs().message(QStringLiteral("Cancello ") + id, 0, QString::fromUtf16(TITOLO_CORVALA));
+    platform::dialogs().message(QStringLiteral("Cancello ") + id, 0, QString::fromUtf16(CORVALA_TITLE));
     return false;
 }
 
 void clsViewBase::RefreshPannello() {
-    if (griglia_) refreshGrid(griglia_, QString());
+    if (grid_) refreshGrid(grid_, QString());
 }
 
 void clsViewBase::refreshGrid(QObject* grid, const QString& idToSelect) {
     auto* report = qobject_cast<platform::ReportGrid*>(grid);
     if (!report) return;
-    griglia_ = report;
-    if (report->columnCount() == 0) preparaGriglia(*report);
+    grid_ = report;
+    if (report->columnCount() == 0) prepareGrid(*report);
 
-    adattaColonne(*report);
+    adaptColumns(*report);
     reading_.read(*report, [&] {
-        if (PazienteAperto()) riempi(*report);
+        if (currentPatient()) fill(*report);
     });
 
-    platform::ReportRecord* scelto = nullptr;
-    for (int i = 0; i < report->recordCount() && !idToSelect.isEmpty() && !scelto; ++i) {
-        if (report->record(i)->tag == idToSelect) scelto = report->record(i);
+    platform::ReportRecord* chosen = nullptr;
+    for (int i = 0; i < report->recordCount() && !idToSelect.isEmpty() && !chosen; ++i) {
+        if (report->record(i)->tag == idToSelect) chosen = report->record(i);
     }
-    report->setFocusedRecord(scelto);
+    report->setFocusedRecord(chosen);
 }
 
-void clsViewBase::preparaGriglia(platform::ReportGrid& grid) {
-    costruisciColonne(grid);
+void clsViewBase::prepareGrid(platform::ReportGrid& grid) {
+    buildColumns(grid);
     grid.setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
     grid.setGroupBoxVisible(true);
     grid.setReadOnly(true);
@@ -55,21 +55,21 @@ void clsViewBase::preparaGriglia(platform::ReportGrid& grid) {
 }
 
 void clsViewBase::Popup(host::PopupBar& bar, QObject* grid) {
-    for (const int voce : VOCI_HOST)
-        bar.RemoveItem(voce);
-    if (auto* report = qobject_cast<platform::ReportGrid*>(grid)) aggiungiVoci(bar, *report);
+    for (const int entry : HOST_ENTRIES)
+        bar.RemoveItem(entry);
+    if (auto* report = qobject_cast<platform::ReportGrid*>(grid)) addEntries(bar, *report);
 }
 
 void clsViewBase::PopupExecute(int command, QObject* grid) {
     auto* report = qobject_cast<platform::ReportGrid*>(grid);
-    if (report && PazienteAperto()) esegui(command, *report);
+    if (report && currentPatient()) run(command, *report);
 }
 
-void clsViewBase::adattaColonne(platform::ReportGrid&) {}
-void clsViewBase::aggiungiVoci(host::PopupBar&, platform::ReportGrid&) {}
-void clsViewBase::esegui(int, platform::ReportGrid&) {}
+void clsViewBase::adaptColumns(platform::ReportGrid&) {}
+void clsViewBase::addEntries(host::PopupBar&, platform::ReportGrid&) {}
+void clsViewBase::run(int, platform::ReportGrid&) {}
 
-QString clsViewBase::tagSelezionato(const platform::ReportGrid& grid) {
+QString clsViewBase::selectedTag(const platform::ReportGrid& grid) {
     const platform::ReportRecord* record = grid.focusedRecord();
     return record ? record->tag : QString();
 }

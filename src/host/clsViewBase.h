@@ -12,18 +12,18 @@ class ReportGrid;
 }
 
 /// Commands of a panel's context menu, as the host hands them back.
-inline constexpr int COMANDO_NUOVO = 10077;
-inline constexpr int COMANDO_MODIFICA = 10078;
-inline constexpr int COMANDO_ELIMINA = 10079;
-inline constexpr int COMANDO_STAMPA = 10080;
+inline constexpr int COMMAND_NEW = 10077;
+inline constexpr int COMMAND_EDIT = 10078;
+inline constexpr int COMMAND_REMOVE = 10079;
+inline constexpr int COMMAND_PRINT = 10080;
 
 /// What all lists of the patient's panels share: set-up of the host's grid, the refill with the focus on one record,
 /// the host's own menu entries taken away. A list gives its columns, its rows and its commands. Owned by the module's
 /// assembly; the grids are the host's and may go away at any time.
 class clsViewBase : public host::View {
 public:
-    void setLikePannello(bool likePannello) override { likePannello_ = likePannello; }
-    bool LikePannello() const { return likePannello_; }
+    void setLikePannello(bool likePanel) override { likePanel_ = likePanel; }
+    bool LikePannello() const { return likePanel_; }
 
     /// Null here: a list whose editor exists returns it.
     QObject* EditForm(const QString& id) override;
@@ -38,24 +38,24 @@ public:
 
 protected:
     /// Adds the columns, on the first fill of a grid.
-    virtual void costruisciColonne(platform::ReportGrid& grid) = 0;
+    virtual void buildColumns(platform::ReportGrid& grid) = 0;
     /// Adds one record per item of the open patient, its tag the item's `ID`. The grid is empty and being updated. A
     /// HostError tells that they could not be read.
-    virtual void riempi(platform::ReportGrid& grid) = 0;
+    virtual void fill(platform::ReportGrid& grid) = 0;
     /// Shows and hides columns; on every fill.
-    virtual void adattaColonne(platform::ReportGrid& grid);
+    virtual void adaptColumns(platform::ReportGrid& grid);
     /// Adds the list's own commands to the menu, from which the host's are already gone.
-    virtual void aggiungiVoci(host::PopupBar& bar, platform::ReportGrid& grid);
+    virtual void addEntries(host::PopupBar& bar, platform::ReportGrid& grid);
     /// Performs a command; only called with a patient open.
-    virtual void esegui(int command, platform::ReportGrid& grid);
+    virtual void run(int command, platform::ReportGrid& grid);
 
     /// Tag of the focused record; empty when none.
-    static QString tagSelezionato(const platform::ReportGrid& grid);
+    static QString selectedTag(const platform::ReportGrid& grid);
 
 private:
-    void preparaGriglia(platform::ReportGrid& grid);
+    void prepareGrid(platform::ReportGrid& grid);
 
-    bool likePannello_ = false;
-    QPointer<QObject> griglia_;
+    bool likePanel_ = false;
+    QPointer<QObject> grid_;
     ListReading reading_{[this] { RefreshPannello(); }};
 };

@@ -22,7 +22,7 @@ QString sIDFattura;
 clsTrattamenti* oTrattamenti = nullptr;
 clsViewTrattamenti* oViewTrattamenti = nullptr;
 QString sIDTrattamento;
-QString sRigoTrattamento;
+QString sTreatmentRow;
 clsParadontale* oParadontale = nullptr;
 clsViewSondaggi* oViewSondaggi = nullptr;
 QString sIDParadontale;
@@ -31,14 +31,14 @@ clsViewPagamenti* oViewPagamenti = nullptr;
 QString sIDPagamento;
 clsServizi* oServizi = nullptr;
 
-IdComandi idComandi;
-Agganci agganci;
+CommandIds commandIds;
+Hooks hooks;
 
 host::Host& runningHost() {
     if (!oHost) throw host::HostError(QStringLiteral("il modulo non è più attivo"));
     return *oHost;
 }
 
-host::Paziente* PazienteAperto() {
+host::Paziente* currentPatient() {
     return oHost ? oHost->paziente() : nullptr;
 }

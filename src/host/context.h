@@ -52,7 +52,7 @@ extern QString sIDFattura;
 extern clsTrattamenti* oTrattamenti;
 extern clsViewTrattamenti* oViewTrattamenti;
 extern QString sIDTrattamento;
-extern QString sRigoTrattamento; ///< Number of the row with which that plan opens at once; empty for none.
+extern QString sTreatmentRow; ///< Number of the row with which that plan opens at once; empty for none.
 extern clsParadontale* oParadontale;
 extern clsViewSondaggi* oViewSondaggi;
 extern QString sIDParadontale;
@@ -63,32 +63,32 @@ extern clsServizi* oServizi;
 
 /// The command ids that the host gave to the entries beside the services: the group and buttons of its desk tab, and
 /// the main menu. Taken by `clsConfig::initGUI`; 0 before.
-struct IdComandi {
-    qint32 gruppo = 0;
-    qint32 sintesi = 0;
-    qint32 paradontale = 0;
+struct CommandIds {
+    qint32 group = 0;
+    qint32 summary = 0;
+    qint32 periodontal = 0;
     qint32 menu = 0;
-    qint32 menuPreventivi = 0;
-    qint32 menuFatturazione = 0;
-    qint32 menuImmagini = 0;
-    qint32 menuSintesi = 0;
-    qint32 menuParadontale = 0;
+    qint32 menuEstimates = 0;
+    qint32 menuInvoicing = 0;
+    qint32 menuImages = 0;
+    qint32 menuSummary = 0;
+    qint32 menuPeriodontal = 0;
 };
-extern IdComandi idComandi;
+extern CommandIds commandIds;
 
 /// What a lower room asks of a higher one. Filled by the module's assembly; empty before and after.
-struct Agganci {
-    std::function<bool()> pazienteConPiani;      ///< Whether the open patient has a treatment plan.
-    std::function<int()> contaTrattamentiAperti; ///< How many plans of the open patient have open work.
-    std::function<bool()> rimuoviTuttiLock;      ///< Removes the marks of all records in use; tells a failure itself.
-    std::function<bool(const QString& key)> comandoConAzione; ///< Whether a command does anything yet.
+struct Hooks {
+    std::function<bool()> patientHasPlans;    ///< Whether the open patient has a treatment plan.
+    std::function<int()> countOpenTreatments; ///< How many plans of the open patient have open work.
+    std::function<bool()> removeAllLocks;     ///< Removes the marks of all records in use; tells a failure itself.
+    std::function<bool(const QString& key)> commandHasAction; ///< Whether a command does anything yet.
 };
-extern Agganci agganci;
+extern Hooks hooks;
 
 /// The patient open in the desk; null when there is none, and after the end of the module.
-host::Paziente* PazienteAperto();
+host::Paziente* currentPatient();
 /// The host. Throws HostError after the end of the module, which its windows may outlive.
 host::Host& runningHost();
 
 /// Title of the message boxes of record windows, and prefix of the captions of child windows.
-inline constexpr char16_t TITOLO_CORVALA[] = u"Tessara 5000. CORVALA";
+inline constexpr char16_t CORVALA_TITLE[] = u"Tessara 5000. CORVALA";

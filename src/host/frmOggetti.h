@@ -12,24 +12,24 @@ class frmOggetti : public QWidget {
     Q_OBJECT
 
 public:
-    struct Servizi {
-        std::function<std::optional<int>()> minutiRefresh; ///< Nothing while there is no configuration.
-        std::function<void()> refreshDatiPaziente;
+    struct Services {
+        std::function<std::optional<int>()> refreshMinutes; ///< Nothing while there is no configuration.
+        std::function<void()> refreshPatient;
     };
 
-    explicit frmOggetti(Servizi servizi);
+    explicit frmOggetti(Services services);
 
     /// Rereads everything shown for the current patient.
     void RefreshDatiPaziente();
 
-    void setTimerAttivo(bool attivo);
+    void setTimerActive(bool active);
 
     /// One minute of the refresh timer; does nothing while it is off.
     Q_INVOKABLE void Timer1_Timer();
 
 private:
-    void minuto();
+    void minute();
 
-    Servizi servizi_;
+    Services services_;
     QTimer* timer_;
 };

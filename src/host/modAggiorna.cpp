@@ -8,46 +8,45 @@
 namespace {
 
 // Windows belong to higher rooms and are reached by the name of their invokable members only.
-void chiama(const char* form, const char* membro) {
-    if (QObject* finestra = platform::FormRegistry::find(QLatin1String(form)))
-        QMetaObject::invokeMethod(finestra, membro);
+void call(const char* form, const char* member) {
+    if (QObject* window = platform::FormRegistry::find(QLatin1String(form))) QMetaObject::invokeMethod(window, member);
 }
 
-void chiama(const char* form, const char* membro, const QString& id) {
-    if (QObject* finestra = platform::FormRegistry::find(QLatin1String(form))) {
-        QMetaObject::invokeMethod(finestra, membro, Q_ARG(QString, id));
+void call(const char* form, const char* member, const QString& id) {
+    if (QObject* window = platform::FormRegistry::find(QLatin1String(form))) {
+        QMetaObject::invokeMethod(window, member, Q_ARG(QString, id));
     }
 }
 
 } // namespace
 
 void RefreshPreventivi(const QString& id) {
-    chiama("frmMDIPreventivi", "RefreshPreventivi", id);
+    call("frmMDIPreventivi", "RefreshPreventivi", id);
 }
 void RefreshFatture(const QString& id) {
-    chiama("frmMDIFatture", "RefreshFatture", id);
+    call("frmMDIFatture", "RefreshFatture", id);
 }
 void RefreshPagamenti(const QString& id) {
-    chiama("frmMDIPagamenti", "RefreshPagamenti", id);
+    call("frmMDIPagamenti", "RefreshPagamenti", id);
 }
 void RefreshTrattamenti(const QString& id) {
-    chiama("frmMDITrattamenti", "RefreshTrattamenti", id);
+    call("frmMDITrattamenti", "RefreshTrattamenti", id);
 }
 void RefreshGraficaPreventivi() {
-    chiama("frmMDIPreventivi", "RefreshGraficaPreventivi");
+    call("frmMDIPreventivi", "RefreshGraficaPreventivi");
 }
 void RefreshGraficaFatture() {
-    chiama("frmMDIFatture", "RefreshGraficaFatture");
+    call("frmMDIFatture", "RefreshGraficaFatture");
 }
 void RefreshGraficaPagamenti() {
-    chiama("frmMDIPagamenti", "RefreshGraficaPagamenti");
+    call("frmMDIPagamenti", "RefreshGraficaPagamenti");
 }
 void RefreshGraficaTrattamenti() {
-    chiama("frmMDITrattamenti", "RefreshGraficaTrattamenti");
+    call("frmMDITrattamenti", "RefreshGraficaTrattamenti");
 }
 void RefreshSintesi() {
-    chiama("frmMDISintesi", "plbRefresh");
+    call("frmMDISintesi", "plbRefresh");
 }
 void RefreshImmagini() {
-    chiama("frmMDIImmagini", "plbRefresh");
+    call("frmMDIImmagini", "plbRefresh");
 }

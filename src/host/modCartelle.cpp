@@ -3,12 +3,12 @@
 #include "platform/Files.h"
 #include "platform/SpecialFolders.h"
 
-QString CartellaUtente() {
-    QString cartella = platform::cartellaSpeciale(platform::CSIDL_APPDATA);
-    if (cartella.isEmpty() || !platform::files::isFolder(cartella)) return {};
-    for (const char* livello : {"Lumetra", "Tessara 5000 V6", "Corvala"}) {
-        cartella += QLatin1Char('/') + QLatin1String(livello);
-        if (!platform::files::createFolder(cartella)) return {};
+QString userFolder() {
+    QString folder = platform::specialFolder(platform::CSIDL_APPDATA);
+    if (folder.isEmpty() || !platform::files::isFolder(folder)) return {};
+    for (const char* level : {"Lumetra", "Tessara 5000 V6", "Corvala"}) {
+        folder += QLatin1Char('/') + QLatin1String(level);
+        if (!platform::files::createFolder(folder)) return {};
     }
-    return platform::files::resolve(cartella);
+    return platform::files::resolve(folder);
 }

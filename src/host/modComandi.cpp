@@ -12,61 +12,61 @@
 namespace {
 
 /// An entry of the desk's tab or of the main menu, with the command behind it.
-struct VoceFissa {
-    qint32 IdComandi::*id;
+struct FixedEntry {
+    qint32 CommandIds::*id;
     const char* key;
-    bool conPaziente;
+    bool needsPatient;
 };
 
 // The entry of the images tests for a patient, the ribbon's "CRVL0501" does not: the difference is meant.
-constexpr VoceFissa VOCI_FISSE[] = {
-    {&IdComandi::sintesi, "CRVL0701", true},         {&IdComandi::menuSintesi, "CRVL0701", true},
-    {&IdComandi::paradontale, "CRVL0702", true},     {&IdComandi::menuParadontale, "CRVL0702", true},
-    {&IdComandi::menuPreventivi, "CRVL0101", false}, {&IdComandi::menuFatturazione, "CRVL0201", false},
-    {&IdComandi::menuImmagini, "CRVL0501", true},
+constexpr FixedEntry FIXED_ENTRIES[] = {
+    {&CommandIds::summary, "CRVL0701", true},        {&CommandIds::menuSummary, "CRVL0701", true},
+    {&CommandIds::periodontal, "CRVL0702", true},    {&CommandIds::menuPeriodontal, "CRVL0702", true},
+    {&CommandIds::menuEstimates, "CRVL0101", false}, {&CommandIds::menuInvoicing, "CRVL0201", false},
+    {&CommandIds::menuImages, "CRVL0501", true},
 };
 
 } // namespace
 
-void Comandi::EseguiComando(qint32 id) const {
+void Commands::EseguiComando(qint32 id) const {
     if (id == 0) return;
-    const QString key = chiaveServizio_ ? chiaveServizio_(id) : QString();
-    if (key.isEmpty() && eseguiFisso(id)) return;
-    esegui(key);
+    const QString key = serviceKey_ ? serviceKey_(id) : QString();
+    if (key.isEmpty() && runFixed(id)) return;
+    run(key);
 }
 
-bool Comandi::eseguiFisso(qint32 id) const {
-    for (const VoceFissa& voce : VOCI_FISSE) {
-        if (idComandi.*voce.id != id) continue;
-        if (voce.conPaziente && !PazienteAperto()) {
+bool Commands::runFixed(qint32 id) const {
+    for (const FixedEntry& entry : FIXED_ENTRIES) {
+        if (commandIds.*entry.id != id) continue;
+        if (entry.needsPatient && !currentPatient()) {
             platform::dialogs().message(QStringLiteral("Selezionare prima un paziente"), platform::MB_INFORMATION,
                                         QStringLiteral("Tessara 5000"));
             return true;
         }
-        esegui(QLatin1String(voce.key));
+        run(QLatin1String(entry.key));
         return true;
     }
     return false;
 }
 
-void Comandi::esegui(const QString& key) const {
-    const auto azione = azioni_.constFind(key);
-    if (azione != azioni_.cend()) (*azione)();
+void Commands::run(const QString& key) const {
+    const auto action = actions_.constFind(key);
+    if (action != actions_.cend()) (*action)();
 }
 
-void ApriFinestra(const QString& testo, const std::function<QWidget*()>& crea) {
+void openWindow(const QString& text, const std::function<QWidget*()>& create) {
     if (!oHost) return;
     host::Framework& framework = oHost->Framework();
-    const QString caption = QString::fromUtf16(TITOLO_CORVALA) + testo;
+    const QString caption = QString::fromUtf16(CORVALA_TITLE) + text;
     if (framework.OpenChild(QStringLiteral("frmMDI"), caption)) return;
 
-    std::unique_ptr<QWidget> nuova(crea());
-    if (!nuova) return;
-    const QString nome = nuova->objectName();
-    nuova->setWindowIcon(IconaModulo()); // before the host adopts it: a tab of its own may copy the icon then
-    auto* form = qobject_cast<QWidget*>(framework.CreateChildForm(nuova.get()));
-    nuova.release(); // the host's from here on
+    std::unique_ptr<QWidget> window(create());
+    if (!window) return;
+    const QString name = window->objectName();
+    window->setWindowIcon(moduleIcon()); // before the host adopts it: a tab of its own may copy the icon then
+    auto* form = qobject_cast<QWidget*>(framework.CreateChildForm(window.get()));
+    window.release(); // the host's from here on
     if (!form) return;
     form->setWindowTitle(caption);
-    if (auto* trovata = qobject_cast<QWidget*>(platform::FormRegistry::find(nome))) trovata->show();
+    if (auto* found = qobject_cast<QWidget*>(platform::FormRegistry::find(name))) found->show();
 }

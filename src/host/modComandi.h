@@ -8,30 +8,30 @@ class QWidget;
 
 /// The commands of the module by their keys ("CRVL0302"). Each room adds its own; what has no entry has no window yet
 /// and is grey./// Owned by the module's assembly.
-class Comandi {
+class Commands {
 public:
-    using Azione = std::function<void()>;
-    using Chiave = std::function<QString(qint32)>;
+    using Action = std::function<void()>;
+    using KeyOf = std::function<QString(qint32)>;
 
-    /// `chiaveServizio` gives the key of a service by its command id, empty for an id that is none.
-    explicit Comandi(Chiave chiaveServizio)
-        : chiaveServizio_(std::move(chiaveServizio)) {}
+    /// `serviceKey` gives the key of a service by its command id, empty for an id that is none.
+    explicit Commands(KeyOf serviceKey)
+        : serviceKey_(std::move(serviceKey)) {}
 
-    void add(const QString& key, Azione azione) { azioni_.insert(key, std::move(azione)); }
-    bool contains(const QString& key) const { return azioni_.contains(key); }
+    void add(const QString& key, Action action) { actions_.insert(key, std::move(action)); }
+    bool contains(const QString& key) const { return actions_.contains(key); }
 
     /// Runs the command that the host gave this id; nothing happens for an id that is not known. Passes on what the
     /// action throws.
     void EseguiComando(qint32 id) const;
 
 private:
-    bool eseguiFisso(qint32 id) const;
-    void esegui(const QString& key) const;
+    bool runFixed(qint32 id) const;
+    void run(const QString& key) const;
 
-    QHash<QString, Azione> azioni_;
-    Chiave chiaveServizio_;
+    QHash<QString, Action> actions_;
+    KeyOf serviceKey_;
 };
 
-/// Opens a child window that `crea` makes and the host adopts, or brings forward the one that is open under its
-/// caption: the module's name and `testo`, such as ": Elenco TRATTAMENTI".
-void ApriFinestra(const QString& testo, const std::function<QWidget*()>& crea);
+/// Opens a child window that `create` makes and the host adopts, or brings forward the one that is open under its
+/// caption: the module's name and `text`, such as ": Elenco TRATTAMENTI".
+void openWindow(const QString& text, const std::function<QWidget*()>& create);

@@ -25,78 +25,78 @@
 namespace {
 
 // States of a window as the geometry files hold them.
-enum StatoFinestra { NORMALE = 0, RIDOTTA = 1, INGRANDITA = 2 };
+enum WindowState { NORMAL = 0, MINIMIZED = 1, MAXIMIZED = 2 };
 
-constexpr int LATO_MINIMO = 80;
-constexpr int VISIBILE_MINIMO = 48; // of the frame, so that there is something to take the window by
+constexpr int LEAST_SIDE = 80;
+constexpr int LEAST_VISIBLE = 48; // of the frame, so that there is something to take the window by
 
-QString fileGeometria(const QWidget* form) {
-    const QString cartella = CartellaUtente();
-    if (cartella.isEmpty() || form->objectName().isEmpty()) return {};
-    return cartella + QLatin1Char('/') + form->objectName() + QStringLiteral(".geometry");
+QString geometryFile(const QWidget* form) {
+    const QString folder = userFolder();
+    if (folder.isEmpty() || form->objectName().isEmpty()) return {};
+    return folder + QLatin1Char('/') + form->objectName() + QStringLiteral(".geometry");
 }
 
-std::optional<int> intero(const QHash<QString, QString>& valori, const QString& chiave) {
-    const auto numero = platform::regional().toNumber(valori.value(chiave));
-    if (!numero || std::abs(*numero) > std::numeric_limits<qint16>::max()) return {};
-    return static_cast<int>(std::lround(*numero));
+std::optional<int> wholeNumber(const QHash<QString, QString>& values, const QString& key) {
+    const auto number = platform::regional().toNumber(values.value(key));
+    if (!number || std::abs(*number) > std::numeric_limits<qint16>::max()) return {};
+    return static_cast<int>(std::lround(*number));
 }
 
-QHash<QString, QString> leggiValori(const QString& path) {
-    QHash<QString, QString> valori;
-    const QString testo = QString::fromUtf8(platform::files::read(path).value_or(QByteArray()));
-    for (const QString& riga : testo.split(QLatin1Char('\n'))) {
-        const QStringList parti = riga.trimmed().split(QLatin1Char('='));
-        if (parti.size() == 2) valori.insert(parti[0], parti[1]);
+QHash<QString, QString> readValues(const QString& path) {
+    QHash<QString, QString> values;
+    const QString text = QString::fromUtf8(platform::files::read(path).value_or(QByteArray()));
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        const QStringList parts = line.trimmed().split(QLatin1Char('='));
+        if (parts.size() == 2) values.insert(parts[0], parts[1]);
     }
-    return valori;
+    return values;
 }
 
 // The rectangle moved, and shrunk if it must, so that it lies on the screen that shows most of it; never smaller than
 // the window needs, whatever the screen.
-QRect suSchermo(QRect rettangolo, const QSize& minimo) {
-    const QScreen* migliore = QGuiApplication::primaryScreen();
-    if (!migliore) return rettangolo;
+QRect onScreen(QRect rectangle, const QSize& minimum) {
+    const QScreen* best = QGuiApplication::primaryScreen();
+    if (!best) return rectangle;
     int area = 0;
-    for (const QScreen* schermo : QGuiApplication::screens()) {
-        const QRect comune = schermo->availableGeometry().intersected(rettangolo);
-        if (comune.width() * comune.height() <= area) continue;
-        area = comune.width() * comune.height();
-        migliore = schermo;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect common = screen->availableGeometry().intersected(rectangle);
+        if (common.width() * common.height() <= area) continue;
+        area = common.width() * common.height();
+        best = screen;
     }
-    const QRect libero = migliore->availableGeometry();
-    rettangolo.setSize(rettangolo.size().boundedTo(libero.size().expandedTo(minimo)));
-    const QRect comune = libero.intersected(rettangolo);
-    if (comune.width() >= VISIBILE_MINIMO && comune.height() >= VISIBILE_MINIMO && rettangolo.top() >= libero.top()) {
-        return rettangolo;
+    const QRect available = best->availableGeometry();
+    rectangle.setSize(rectangle.size().boundedTo(available.size().expandedTo(minimum)));
+    const QRect common = available.intersected(rectangle);
+    if (common.width() >= LEAST_VISIBLE && common.height() >= LEAST_VISIBLE && rectangle.top() >= available.top()) {
+        return rectangle;
     }
     // A window larger than the screen keeps its upper left corner on it, where its title is.
-    const int ultimaColonna = qMax(libero.left(), libero.right() + 1 - rettangolo.width());
-    const int ultimaRiga = qMax(libero.top(), libero.bottom() + 1 - rettangolo.height());
-    rettangolo.moveLeft(qBound(libero.left(), rettangolo.left(), ultimaColonna));
-    rettangolo.moveTop(qBound(libero.top(), rettangolo.top(), ultimaRiga));
-    return rettangolo;
+    const int lastColumn = qMax(available.left(), available.right() + 1 - rectangle.width());
+    const int lastRow = qMax(available.top(), available.bottom() + 1 - rectangle.height());
+    rectangle.moveLeft(qBound(available.left(), rectangle.left(), lastColumn));
+    rectangle.moveTop(qBound(available.top(), rectangle.top(), lastRow));
+    return rectangle;
 }
 
-bool chiudeDaTastiera(QEvent* event) {
+bool closesByKey(QEvent* event) {
     return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel);
 }
 
 // Refuses to close a window by its frame, by the keys of the window system or by Escape; closing by the window's own
 // code passes.
-class FermaChiusura : public QObject {
+class CloseBlocker : public QObject {
 public:
     using QObject::QObject;
     bool eventFilter(QObject* watched, QEvent* event) override {
-        const bool daFuori = event->type() == QEvent::Close && event->spontaneous();
-        if (!daFuori && !chiudeDaTastiera(event)) return QObject::eventFilter(watched, event);
+        const bool fromOutside = event->type() == QEvent::Close && event->spontaneous();
+        if (!fromOutside && !closesByKey(event)) return QObject::eventFilter(watched, event);
         event->ignore();
         return true;
     }
 };
 
 // Keeps the geometry when its window leaves the screen by whatever way, but not when only the window system hides it.
-class CustodeGeometria : public QObject {
+class GeometryKeeper : public QObject {
 public:
     using QObject::QObject;
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -106,41 +106,40 @@ public:
     }
 };
 
-int statoDi(const QWidget* form) {
-    if (form->isMinimized()) return RIDOTTA;
-    return form->isMaximized() ? INGRANDITA : NORMALE;
+int stateOf(const QWidget* form) {
+    if (form->isMinimized()) return MINIMIZED;
+    return form->isMaximized() ? MAXIMIZED : NORMAL;
 }
 
 } // namespace
 
-QString TitoloForm(const QString& testo) {
-    return testo + QStringLiteral(". ") + QString::fromUtf16(TITOLO_CORVALA);
+QString TitoloForm(const QString& text) {
+    return text + QStringLiteral(". ") + QString::fromUtf16(CORVALA_TITLE);
 }
 
 void InizializzaForm(QWidget* form) {
     platform::FormRegistry::add(form);
     if (oHost) oHost->Framework().InitForm(form);
-    for (QLabel* etichetta : form->findChildren<QLabel*>()) {
-        if (etichetta->objectName() != QLatin1String("laMyGroup") &&
-            etichetta->objectName() != QLatin1String("laTitoloArea")) {
+    for (QLabel* label : form->findChildren<QLabel*>()) {
+        if (label->objectName() != QLatin1String("laMyGroup") && label->objectName() != QLatin1String("laTitoloArea")) {
             continue;
         }
-        QPalette tavolozza = etichetta->palette();
-        tavolozza.setColor(etichetta->backgroundRole(), form->palette().color(form->backgroundRole()));
-        etichetta->setPalette(tavolozza);
-        etichetta->setAutoFillBackground(true);
+        QPalette palette = label->palette();
+        palette.setColor(label->backgroundRole(), form->palette().color(form->backgroundRole()));
+        label->setPalette(palette);
+        label->setAutoFillBackground(true);
     }
 }
 
 void DisabilitaChiudi(QWidget* form, bool flag) {
-    const bool visibile = form->isVisible();
+    const bool isVisible = form->isVisible();
     form->setWindowFlag(Qt::WindowCloseButtonHint, !flag);
-    if (visibile) form->show(); // a change of flags hides the window
+    if (isVisible) form->show(); // a change of flags hides the window
     delete form->findChild<QObject*>(QStringLiteral("fermaChiusura"), Qt::FindDirectChildrenOnly);
     if (!flag) return;
-    auto* guardia = new FermaChiusura(form);
-    guardia->setObjectName(QStringLiteral("fermaChiusura"));
-    form->installEventFilter(guardia);
+    auto* guard = new CloseBlocker(form);
+    guard->setObjectName(QStringLiteral("fermaChiusura"));
+    form->installEventFilter(guard);
 }
 
 void resizeToScreen(QWidget* form, const QSize& size) {
@@ -149,75 +148,74 @@ void resizeToScreen(QWidget* form, const QSize& size) {
 }
 
 void SalvaGeometria(const QWidget* form) {
-    const QString path = fileGeometria(form);
+    const QString path = geometryFile(form);
     if (path.isEmpty()) return;
-    const int stato = statoDi(form);
-    const QRect normale = stato == NORMALE ? QRect(form->pos(), form->size()) : form->normalGeometry();
+    const int state = stateOf(form);
+    const QRect normal = state == NORMAL ? QRect(form->pos(), form->size()) : form->normalGeometry();
     // "WindowsState" is not the name of the property; files of earlier versions hold it so, and it stays.
-    const QString testo = QStringLiteral("WindowsState=%1\r\nWidth=%2\r\nHeight=%3\r\nLeft=%4\r\nTop=%5\r\n")
-                              .arg(stato)
-                              .arg(normale.width())
-                              .arg(normale.height())
-                              .arg(normale.left())
-                              .arg(normale.top());
-    platform::files::writeAtomically(path, testo.toUtf8());
+    const QString text = QStringLiteral("WindowsState=%1\r\nWidth=%2\r\nHeight=%3\r\nLeft=%4\r\nTop=%5\r\n")
+                             .arg(state)
+                             .arg(normal.width())
+                             .arg(normal.height())
+                             .arg(normal.left())
+                             .arg(normal.top());
+    platform::files::writeAtomically(path, text.toUtf8());
 }
 
 void CaricaGeometria(QWidget* form) {
-    const QString path = fileGeometria(form);
+    const QString path = geometryFile(form);
     if (path.isEmpty() || !platform::files::exists(path)) return;
-    const QHash<QString, QString> valori = leggiValori(path);
+    const QHash<QString, QString> values = readValues(path);
 
-    int stato = intero(valori, QStringLiteral("WindowsState")).value_or(statoDi(form));
+    int state = wholeNumber(values, QStringLiteral("WindowsState")).value_or(stateOf(form));
     // A window without a button for it must not come up as an icon: nobody would find it, and a modal one bars all
     // others.
-    if (stato == RIDOTTA && !(form->windowFlags() & Qt::WindowMinimizeButtonHint)) stato = NORMALE;
-    if (stato != statoDi(form)) {
-        if (stato == INGRANDITA) form->setWindowState(Qt::WindowMaximized);
-        if (stato == RIDOTTA) form->setWindowState(Qt::WindowMinimized);
-        if (stato == NORMALE) form->setWindowState(Qt::WindowNoState);
+    if (state == MINIMIZED && !(form->windowFlags() & Qt::WindowMinimizeButtonHint)) state = NORMAL;
+    if (state != stateOf(form)) {
+        if (state == MAXIMIZED) form->setWindowState(Qt::WindowMaximized);
+        if (state == MINIMIZED) form->setWindowState(Qt::WindowMinimized);
+        if (state == NORMAL) form->setWindowState(Qt::WindowNoState);
     }
-    if (statoDi(form) != NORMALE) return;
+    if (stateOf(form) != NORMAL) return;
 
-    const auto larghezza = intero(valori, QStringLiteral("Width"));
-    const auto altezza = intero(valori, QStringLiteral("Height"));
-    QRect rettangolo(form->pos(), form->size());
-    if (larghezza && *larghezza >= LATO_MINIMO) rettangolo.setWidth(*larghezza);
-    if (altezza && *altezza >= LATO_MINIMO) rettangolo.setHeight(*altezza);
-    rettangolo.moveLeft(intero(valori, QStringLiteral("Left")).value_or(rettangolo.left()));
-    rettangolo.moveTop(intero(valori, QStringLiteral("Top")).value_or(rettangolo.top()));
+    const auto width = wholeNumber(values, QStringLiteral("Width"));
+    const auto height = wholeNumber(values, QStringLiteral("Height"));
+    QRect rectangle(form->pos(), form->size());
+    if (width && *width >= LEAST_SIDE) rectangle.setWidth(*width);
+    if (height && *height >= LEAST_SIDE) rectangle.setHeight(*height);
+    rectangle.moveLeft(wholeNumber(values, QStringLiteral("Left")).value_or(rectangle.left()));
+    rectangle.moveTop(wholeNumber(values, QStringLiteral("Top")).value_or(rectangle.top()));
 
     // A child of the host's main window has its place there, not on a screen.
-    if (form->isWindow()) rettangolo = suSchermo(rettangolo, form->size());
-    form->resize(rettangolo.size());
-    form->move(rettangolo.topLeft());
+    if (form->isWindow()) rectangle = onScreen(rectangle, form->size());
+    form->resize(rectangle.size());
+    form->move(rectangle.topLeft());
 }
 
-void ConservaGeometria(QWidget* form) {
+void keepGeometry(QWidget* form) {
     CaricaGeometria(form);
-    form->installEventFilter(new CustodeGeometria(form));
+    form->installEventFilter(new GeometryKeeper(form));
 }
 
-void MessaggioTask(const QString& testo, int icona, const QString& titolo, OpzioniTask* opzioni) {
-    DomandaTask(testo, icona, titolo, {QStringLiteral("Chiudi")}, opzioni);
+void MessaggioTask(const QString& text, int icon, const QString& title, TaskOptions* options) {
+    askTask(text, icon, title, {QStringLiteral("Chiudi")}, options);
 }
 
-QString DomandaTask(const QString& testo, int icona, const QString& titolo, const QStringList& bottoni,
-                    OpzioniTask* opzioni) {
-    platform::TaskRequest richiesta;
-    richiesta.windowTitle = QString::fromUtf16(TITOLO_CORVALA);
-    richiesta.title = QStringLiteral("<TextBlock><Underline>") + titolo + QStringLiteral("</Underline></TextBlock>");
-    richiesta.text = testo;
-    richiesta.icon = icona;
-    richiesta.buttons = bottoni;
-    if (opzioni) {
-        richiesta.footer = opzioni->piede;
-        richiesta.url = opzioni->url;
-        richiesta.checkCaption = opzioni->casella;
-        richiesta.checked = opzioni->spuntata;
-        richiesta.seconds = opzioni->secondi;
+QString askTask(const QString& text, int icon, const QString& title, const QStringList& buttons, TaskOptions* options) {
+    platform::TaskRequest request;
+    request.windowTitle = QString::fromUtf16(CORVALA_TITLE);
+    request.title = QStringLiteral("<TextBlock><Underline>") + title + QStringLiteral("</Underline></TextBlock>");
+    request.text = text;
+    request.icon = icon;
+    request.buttons = buttons;
+    if (options) {
+        request.footer = options->footer;
+        request.url = options->url;
+        request.checkCaption = options->checkCaption;
+        request.checked = options->checked;
+        request.seconds = options->seconds;
     }
-    const platform::TaskAnswer risposta = platform::dialogs().task(richiesta);
-    if (opzioni) opzioni->spuntata = risposta.checked;
-    return risposta.button;
+    const platform::TaskAnswer answer = platform::dialogs().task(request);
+    if (options) options->checked = answer.checked;
+    return answer.button;
 }

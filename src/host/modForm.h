@@ -10,7 +10,7 @@ class QWidget;
 // task dialog.
 
 /// The title rule of all windows: the text, ". " and the name of the module.
-QString TitoloForm(const QString& testo);
+QString TitoloForm(const QString& text);
 
 /// Puts a new window among the open forms and applies the host's appearance to it. Every window calls it at the end of
 /// its constructor, when its controls exist and its `objectName` is set. Passes on a HostError.
@@ -32,21 +32,21 @@ void CaricaGeometria(QWidget* form);
 
 /// Takes the kept geometry now and keeps the new one whenever the window leaves the screen. Editors and lists call it
 /// after InizializzaForm.
-void ConservaGeometria(QWidget* form);
+void keepGeometry(QWidget* form);
 
 /// The optional parts of a task dialog.
-struct OpzioniTask {
-    QString piede;         ///< Footer.
-    QString url;           ///< Address for further information.
-    QString casella;       ///< Caption of the check box; empty for none.
-    bool spuntata = false; ///< State of the check box, in and out.
-    int secondi = 0;       ///< Time-out; 0 for none.
+struct TaskOptions {
+    QString footer;       ///< Footer.
+    QString url;          ///< Address for further information.
+    QString checkCaption; ///< Caption of the check box; empty for none.
+    bool checked = false; ///< State of the check box, in and out.
+    int seconds = 0;      ///< Time-out; 0 for none.
 };
 
 /// The task dialog with the button "Chiudi". Texts may hold the markup of task dialogs.
-void MessaggioTask(const QString& testo, int icona, const QString& titolo, OpzioniTask* opzioni = nullptr);
+void MessaggioTask(const QString& text, int icon, const QString& title, TaskOptions* options = nullptr);
 
 /// The same with the caller's own buttons, of which the first is the default. The caption of the one pressed; empty
 /// when the dialog was closed without one.
-QString DomandaTask(const QString& testo, int icona, const QString& titolo, const QStringList& bottoni,
-                    OpzioniTask* opzioni = nullptr);
+QString askTask(const QString& text, int icon, const QString& title, const QStringList& buttons,
+                TaskOptions* options = nullptr);

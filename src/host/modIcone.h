@@ -4,11 +4,11 @@
 
 /// Status marks of the lists, by their index: 2 work going on (amber), 3 finished and 4 paid (green), 5 still to begin
 /// (red). An empty icon for any other index.
-QIcon IconaStato(int indice);
+QIcon stateIcon(int index);
 
 /// Default marks of the teeth where the chart's own pictures lack one: 0 yellow, 1 red, 2 green, 3 grey. Empty for any
 /// other.
-QIcon ImStatus(int indice);
+QIcon ImStatus(int index);
 
 /// The module's mark, worn by every child window.
-QIcon IconaModulo();
+QIcon moduleIcon();

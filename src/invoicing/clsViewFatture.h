@@ -1,10 +1,10 @@
 #pragma once
 
-#include "store/clsViewRighe.h"
+#include "store/PlainRowView.h"
 
 /// The patient's panel "Corvala: Lista Fatture".
-class clsViewFatture : public clsViewRighe {
+class clsViewFatture : public PlainRowView {
 public:
-    using clsViewRighe::clsViewRighe;
+    using PlainRowView::PlainRowView;
     qint32 TipoRecord() const override { return 101013; }
 };

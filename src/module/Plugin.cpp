@@ -2,12 +2,12 @@
 
 #include "chart/clsGraphical.h"
 #include "config/clsConfig.h"
-#include "host/Passo.h"
+#include "host/Step.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "host/frmOggetti.h"
-#include "module/CartellaModulo.h"
-#include "module/Contesto.h"
+#include "module/Context.h"
+#include "module/ModuleFolder.h"
 #include "module/modComandiModulo.h"
 #include "module/modPannelli.h"
 #include "platform/Clock.h"
@@ -17,9 +17,9 @@
 
 Plugin::Plugin() {
     bTerminato = false;
-    if (sAppPath.isEmpty()) sAppPath = CartellaModulo();
-    oggetti_ = std::make_unique<frmOggetti>(frmOggetti::Servizi{
-        [] { return oConfig ? std::optional<int>(oConfig->MinuteRefresh()) : std::nullopt; }, AggiornaDatiPaziente});
+    if (sAppPath.isEmpty()) sAppPath = moduleFolder();
+    objects_ = std::make_unique<frmOggetti>(frmOggetti::Services{
+        [] { return oConfig ? std::optional<int>(oConfig->MinuteRefresh()) : std::nullopt; }, refreshPatientData});
 }
 
 Plugin::~Plugin() = default;
@@ -29,45 +29,45 @@ bool Plugin::terminated() const {
 }
 
 void Plugin::Init(host::Host* host, const QVariant&) {
-    if (!host || ended_ || contesto_) return;
+    if (!host || ended_ || context_) return;
     try {
-        avvia(*host);
-    } catch (const std::exception& errore) {
-        fallito(QString::fromUtf8(errore.what()));
+        start(*host);
+    } catch (const std::exception& error) {
+        failed(QString::fromUtf8(error.what()));
     } catch (...) {
-        fallito(QStringLiteral("errore sconosciuto"));
+        failed(QStringLiteral("errore sconosciuto"));
     }
 }
 
-void Plugin::avvia(host::Host& host) {
-    contesto_ = std::make_unique<Contesto>(host);
-    registraComandiModulo(contesto_->comandi(), *oggetti_);
-    passo([] {
+void Plugin::start(host::Host& host) {
+    context_ = std::make_unique<Context>(host);
+    registerModuleCommands(context_->commands(), *objects_);
+    step([] {
         if (oHost->Utente().Items().GetITEM(QStringLiteral("plgCORVALA.Debug")) != QLatin1String("1")) return;
         // Only the name is settled: support tools look for it, and nothing is written yet.
         sLogFile = oHost->Utente().LogDir() + QStringLiteral("/plgCORVALA_") +
                    platform::today().toString(QStringLiteral("yyyyMMdd")) + QStringLiteral(".log");
     });
     if (!oConfig->Init()) {
-        fallito(oConfig->LastError());
+        failed(oConfig->LastError());
         return;
     }
-    for (const QString& avviso : oConfig->Avvisi())
-        passo([&] { platform::dialogs().message(avviso, platform::MB_WARNING, oConfig->ProductName()); });
-    oggetti_->setTimerAttivo(oConfig->MinuteRefresh() >= 1);
-    if (!oGraphical->Init(sAppPath + QStringLiteral("/Graphical.xml"))) fallito(oGraphical->LastError());
+    for (const QString& notice : oConfig->Notices())
+        step([&] { platform::dialogs().message(notice, platform::MB_WARNING, oConfig->ProductName()); });
+    objects_->setTimerActive(oConfig->MinuteRefresh() >= 1);
+    if (!oGraphical->Init(sAppPath + QStringLiteral("/Graphical.xml"))) failed(oGraphical->LastError());
 }
 
-void Plugin::fallito(const QString& motivo) {
-    motivo_ = motivo;
-    const QString titolo = contesto_ ? oConfig->ProductName() : QString::fromUtf16(TITOLO_CORVALA);
-    passo([&] { platform::dialogs().message(motivo, platform::MB_CRITICAL, titolo); });
+void Plugin::failed(const QString& reason) {
+    reason_ = reason;
+    const QString title = context_ ? oConfig->ProductName() : QString::fromUtf16(CORVALA_TITLE);
+    step([&] { platform::dialogs().message(reason, platform::MB_CRITICAL, title); });
     Termina();
 }
 
 void Plugin::Termina() {
     ended_ = true;
-    oggetti_->setTimerAttivo(false);
-    if (!contesto_ || contesto_->isCurrent()) bTerminato = true;
-    if (contesto_) contesto_->termina();
+    objects_->setTimerActive(false);
+    if (!context_ || context_->isCurrent()) bTerminato = true;
+    if (context_) context_->terminate();
 }

@@ -5,7 +5,7 @@
 #include <QString>
 #include <memory>
 
-class Contesto;
+class Context;
 class frmOggetti;
 
 /// The only object that the host talks to: starts the module, hears the host's events and ends it. Made once per run;
@@ -16,34 +16,34 @@ public:
     Plugin();
     ~Plugin() override;
 
-    void evento(const QString& nome, host::Host* mittente, QVariantList& args) override;
+    void evento(const QString& name, host::Host* sender, QVariantList& args) override;
     void Init(host::Host* host, const QVariant& extra) override; ///< `extra` is not read.
     bool terminated() const override;
-    QString terminationReason() const override { return motivo_; }
+    QString terminationReason() const override { return reason_; }
 
 private:
-    using Gestore = void (Plugin::*)(host::Host*, QVariantList&);
+    using Handler = void (Plugin::*)(host::Host*, QVariantList&);
 
-    static Gestore gestore(const QString& nome);
-    void avvia(host::Host& host);
-    void fallito(const QString& motivo);
+    static Handler handler(const QString& name);
+    void start(host::Host& host);
+    void failed(const QString& reason);
     void Termina();
-    void caricataAmbulatorio();
+    void deskLoaded();
 
-    void registrazione(host::Host* mittente, QVariantList& args);
-    void fine(host::Host*, QVariantList&);
-    void ambulatorioReady(host::Host*, QVariantList&);
+    void registration(host::Host* sender, QVariantList& args);
+    void end(host::Host*, QVariantList&);
+    void deskReady(host::Host*, QVariantList&);
     void formLoad(host::Host*, QVariantList& args);
-    void chiudiTutto(host::Host*, QVariantList&);
+    void closeAll(host::Host*, QVariantList&);
     void execute(host::Host*, QVariantList& args);
     void returnTab(host::Host*, QVariantList& args);
     void activeTab(host::Host*, QVariantList& args);
-    void listaPannelli(host::Host*, QVariantList& args);
-    void daiParent(host::Host*, QVariantList& args);
-    void prescrizioneAdd(host::Host*, QVariantList& args);
+    void panelList(host::Host*, QVariantList& args);
+    void giveParent(host::Host*, QVariantList& args);
+    void prescriptionAdded(host::Host*, QVariantList& args);
 
-    std::unique_ptr<frmOggetti> oggetti_;
-    std::unique_ptr<Contesto> contesto_;
-    QString motivo_;
+    std::unique_ptr<frmOggetti> objects_;
+    std::unique_ptr<Context> context_;
+    QString reason_;
     bool ended_ = false; ///< For good; `bTerminato` tells of the latest run.
 };

@@ -13,34 +13,34 @@
 
 namespace {
 
-void paginaWeb() {
+void webPage() {
     if (oConfig) platform::openWebAddress(oConfig->WebInformation());
 }
 
-QString inBlu(const QString& testo) {
-    return QStringLiteral("<Run Foreground='Blue' FontWeight='Bold'>%1</Run>").arg(testo.toHtmlEscaped());
+QString inBlue(const QString& text) {
+    return QStringLiteral("<Run Foreground='Blue' FontWeight='Bold'>%1</Run>").arg(text.toHtmlEscaped());
 }
 
-void informazioni() {
+void about() {
     if (!oConfig) return;
-    const QString aCapo = QStringLiteral("<LineBreak/>");
-    QString testo = QStringLiteral("<TextBlock TextWrapping='Wrap'>"
-                                   "<Run Foreground='Red'>Tessara 5000 V6. Modulo Odontoiatrico</Run>") +
-                    aCapo + aCapo + QStringLiteral("Versione Plugin CORVALA: ") +
-                    inBlu(QStringLiteral(CORVALA_VERSION)) + aCapo + QStringLiteral("Percorso configurazione: ") +
-                    inBlu(QDir::toNativeSeparators(oConfig->FileName()));
-    if (const QString credito = QStringLiteral(CORVALA_CREDIT); !credito.isEmpty())
-        testo += aCapo + aCapo + credito.toHtmlEscaped();
-    testo += QStringLiteral("</TextBlock>");
-    MessaggioTask(testo, platform::MB_INFORMATION, QStringLiteral("Tessara 5000 V6"));
+    const QString lineBreak = QStringLiteral("<LineBreak/>");
+    QString text = QStringLiteral("<TextBlock TextWrapping='Wrap'>"
+                                  "<Run Foreground='Red'>Tessara 5000 V6. Modulo Odontoiatrico</Run>") +
+                   lineBreak + lineBreak + QStringLiteral("Versione Plugin CORVALA: ") +
+                   inBlue(QStringLiteral(CORVALA_VERSION)) + lineBreak + QStringLiteral("Percorso configurazione: ") +
+                   inBlue(QDir::toNativeSeparators(oConfig->FileName()));
+    if (const QString credit = QStringLiteral(CORVALA_CREDIT); !credit.isEmpty())
+        text += lineBreak + lineBreak + credit.toHtmlEscaped();
+    text += QStringLiteral("</TextBlock>");
+    MessaggioTask(text, platform::MB_INFORMATION, QStringLiteral("Tessara 5000 V6"));
 }
 
 } // namespace
 
 // "CRVL.main.userdata" has no action, on purpose: a hook for the practice's own data.
-void registraComandiModulo(Comandi& comandi, frmOggetti& oggetti) {
-    comandi.add(QStringLiteral("CRVL.main.webinfo"), paginaWeb);
-    comandi.add(QStringLiteral("CRVL.main.refresh"), [&oggetti] { oggetti.RefreshDatiPaziente(); });
-    comandi.add(QStringLiteral("CRVL.main.setup"), ApriConfigurazione);
-    comandi.add(QStringLiteral("CRVL.main.about"), informazioni);
+void registerModuleCommands(Commands& commands, frmOggetti& objects) {
+    commands.add(QStringLiteral("CRVL.main.webinfo"), webPage);
+    commands.add(QStringLiteral("CRVL.main.refresh"), [&objects] { objects.RefreshDatiPaziente(); });
+    commands.add(QStringLiteral("CRVL.main.setup"), openConfiguration);
+    commands.add(QStringLiteral("CRVL.main.about"), about);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-class Comandi;
+class Commands;
 class frmOggetti;
 
 /// Adds the module's own commands: web page, refresh, options, information.
-void registraComandiModulo(Comandi& comandi, frmOggetti& oggetti);
+void registerModuleCommands(Commands& commands, frmOggetti& objects);

@@ -2,7 +2,7 @@
 
 #include "estimates/clsPreventivi.h"
 #include "estimates/clsViewPreventivi.h"
-#include "host/Passo.h"
+#include "host/Step.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "host/modAggiorna.h"
@@ -16,24 +16,24 @@
 
 namespace {
 
-const QString PREVENTIVI = QStringLiteral("Corvala: Lista Preventivi");
-const QString TRATTAMENTI = QStringLiteral("Corvala: Lista Trattamenti");
-const QString FATTURE = QStringLiteral("Corvala: Lista Fatture");
-const QString PAGAMENTI = QStringLiteral("Corvala: Lista Pagamenti");
-const QString SONDAGGI = QStringLiteral("Corvala: Lista Sondaggi");
+const QString ESTIMATES = QStringLiteral("Corvala: Lista Preventivi");
+const QString TREATMENTS = QStringLiteral("Corvala: Lista Trattamenti");
+const QString INVOICES = QStringLiteral("Corvala: Lista Fatture");
+const QString PAYMENTS = QStringLiteral("Corvala: Lista Pagamenti");
+const QString PROBINGS = QStringLiteral("Corvala: Lista Sondaggi");
 
-void aggiornaPannello(const QString& nome) {
-    passo([&] {
-        if (!oHost || !oHost->Archivio().Pannelli().PannelloCaricato(nome)) return;
-        if (host::View* vista = VistaPannello(nome)) vista->RefreshPannello();
+void refreshPanel(const QString& name) {
+    step([&] {
+        if (!oHost || !oHost->Archivio().Pannelli().PannelloCaricato(name)) return;
+        if (host::View* view = panelView(name)) view->RefreshPannello();
     });
 }
 
 // Other workstations write too: whatever is filled from here on is read anew.
-void dimentica() {
+void forget() {
     if (!oTrattamenti) return; // not started yet
-    passo([] {
-        if (host::Paziente* paziente = PazienteAperto()) paziente->corvala().Refresh();
+    step([] {
+        if (host::Paziente* patient = currentPatient()) patient->corvala().Refresh();
     });
     oPreventivi->Refresh();
     oFatture->Refresh();
@@ -43,30 +43,30 @@ void dimentica() {
 
 } // namespace
 
-QStringList NomiPannelli() {
-    return {PREVENTIVI, TRATTAMENTI, FATTURE, PAGAMENTI, SONDAGGI};
+QStringList panelNames() {
+    return {ESTIMATES, TREATMENTS, INVOICES, PAYMENTS, PROBINGS};
 }
 
-host::View* VistaPannello(const QString& nome) {
-    if (nome == PREVENTIVI) return oViewPreventivi;
-    if (nome == TRATTAMENTI) return oViewTrattamenti;
-    if (nome == FATTURE) return oViewFatture;
-    if (nome == PAGAMENTI) return oViewPagamenti;
-    if (nome == SONDAGGI) return oViewSondaggi;
+host::View* panelView(const QString& name) {
+    if (name == ESTIMATES) return oViewPreventivi;
+    if (name == TREATMENTS) return oViewTrattamenti;
+    if (name == INVOICES) return oViewFatture;
+    if (name == PAYMENTS) return oViewPagamenti;
+    if (name == PROBINGS) return oViewSondaggi;
     return nullptr;
 }
 
 // The list of probings and the stock journal are left out on purpose.
-void AggiornaDatiPaziente() {
-    dimentica();
-    passo([] { RefreshPreventivi(QString()); });
-    aggiornaPannello(PREVENTIVI);
-    passo([] { RefreshFatture(QString()); });
-    aggiornaPannello(FATTURE);
-    passo([] { RefreshPagamenti(QString()); });
-    aggiornaPannello(PAGAMENTI);
-    passo([] { RefreshTrattamenti(QString()); });
-    passo([] { RefreshSintesi(); });
-    aggiornaPannello(TRATTAMENTI);
-    passo([] { RefreshImmagini(); });
+void refreshPatientData() {
+    forget();
+    step([] { RefreshPreventivi(QString()); });
+    refreshPanel(ESTIMATES);
+    step([] { RefreshFatture(QString()); });
+    refreshPanel(INVOICES);
+    step([] { RefreshPagamenti(QString()); });
+    refreshPanel(PAYMENTS);
+    step([] { RefreshTrattamenti(QString()); });
+    step([] { RefreshSintesi(); });
+    refreshPanel(TREATMENTS);
+    step([] { RefreshImmagini(); });
 }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "store/clsGestoreRighe.h"
+#include "store/PlainRowManager.h"
 
 /// The payments of the current patient, as far as the row tells them: the memo is not read, and there is no saving.
 /// Owned by the module's assembly.
-class clsPagamenti : public clsGestoreRighe {
+class clsPagamenti : public PlainRowManager {
 public:
     clsPagamenti()
-        : clsGestoreRighe(QStringLiteral("PGM")) {}
+        : PlainRowManager(QStringLiteral("PGM")) {}
 };

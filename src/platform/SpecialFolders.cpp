@@ -23,7 +23,7 @@ QString usersOwnFolder() {
 
 } // namespace
 
-QString cartellaSpeciale(int id) {
+QString specialFolder(int id) {
     if (id != CSIDL_APPDATA) return {};
     const QString folder = chosenFolder().isEmpty() ? usersOwnFolder() : chosenFolder();
     if (folder.isEmpty() || !QDir().mkpath(folder)) return {};

@@ -8,7 +8,7 @@ inline constexpr int CSIDL_APPDATA = 26;
 
 /// Path of a system special folder, without a final separator; empty when there is none. Only 26, the application-data
 /// folder of the user, is known.
-QString cartellaSpeciale(int id);
+QString specialFolder(int id);
 
 /// Puts another application-data folder in force, as `--config-dir` does; empty restores the user's own.
 void setApplicationDataFolder(const QString& folder);

@@ -5,7 +5,7 @@
 
 namespace {
 
-const QString CARTELLA_PRIMA_NOTA = QStringLiteral("Prima Nota Magazzino/");
+const QString JOURNAL_FOLDER = QStringLiteral("Prima Nota Magazzino/");
 
 /// What writing on the host's archive answers; false too when there is no host, or when it fails.
 template <class Write>
@@ -25,36 +25,36 @@ std::optional<host::ItemDati> clsArchivioDati::GetITEM(const QString& key) const
 }
 
 bool clsArchivioDati::DelITEM(const QString& key) {
-    return written([&](host::Dati& dati) { return dati.Elimina(key); });
+    return written([&](host::Dati& data) { return data.Elimina(key); });
 }
 
-bool clsArchivioDati::SetITEM(VocePrimaNota& item, const QString& file) {
-    return written([&](host::Dati& dati) {
-        std::optional<host::ItemDati> voce;
-        if (!item.file.isEmpty()) voce = dati.Carica(item.file);
-        if (!voce) voce = dati.GetEmptyItem();
-        voce->Cartella = CARTELLA_PRIMA_NOTA + item.articolo;
-        voce->descrizione = item.descrizione;
-        voce->file = file;
-        if (!dati.Salva(*voce, true)) return false;
-        item.file = voce->ID;
+bool clsArchivioDati::SetITEM(JournalEntry& item, const QString& file) {
+    return written([&](host::Dati& data) {
+        std::optional<host::ItemDati> entry;
+        if (!item.file.isEmpty()) entry = data.Carica(item.file);
+        if (!entry) entry = data.GetEmptyItem();
+        entry->Cartella = JOURNAL_FOLDER + item.article;
+        entry->descrizione = item.description;
+        entry->file = file;
+        if (!data.Salva(*entry, true)) return false;
+        item.file = entry->ID;
         return true;
     });
 }
 
 void clsArchivioDati::Refresh() {
-    lista_.reset();
-    cartella_.clear();
+    list_.reset();
+    folder_.clear();
 }
 
 const QList<host::ItemDati>& clsArchivioDati::Lista(const QString& folder) {
-    if (lista_ && folder == cartella_) return *lista_;
+    if (list_ && folder == folder_) return *list_;
     Refresh(); // should the reading fail, nothing is kept
     if (!oHost) {
         static const QList<host::ItemDati> none;
         return none;
     }
-    lista_ = oHost->Archivio().Dati().Lista(folder, true);
-    cartella_ = folder;
-    return *lista_;
+    list_ = oHost->Archivio().Dati().Lista(folder, true);
+    folder_ = folder;
+    return *list_;
 }

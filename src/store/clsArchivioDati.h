@@ -7,10 +7,10 @@
 #include <optional>
 
 /// What the archive of free data must know of a movement of the stock journal; the movement itself converts to it.
-struct VocePrimaNota {
+struct JournalEntry {
     QString file; ///< Its key in the archive; empty for a new one.
-    QString articolo;
-    QString descrizione;
+    QString article;
+    QString description;
 };
 
 /// The host's archive of free data, and the list of the folder asked for last. Nothing here tells the user:
@@ -21,13 +21,13 @@ public:
     bool DelITEM(const QString& key);
     /// Writes a movement with the content `file`, over the one with its key when that is there. The key of what was
     /// written goes into the item.
-    bool SetITEM(VocePrimaNota& item, const QString& file);
+    bool SetITEM(JournalEntry& item, const QString& file);
     /// Forgets the list; without it a folder is asked of the host once, whatever is written meanwhile.
     void Refresh();
     /// The items of a folder and of those below it.
     const QList<host::ItemDati>& Lista(const QString& folder);
 
 private:
-    std::optional<QList<host::ItemDati>> lista_;
-    QString cartella_;
+    std::optional<QList<host::ItemDati>> list_;
+    QString folder_;
 };

@@ -20,9 +20,9 @@
 
 namespace {
 
-constexpr int CORPO_TITOLO = 12;
-constexpr int CORPO_APPUNTO = 10;
-const QString RIENTRO = QStringLiteral("  ");
+constexpr int TITLE_SIZE = 12;
+constexpr int NOTE_SIZE = 10;
+const QString INDENT = QStringLiteral("  ");
 
 } // namespace
 
@@ -40,58 +40,57 @@ frmAvvisi::frmAvvisi(QWidget* parent)
     cbAnnulla_->setDefault(true);
     connect(cbAnnulla_, &QPushButton::clicked, this, &QDialog::reject);
 
-    auto* corpo = new QVBoxLayout;
-    corpo->setContentsMargins(14, 12, 14, 14);
-    corpo->setSpacing(12);
-    corpo->addWidget(richTextBox1_, 1);
-    corpo->addLayout(form::buttonRow({cbAnnulla_}));
-    auto* colonna = new QVBoxLayout(this);
-    colonna->setContentsMargins(0, 0, 0, 0);
-    colonna->setSpacing(0);
-    colonna->addWidget(testata());
-    colonna->addLayout(corpo, 1);
+    auto* body = new QVBoxLayout;
+    body->setContentsMargins(14, 12, 14, 14);
+    body->setSpacing(12);
+    body->addWidget(richTextBox1_, 1);
+    body->addLayout(form::buttonRow({cbAnnulla_}));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(header());
+    column->addLayout(body, 1);
     resize(520, 380);
     cbAnnulla_->setFocus();
     InizializzaForm(this);
     DisabilitaChiudi(this, true);
 }
 
-QWidget* frmAvvisi::testata() {
+QWidget* frmAvvisi::header() {
     QFrame* picTop = platform::form::titleStrip(QString(), QString(), this);
     laTitoloForm_ = picTop->findChild<QLabel*>(QStringLiteral("laTitoloForm"));
     laTitoloForm_->setTextFormat(Qt::PlainText); // a name is never markup
     laTitoloForm_->setWordWrap(true);
-    auto* segno = new QLabel(picTop);
-    segno->setPixmap(platform::messageIcon(platform::MB_WARNING, 32, devicePixelRatioF()));
-    static_cast<QGridLayout*>(picTop->layout())->addWidget(segno, 0, 0);
+    auto* sign = new QLabel(picTop);
+    sign->setPixmap(platform::messageIcon(platform::MB_WARNING, 32, devicePixelRatioF()));
+    static_cast<QGridLayout*>(picTop->layout())->addWidget(sign, 0, 0);
     return picTop;
 }
 
-void frmAvvisi::setPaziente(const QString& cognomeENome) {
-    laTitoloForm_->setText(cognomeENome);
+void frmAvvisi::setPatient(const QString& fullName) {
+    laTitoloForm_->setText(fullName);
     richTextBox1_->clear();
 }
 
-void frmAvvisi::aggiungi(const host::Appunto& appunto) {
-    const bool primo = richTextBox1_->document()->isEmpty();
-    if (primo) scrivi(QStringLiteral("Appunti Importanti"), QColor(255, 0, 0), CORPO_TITOLO, true, Qt::AlignHCenter);
-    scrivi(platform::regional().shortDate(appunto.Data.date()), QColor(255, 0, 0), CORPO_APPUNTO, true, Qt::AlignLeft);
-    scrivi(RIENTRO + appunto.m1, Qt::black, CORPO_APPUNTO, false, Qt::AlignLeft);
+void frmAvvisi::add(const host::Appunto& note) {
+    const bool first = richTextBox1_->document()->isEmpty();
+    if (first) write(QStringLiteral("Appunti Importanti"), QColor(255, 0, 0), TITLE_SIZE, true, Qt::AlignHCenter);
+    write(platform::regional().shortDate(note.Data.date()), QColor(255, 0, 0), NOTE_SIZE, true, Qt::AlignLeft);
+    write(INDENT + note.m1, Qt::black, NOTE_SIZE, false, Qt::AlignLeft);
     richTextBox1_->moveCursor(QTextCursor::Start);
 }
 
 // Every text starts a line of its own, the first too: the box opens with an empty line.
-void frmAvvisi::scrivi(const QString& testo, const QColor& colore, int corpo, bool grassetto,
-                       Qt::Alignment allineamento) {
-    QTextBlockFormat blocco;
-    blocco.setAlignment(allineamento);
-    QTextCharFormat carattere;
-    carattere.setFontFamilies({QStringLiteral("Arial")});
-    carattere.setFontPointSize(corpo);
-    carattere.setFontWeight(grassetto ? QFont::Bold : QFont::Normal);
-    carattere.setForeground(colore);
-    QTextCursor cursore(richTextBox1_->document());
-    cursore.movePosition(QTextCursor::End);
-    cursore.insertBlock(blocco, carattere);
-    cursore.insertText(QString(testo).replace(QLatin1String("\r\n"), QLatin1String("\n")), carattere);
+void frmAvvisi::write(const QString& text, const QColor& colour, int pointSize, bool bold, Qt::Alignment alignment) {
+    QTextBlockFormat block;
+    block.setAlignment(alignment);
+    QTextCharFormat letters;
+    letters.setFontFamilies({QStringLiteral("Arial")});
+    letters.setFontPointSize(pointSize);
+    letters.setFontWeight(bold ? QFont::Bold : QFont::Normal);
+    letters.setForeground(colour);
+    QTextCursor cursor(richTextBox1_->document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertBlock(block, letters);
+    cursor.insertText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")), letters);
 }

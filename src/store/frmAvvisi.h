@@ -16,12 +16,12 @@ class frmAvvisi : public QDialog {
 public:
     explicit frmAvvisi(QWidget* parent = nullptr);
 
-    void setPaziente(const QString& cognomeENome);
-    void aggiungi(const host::Appunto& appunto);
+    void setPatient(const QString& fullName);
+    void add(const host::Appunto& note);
 
 private:
-    QWidget* testata();
-    void scrivi(const QString& testo, const QColor& colore, int corpo, bool grassetto, Qt::Alignment allineamento);
+    QWidget* header();
+    void write(const QString& text, const QColor& colour, int pointSize, bool bold, Qt::Alignment alignment);
 
     QLabel* laTitoloForm_;
     QTextEdit* richTextBox1_;

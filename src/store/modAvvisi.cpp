@@ -10,36 +10,36 @@
 
 namespace {
 
-QList<host::Appunto> appuntiImportanti(host::Paziente& paziente) {
+QList<host::Appunto> importantNotes(host::Paziente& patient) {
     const host::Framework& framework = oHost->Framework();
-    const bool suoMedico = oHost->Utente().ID() == paziente.IDMedico();
-    QList<host::Appunto> importanti;
-    for (const host::Appunto& appunto : paziente.Appunti().Lista()) {
-        const bool privato = framework.ValoreBool(appunto.b1);
-        if (framework.ValoreBool(appunto.b2) && (!privato || suoMedico)) importanti << appunto;
+    const bool isOwnDoctor = oHost->Utente().ID() == patient.IDMedico();
+    QList<host::Appunto> important;
+    for (const host::Appunto& note : patient.Appunti().Lista()) {
+        const bool isPrivate = framework.ValoreBool(note.b1);
+        if (framework.ValoreBool(note.b2) && (!isPrivate || isOwnDoctor)) important << note;
     }
-    return importanti;
+    return important;
 }
 
 } // namespace
 
 void MostraAppuntiImportanti() {
-    host::Paziente* paziente = PazienteAperto();
-    if (!paziente || !oConfig || !oConfig->AppuntiPazienteModali()) return;
-    QList<host::Appunto> importanti;
+    host::Paziente* patient = currentPatient();
+    if (!patient || !oConfig || !oConfig->AppuntiPazienteModali()) return;
+    QList<host::Appunto> important;
     try {
-        importanti = appuntiImportanti(*paziente);
+        important = importantNotes(*patient);
     } catch (const host::HostError& error) {
         platform::dialogs().message(QStringLiteral("Attenzione! Appunti del paziente non letti!\r\nErrore: ") +
                                         error.text(),
-                                    platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
+                                    platform::MB_WARNING, QString::fromUtf16(CORVALA_TITLE));
         return;
     }
-    if (importanti.isEmpty()) return;
+    if (important.isEmpty()) return;
 
-    frmAvvisi avvisi(QApplication::activeWindow());
-    avvisi.setPaziente(paziente->Cognome() + QLatin1Char(' ') + paziente->Nome());
-    for (const host::Appunto& appunto : importanti)
-        avvisi.aggiungi(appunto);
-    avvisi.exec();
+    frmAvvisi window(QApplication::activeWindow());
+    window.setPatient(patient->Cognome() + QLatin1Char(' ') + patient->Nome());
+    for (const host::Appunto& note : important)
+        window.add(note);
+    window.exec();
 }

@@ -10,10 +10,10 @@ constexpr qsizetype GUID_CHARACTERS = 38; ///< With its braces.
 
 } // namespace
 
-QString CifraTesto(const QString& text) {
+QString encryptText(const QString& text) {
     return text.isEmpty() ? QString() : clsAES().EncryptStr(oHost->API().GetGUID() + text);
 }
 
-QString DecifraTesto(const QString& text) {
+QString decryptText(const QString& text) {
     return text.isEmpty() ? QString() : clsAES().DecryptStr(text).mid(GUID_CHARACTERS);
 }

@@ -16,14 +16,14 @@
 namespace {
 
 // Empty without a shared folder: the mark would lie wherever the program was started, and nobody would find it again.
-QString lockPath(const QString& tipo, const QString& id) {
-    return oConfig ? oConfig->FileDati(id + QLatin1Char('-') + tipo + QStringLiteral(".lck")) : QString();
+QString lockPath(const QString& kind, const QString& id) {
+    return oConfig ? oConfig->dataFile(id + QLatin1Char('-') + kind + QStringLiteral(".lck")) : QString();
 }
 
 bool cannotRemove(const QString& file, const QString& error) {
     platform::dialogs().message(QStringLiteral("Attenzione! Errore critico in eliminazione LOCK!\r\nFile: ") + file +
                                     QStringLiteral("\r\nErrore: ") + error,
-                                platform::MB_CRITICAL, QString::fromUtf16(TITOLO_CORVALA));
+                                platform::MB_CRITICAL, QString::fromUtf16(CORVALA_TITLE));
     return false;
 }
 
@@ -39,8 +39,8 @@ bool writeNew(const QString& path, const QString& text) {
 
 } // namespace
 
-bool CreaLock(const QString& tipo, const QString& id) {
-    const QString path = lockPath(tipo, id);
+bool CreaLock(const QString& kind, const QString& id) {
+    const QString path = lockPath(kind, id);
     if (path.isEmpty()) return true;
     const QString now = platform::now().toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
     // A second time, since a mark may go between the refusal and the look at it.
@@ -51,15 +51,15 @@ bool CreaLock(const QString& tipo, const QString& id) {
     return true;
 }
 
-bool EsisteLock(const QString& tipo, const QString& id) {
-    return FileEsiste(lockPath(tipo, id));
+bool EsisteLock(const QString& kind, const QString& id) {
+    return FileEsiste(lockPath(kind, id));
 }
 
-bool RimuoviLock(const QString& tipo, const QString& id) {
-    const QString path = lockPath(tipo, id);
+bool RimuoviLock(const QString& kind, const QString& id) {
+    const QString path = lockPath(kind, id);
     if (!FileEsiste(path)) return true;
     if (!platform::files::remove(path)) {
-        platform::dialogs().message(QStringLiteral("Attenzione! Errore critico in eliminazione LOCK ") + tipo +
+        platform::dialogs().message(QStringLiteral("Attenzione! Errore critico in eliminazione LOCK ") + kind +
                                         QLatin1Char('!'),
                                     platform::MB_CRITICAL, QStringLiteral("Tessara 5000"));
     }
@@ -72,11 +72,11 @@ bool RimuoviTuttiLock() {
     const QString folder = oConfig->DBPAth();
     // Out of reach is not the same as without locks.
     if (!platform::files::isFolder(folder) || !QFileInfo(platform::files::resolve(folder)).isReadable())
-        return cannotRemove(QDir::toNativeSeparators(oConfig->FileDati(all)),
+        return cannotRemove(QDir::toNativeSeparators(oConfig->dataFile(all)),
                             QStringLiteral("la cartella non c'è o non si può leggere"));
     for (const QString& name : platform::files::list(folder, all)) {
         if (name.startsWith(QLatin1Char('.'))) continue;
-        QFile file(platform::files::resolve(oConfig->FileDati(name)));
+        QFile file(platform::files::resolve(oConfig->dataFile(name)));
         if (!file.remove()) return cannotRemove(name, file.errorString());
     }
     return true;

@@ -7,46 +7,46 @@
 
 namespace {
 
-constexpr int TIPO_MEDICO = 0;
-constexpr int GIRI_ATTESA = 30;
+constexpr int DOCTOR_KIND = 0;
+constexpr int WAIT_ROUNDS = 30;
 
-bool aperto(const QString& id) {
-    const host::Paziente* paziente = PazienteAperto();
-    return paziente && paziente->ID() == id;
+bool isOpen(const QString& id) {
+    const host::Paziente* patient = currentPatient();
+    return patient && patient->ID() == id;
 }
 
 } // namespace
 
-std::unique_ptr<host::Paziente> CercaPaziente(const QString& nominativo, const QString& codicefiscale) {
+std::unique_ptr<host::Paziente> CercaPaziente(const QString& fullName, const QString& taxCode) {
     if (!oHost) return nullptr;
-    const bool perCodice = !codicefiscale.isEmpty() && nominativo.isEmpty();
+    const bool byCode = !taxCode.isEmpty() && fullName.isEmpty();
     try {
-        host::Pazienti& pazienti = oHost->Archivio().Pazienti();
-        return perCodice ? pazienti.Show(codicefiscale, QStringLiteral("Codice Fiscale"))
-                         : pazienti.Show(nominativo, QStringLiteral("Cognome e Nome"));
+        host::Pazienti& patients = oHost->Archivio().Pazienti();
+        return byCode ? patients.Show(taxCode, QStringLiteral("Codice Fiscale"))
+                      : patients.Show(fullName, QStringLiteral("Cognome e Nome"));
     } catch (const host::HostError&) {
         return nullptr;
     }
 }
 
-bool SelezionaPaziente(const QString& nominativo, const QString& codicefiscale) {
-    const std::unique_ptr<host::Paziente> scelto = CercaPaziente(nominativo, codicefiscale);
-    return ApriPaziente(scelto.get());
+bool SelezionaPaziente(const QString& fullName, const QString& taxCode) {
+    const std::unique_ptr<host::Paziente> chosen = CercaPaziente(fullName, taxCode);
+    return ApriPaziente(chosen.get());
 }
 
-bool ApriPaziente(const host::Paziente* paziente) {
-    if (!paziente || !oHost) return false;
+bool ApriPaziente(const host::Paziente* patient) {
+    if (!patient || !oHost) return false;
     // Opening a patient may end the object that was passed in.
-    const QString id = paziente->ID();
-    if (aperto(id)) return true;
-    const bool medico = oHost->Utente().tipo() == TIPO_MEDICO;
+    const QString id = patient->ID();
+    if (isOpen(id)) return true;
+    const bool doctor = oHost->Utente().tipo() == DOCTOR_KIND;
     try {
         // Other users work for several doctors, and a patient may lie in the schema of another.
-        oHost->Framework().RichiamaPaziente(id, medico ? QString() : paziente->idschema());
+        oHost->Framework().RichiamaPaziente(id, doctor ? QString() : patient->idschema());
     } catch (const host::HostError&) {
         return false;
     }
-    for (int giro = 0; giro < GIRI_ATTESA && !aperto(id); ++giro)
+    for (int round = 0; round < WAIT_ROUNDS && !isOpen(id); ++round)
         QCoreApplication::processEvents();
     return true;
 }

@@ -25,10 +25,10 @@ QString rowsOfType(const QString& t1) {
 
 } // namespace
 
-QString ProssimoProgressivo(const QString& t1, const QString& anno) {
+QString ProssimoProgressivo(const QString& t1, const QString& year) {
     const auto rows =
         runningHost().DB().OpenRecordset(QStringLiteral("Select max(idrif1) AS HighestValue from ") + rowsOfType(t1) +
-                                         QStringLiteral(" like '") + anno + QStringLiteral("%'"));
+                                         QStringLiteral(" like '") + year + QStringLiteral("%'"));
     int highest = 0;
     if (rows && rows->RecordCount() == 1) {
         const QVariant value = rows->value(QStringLiteral("HighestValue"));

@@ -7,17 +7,17 @@
 
 namespace {
 
-constexpr int TIPO_MEDICO = 0;
+constexpr int DOCTOR_KIND = 0;
 
-QString conTitolo(const host::VoceUtente& utente) {
-    return utente.Cognome + QStringLiteral(" dott. ") + utente.Nome;
+QString withTitle(const host::VoceUtente& user) {
+    return user.Cognome + QStringLiteral(" dott. ") + user.Nome;
 }
-QString senzaTitolo(const host::VoceUtente& utente) {
-    return utente.Cognome + QLatin1Char(' ') + utente.Nome;
+QString withoutTitle(const host::VoceUtente& user) {
+    return user.Cognome + QLatin1Char(' ') + user.Nome;
 }
 
 /// Nothing where there is no host, or it cannot answer.
-std::optional<QList<host::VoceUtente>> utenti() {
+std::optional<QList<host::VoceUtente>> users() {
     if (!oHost) return std::nullopt;
     try {
         return oHost->Archivio().Utenti().Lista();
@@ -28,28 +28,28 @@ std::optional<QList<host::VoceUtente>> utenti() {
 
 } // namespace
 
-QString NomeUtente(const host::VoceUtente& utente) {
-    return utente.tipo == TIPO_MEDICO ? conTitolo(utente) : senzaTitolo(utente);
+QString displayName(const host::VoceUtente& user) {
+    return user.tipo == DOCTOR_KIND ? withTitle(user) : withoutTitle(user);
 }
 
-QString DescrizioneUtente(const QString& codicefiscale) {
-    const auto tutti = codicefiscale.isEmpty() ? std::nullopt : utenti();
-    if (!tutti) return {};
-    for (const host::VoceUtente& utente : *tutti)
-        if (utente.codicefiscale == codicefiscale) return NomeUtente(utente);
-    return codicefiscale;
+QString DescrizioneUtente(const QString& taxCode) {
+    const auto all = taxCode.isEmpty() ? std::nullopt : users();
+    if (!all) return {};
+    for (const host::VoceUtente& user : *all)
+        if (user.codicefiscale == taxCode) return displayName(user);
+    return taxCode;
 }
 
-QString CodiceFiscaleUtente(const QString& descrizione) {
-    const auto tutti = descrizione.isEmpty() ? std::nullopt : utenti();
-    if (!tutti) return {};
-    for (const host::VoceUtente& utente : *tutti)
-        if (descrizione == conTitolo(utente) || descrizione == senzaTitolo(utente)) return utente.codicefiscale;
+QString CodiceFiscaleUtente(const QString& description) {
+    const auto all = description.isEmpty() ? std::nullopt : users();
+    if (!all) return {};
+    for (const host::VoceUtente& user : *all)
+        if (description == withTitle(user) || description == withoutTitle(user)) return user.codicefiscale;
     return {};
 }
 
-QList<host::VoceUtente> UtentiDaScegliere(int tipo) {
-    QList<host::VoceUtente> scelti = utenti().value_or(QList<host::VoceUtente>());
-    scelti.removeIf([tipo](const host::VoceUtente& utente) { return utente.tipo != tipo || !utente.attivo; });
-    return scelti;
+QList<host::VoceUtente> usersToChooseFrom(int kind) {
+    QList<host::VoceUtente> chosen = users().value_or(QList<host::VoceUtente>());
+    chosen.removeIf([kind](const host::VoceUtente& user) { return user.tipo != kind || !user.attivo; });
+    return chosen;
 }

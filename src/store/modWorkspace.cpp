@@ -4,25 +4,25 @@
 
 #include <QStringList>
 
-QString unisciIdrif1(const WorkspaceItem& item) {
+QString joinIdrif1(const WorkspaceItem& item) {
     return item.anno + QLatin1Char('-') + item.progressivo;
 }
 
-void dividiIdrif1(const QString& idrif1, WorkspaceItem& item) {
+void splitIdrif1(const QString& idrif1, WorkspaceItem& item) {
     const QStringList parts = idrif1.split(QLatin1Char('-'));
     const bool numbered = parts.size() == 2;
     item.anno = numbered ? parts[0] : QString();
     item.progressivo = numbered ? parts[1] : QString();
 }
 
-void leggiRiga(const host::RigaCorvala& riga, WorkspaceItem& item) {
-    item.ID = riga.ID;
-    item.Data = platform::regional().shortDate(riga.Data.date());
-    dividiIdrif1(riga.idrif1, item);
-    item.descrizione = riga.descrizione;
+void readRow(const host::RigaCorvala& row, WorkspaceItem& item) {
+    item.ID = row.ID;
+    item.Data = platform::regional().shortDate(row.Data.date());
+    splitIdrif1(row.idrif1, item);
+    item.descrizione = row.descrizione;
 }
 
-QString queryPeriodo(const QString& t1, const QDate& from, const QDate& to) {
+QString periodQuery(const QString& t1, const QDate& from, const QDate& to) {
     QString sql =
         QStringLiteral("Select * from ") + runningHost().Utente().idschema() + QStringLiteral(".tblWorkspace where ");
     if (from.isValid() && to.isValid()) {

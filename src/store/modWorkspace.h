@@ -20,17 +20,17 @@ struct WorkspaceItem {
     QString descrizione;
     /// What kept the record from being read whole; empty when it was. Such a record is shown and deleted, never written
     /// over. Not stored.
-    QString guasto;
+    QString fault;
 };
 
 /// `anno` "-" `progressivo`.
-QString unisciIdrif1(const WorkspaceItem& item);
+QString joinIdrif1(const WorkspaceItem& item);
 /// Sets `anno` and `progressivo`; both empty when the number does not have exactly two parts.
-void dividiIdrif1(const QString& idrif1, WorkspaceItem& item);
+void splitIdrif1(const QString& idrif1, WorkspaceItem& item);
 /// The fields that come from the row itself, all but the memo.
-void leggiRiga(const host::RigaCorvala& riga, WorkspaceItem& item);
+void readRow(const host::RigaCorvala& row, WorkspaceItem& item);
 /// The query of the records of one type across all patients, in a period when both dates are valid.
-QString queryPeriodo(const QString& t1, const QDate& from, const QDate& to);
+QString periodQuery(const QString& t1, const QDate& from, const QDate& to);
 
 /// The manager of one record type: writes, reads and lists the rows with the code `t1`, and keeps the list of the
 /// current patient until `Refresh`. One long-lived instance per type. Errors of the host pass through.
@@ -50,20 +50,20 @@ public:
     /// empty the list: the caller does, once all its work on the record is done. Throws NumberTakenError for a new
     /// record whose number another one has, where the host guards the numbers.
     bool Salva(Item& item) {
-        host::Paziente* paziente = PazienteAperto();
-        if (!paziente || !item.guasto.isEmpty()) return false;
+        host::Paziente* patient = currentPatient();
+        if (!patient || !item.fault.isEmpty()) return false;
         QString id = item.ID;
-        const host::DatiCorvala dati{item.Data, unisciIdrif1(item), item.descrizione, t1_, SerializzaMEMO(item)};
-        if (!paziente->corvala().Salva(id, dati)) return false;
+        const host::DatiCorvala data{item.Data, joinIdrif1(item), item.descrizione, t1_, SerializzaMEMO(item)};
+        if (!patient->corvala().Salva(id, data)) return false;
         item.ID = id;
         return true;
     }
 
     /// As `Salva`, for a new record: under its own number, or under the next free one of its year when another
     /// workstation has taken that meanwhile, which is then in `progressivo`.
-    bool SalvaNuovo(Item& item) {
+    bool saveNew(Item& item) {
         try {
-            if (EsisteProgressivo(t1_, unisciIdrif1(item))) item.progressivo = ProssimoProgressivo(t1_, item.anno);
+            if (EsisteProgressivo(t1_, joinIdrif1(item))) item.progressivo = ProssimoProgressivo(t1_, item.anno);
         } catch (const host::HostError&) {
             return false; // nothing is stored under a number of which nobody knows whether it is free
         }
@@ -79,15 +79,15 @@ public:
     }
 
     /// Nothing when the row is not there. Without a patient, that of the desk.
-    std::optional<Item> Carica(const QString& id, host::Paziente* paziente = nullptr) const {
-        if (!paziente) paziente = PazienteAperto();
-        if (!paziente) return std::nullopt;
-        const std::optional<host::RigaCorvala> riga = paziente->corvala().Carica(id);
-        return riga ? std::optional<Item>(CreaItem(*riga)) : std::nullopt;
+    std::optional<Item> Carica(const QString& id, host::Paziente* patient = nullptr) const {
+        if (!patient) patient = currentPatient();
+        if (!patient) return std::nullopt;
+        const std::optional<host::RigaCorvala> row = patient->corvala().Carica(id);
+        return row ? std::optional<Item>(CreaItem(*row)) : std::nullopt;
     }
 
-    virtual bool Elimina(host::Paziente& paziente, const QString& id) {
-        if (!paziente.corvala().Elimina(id)) return false;
+    virtual bool Elimina(host::Paziente& patient, const QString& id) {
+        if (!patient.corvala().Elimina(id)) return false;
         Refresh();
         return true;
     }
@@ -97,9 +97,9 @@ public:
     const platform::Collection<Item>& Lista() {
         if (cache_) return *cache_;
         platform::Collection<Item> items;
-        if (host::Paziente* paziente = PazienteAperto()) {
-            for (const host::RigaCorvala& riga : paziente->corvala().Lista()) {
-                if (riga.t1 == t1_) items.add(riga.ID, CreaItemDiLista(riga)); // The host lists all types together.
+        if (host::Paziente* patient = currentPatient()) {
+            for (const host::RigaCorvala& row : patient->corvala().Lista()) {
+                if (row.t1 == t1_) items.add(row.ID, createListItem(row)); // The host lists all types together.
             }
         }
         return cache_.emplace(std::move(items));
@@ -114,20 +114,20 @@ protected:
 
     /// As `DeserializzaMEMO`, for a record of the list. A type whose memo can fail keeps here what could be read, so
     /// that one bad record does not hide the others.
-    virtual void DeserializzaPerLista(Item& item, const QString& memo) const { DeserializzaMEMO(item, memo); }
+    virtual void deserializeForList(Item& item, const QString& memo) const { DeserializzaMEMO(item, memo); }
 
-    Item CreaItem(const host::RigaCorvala& riga) const {
+    Item CreaItem(const host::RigaCorvala& row) const {
         Item item;
-        leggiRiga(riga, item);
-        DeserializzaMEMO(item, riga.m1);
+        readRow(row, item);
+        DeserializzaMEMO(item, row.m1);
         return item;
     }
 
 private:
-    Item CreaItemDiLista(const host::RigaCorvala& riga) const {
+    Item createListItem(const host::RigaCorvala& row) const {
         Item item;
-        leggiRiga(riga, item);
-        DeserializzaPerLista(item, riga.m1);
+        readRow(row, item);
+        deserializeForList(item, row.m1);
         return item;
     }
 

@@ -18,35 +18,35 @@
 
 namespace {
 
-void messaggio(const QString& testo, const std::exception& errore) {
-    platform::dialogs().message(testo + QStringLiteral("\r\nErrore: ") + QString::fromUtf8(errore.what()),
-                                platform::MB_WARNING, QString::fromUtf16(TITOLO_CORVALA));
+void message(const QString& text, const std::exception& error) {
+    platform::dialogs().message(text + QStringLiteral("\r\nErrore: ") + QString::fromUtf8(error.what()),
+                                platform::MB_WARNING, QString::fromUtf16(CORVALA_TITLE));
 }
 
 // CRVL0301
-void apriElenco() {
-    ApriFinestra(QStringLiteral(": Elenco TRATTAMENTI"), [] { return new frmMDITrattamenti; });
+void openList() {
+    openWindow(QStringLiteral(": Elenco TRATTAMENTI"), [] { return new frmMDITrattamenti; });
 }
 
 // CRVL0302
-void nuovoTrattamento() {
-    if (!PazienteAperto() && !SelezionaPaziente(QString(), QString())) return;
-    if (PazienteAperto()) ApriTrattamento(QString());
+void newTreatment() {
+    if (!currentPatient() && !SelezionaPaziente(QString(), QString())) return;
+    if (currentPatient()) ApriTrattamento(QString());
 }
 
 // CRVL0303: with the single sheet the patient's first plan, or a new one; otherwise the last with work going on.
-void apriSchedaPaziente() {
-    if (!PazienteAperto() || !oConfig) return;
-    const bool unica = oConfig->UnicaSchedaTrattamento();
+void openPatientPlan() {
+    if (!currentPatient() || !oConfig) return;
+    const bool single = oConfig->UnicaSchedaTrattamento();
     QString id;
     try {
         rereadPlans(); // a plan that another workstation has begun meanwhile must not get a second one beside it
-        id = unica ? PrimoTrattamento() : UltimoTrattamentoAperto();
-    } catch (const host::HostError& errore) {
-        messaggio(QStringLiteral("Attenzione! Elenco dei trattamenti non letto!"), errore);
+        id = single ? PrimoTrattamento() : UltimoTrattamentoAperto();
+    } catch (const host::HostError& error) {
+        message(QStringLiteral("Attenzione! Elenco dei trattamenti non letto!"), error);
         return;
     }
-    if (unica || !id.isEmpty()) ApriTrattamento(id);
+    if (single || !id.isEmpty()) ApriTrattamento(id);
 }
 
 } // namespace
@@ -60,21 +60,21 @@ void ApriTrattamento(const QString& id) {
     // The module may have ended under the open window.
     if (!oHost || oHost->Framework().DialogCancel()) return;
     if (oConfig) oConfig->RefreshGUITrattamento();
-    if (auto* oggetti = qobject_cast<frmOggetti*>(platform::FormRegistry::find(QStringLiteral("frmOggetti"))))
-        oggetti->RefreshDatiPaziente();
+    if (auto* objects = qobject_cast<frmOggetti*>(platform::FormRegistry::find(QStringLiteral("frmOggetti"))))
+        objects->RefreshDatiPaziente();
 }
 
-bool EliminaTrattamento(host::Paziente& paziente, const QString& id) {
+bool deleteTreatment(host::Paziente& patient, const QString& id) {
     try {
-        return oTrattamenti->Elimina(paziente, id);
-    } catch (const std::exception& errore) {
-        messaggio(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!"), errore);
+        return oTrattamenti->Elimina(patient, id);
+    } catch (const std::exception& error) {
+        message(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!"), error);
     }
     return false;
 }
 
-void registraTrattamenti(Comandi& comandi) {
-    comandi.add(QStringLiteral("CRVL0301"), apriElenco);
-    comandi.add(QStringLiteral("CRVL0302"), nuovoTrattamento);
-    comandi.add(QStringLiteral("CRVL0303"), apriSchedaPaziente);
+void registerTreatments(Commands& commands) {
+    commands.add(QStringLiteral("CRVL0301"), openList);
+    commands.add(QStringLiteral("CRVL0302"), newTreatment);
+    commands.add(QStringLiteral("CRVL0303"), openPatientPlan);
 }

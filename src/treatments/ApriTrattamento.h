@@ -2,7 +2,7 @@
 
 #include <QString>
 
-class Comandi;
+class Commands;
 
 namespace host {
 class Paziente;
@@ -14,7 +14,7 @@ void ApriTrattamento(const QString& id);
 
 /// Deletes a plan of that patient as the manager does, questions included. One that the host could not read is told of;
 /// false then, and when the user decides against it.
-bool EliminaTrattamento(host::Paziente& paziente, const QString& id);
+bool deleteTreatment(host::Paziente& patient, const QString& id);
 
 /// Adds the commands of the plans: the practice-wide list, a new plan, the plan of the patient.
-void registraTrattamenti(Comandi& comandi);
+void registerTreatments(Commands& commands);

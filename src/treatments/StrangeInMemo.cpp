@@ -26,14 +26,14 @@ QString strangeChild(const XmlNode& node, const Names& known) {
     return {};
 }
 
-QString strangeRow(const XmlNode& righi) {
+QString strangeRow(const XmlNode& rows) {
     static const Names attributes{
         QStringLiteral("progressivo"), QStringLiteral("denti"),         QStringLiteral("servizio"),
         QStringLiteral("descrizione"), QStringLiteral("ragruppamento"), QStringLiteral("operatore"),
         QStringLiteral("assistente"),  QStringLiteral("assitente"),     QStringLiteral("inizioLavori"),
         QStringLiteral("fineLavori"),  QStringLiteral("statusLavori"),  QStringLiteral("fattura"),
         QStringLiteral("prezzo"),      QStringLiteral("note"),          QStringLiteral("fuoriPreventivo")};
-    for (XmlNode row = righi.firstChild(); row; row = row.nextSibling()) {
+    for (XmlNode row = rows.firstChild(); row; row = row.nextSibling()) {
         if (row.name() != QLatin1String("rigo")) return row.name();
         if (const XmlNode inner = row.firstChild()) return inner.name();
         if (const QString name = strangeAttribute(row, attributes); !name.isEmpty()) return name;
@@ -42,14 +42,14 @@ QString strangeRow(const XmlNode& righi) {
 }
 
 /// The first thing of the memo that a plan has no place for; empty when there is none.
-QString strange(const XmlNode& trattamento) {
+QString strange(const XmlNode& treatment) {
     static const Names head{QStringLiteral("anno"), QStringLiteral("progressivo"), QStringLiteral("data"),
                             QStringLiteral("fatturaAnticipo")};
     static const Names parts{QStringLiteral("paziente"),    QStringLiteral("medico"),
                              QStringLiteral("righi"),       QStringLiteral("descrizione"),
                              QStringLiteral("annotazioni"), QStringLiteral("situazioneOrale")};
-    for (const QString& name : {strangeAttribute(trattamento, head), strangeChild(trattamento, parts),
-                                strangeRow(trattamento.firstChild("righi"))}) {
+    for (const QString& name : {strangeAttribute(treatment, head), strangeChild(treatment, parts),
+                                strangeRow(treatment.firstChild("righi"))}) {
         if (!name.isEmpty()) return name;
     }
     return {};
@@ -58,11 +58,11 @@ QString strange(const XmlNode& trattamento) {
 } // namespace
 
 QString strangeInMemo(const QString& memo) {
-    platform::XmlDocument documento;
-    if (!documento.loadText(memo)) return {};
-    const XmlNode trattamento = documento.root();
-    if (!trattamento.firstChild("righi")) return QStringLiteral("il testo registrato non ha l'elenco dei righi");
-    const QString name = strange(trattamento);
+    platform::XmlDocument document;
+    if (!document.loadText(memo)) return {};
+    const XmlNode treatment = document.root();
+    if (!treatment.firstChild("righi")) return QStringLiteral("il testo registrato non ha l'elenco dei righi");
+    const QString name = strange(treatment);
     return name.isEmpty() ? QString()
                           : QStringLiteral("il testo registrato contiene dati che non si possono leggere: ") + name;
 }

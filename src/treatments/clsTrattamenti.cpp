@@ -1,99 +1,99 @@
 #include "treatments/clsTrattamenti.h"
 
 #include "config/clsConfig.h"
-#include "host/Passo.h"
+#include "host/Step.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "platform/Dialogs.h"
-#include "treatments/MemoTrattamento.h"
 #include "treatments/StrangeInMemo.h"
+#include "treatments/TreatmentMemo.h"
 
 namespace {
 
-const QString ELIMINA_ALLEGATI = QStringLiteral("Elimina gli eventuali allegati");
+const QString REMOVE_FILES = QStringLiteral("Elimina gli eventuali allegati");
 
-platform::TaskAnswer chiedeEliminazione(const clsItemTrattamento& item) {
-    platform::TaskRequest domanda;
-    domanda.windowTitle = QString::fromUtf16(TITOLO_CORVALA);
-    domanda.title = QStringLiteral("Gestione Trattamenti");
-    domanda.icon = platform::MB_INFORMATION;
-    domanda.text = QStringLiteral("<TextBlock TextWrapping='Wrap'>Vuoi eliminare il trattamento numero ") +
-                   unisciIdrif1(item) + QLatin1String("?</TextBlock>");
-    domanda.checkCaption = ELIMINA_ALLEGATI;
-    domanda.buttons = {QStringLiteral("Si"), QStringLiteral("No")};
-    return platform::dialogs().task(domanda);
+platform::TaskAnswer askDeletion(const clsItemTrattamento& item) {
+    platform::TaskRequest question;
+    question.windowTitle = QString::fromUtf16(CORVALA_TITLE);
+    question.title = QStringLiteral("Gestione Trattamenti");
+    question.icon = platform::MB_INFORMATION;
+    question.text = QStringLiteral("<TextBlock TextWrapping='Wrap'>Vuoi eliminare il trattamento numero ") +
+                    joinIdrif1(item) + QLatin1String("?</TextBlock>");
+    question.checkCaption = REMOVE_FILES;
+    question.buttons = {QStringLiteral("Si"), QStringLiteral("No")};
+    return platform::dialogs().task(question);
 }
 
 // Cuts the stock movements made for the plan from it. There is nothing to cut before the stock journal exists, which
 // brings this step.
-void scollegaMagazzino(const clsItemTrattamento&, host::Paziente&) {}
+void detachStock(const clsItemTrattamento&, host::Paziente&) {}
 
 // Deletes the files attached to the plan, or marks them as former ones. What belongs to a plan is told by the
 // description of a file, which the attachments read; they bring this step.
-void scollegaAllegati(const clsItemTrattamento&, host::Paziente&, bool /*elimina*/) {}
+void detachFiles(const clsItemTrattamento&, host::Paziente&, bool /*elimina*/) {}
 
 } // namespace
 
 clsTrattamenti::clsTrattamenti()
     : WorkspaceManager(QStringLiteral("TRT")) {}
 
-std::optional<clsItemTrattamento> clsTrattamenti::Carica(const QString& id, host::Paziente* paziente) {
-    if (!paziente) paziente = PazienteAperto();
-    if (!paziente) return std::nullopt;
-    paziente->corvala().Refresh();
-    return WorkspaceManager::Carica(id, paziente);
+std::optional<clsItemTrattamento> clsTrattamenti::Carica(const QString& id, host::Paziente* patient) {
+    if (!patient) patient = currentPatient();
+    if (!patient) return std::nullopt;
+    patient->corvala().Refresh();
+    return WorkspaceManager::Carica(id, patient);
 }
 
-std::optional<clsItemTrattamento> clsTrattamenti::salvage(const QString& id, host::Paziente* paziente) {
-    if (!paziente) paziente = PazienteAperto();
-    if (!paziente) return std::nullopt;
-    paziente->corvala().Refresh();
-    const std::optional<host::RigaCorvala> riga = paziente->corvala().Carica(id);
-    if (!riga) return std::nullopt;
+std::optional<clsItemTrattamento> clsTrattamenti::salvage(const QString& id, host::Paziente* patient) {
+    if (!patient) patient = currentPatient();
+    if (!patient) return std::nullopt;
+    patient->corvala().Refresh();
+    const std::optional<host::RigaCorvala> row = patient->corvala().Carica(id);
+    if (!row) return std::nullopt;
     clsItemTrattamento item;
-    leggiRiga(*riga, item);
-    salvageMemo(item, riga->m1);
-    if (item.guasto.isEmpty()) item.guasto = strangeInMemo(riga->m1);
+    readRow(*row, item);
+    salvageMemo(item, row->m1);
+    if (item.fault.isEmpty()) item.fault = strangeInMemo(row->m1);
     return item;
 }
 
 std::optional<clsItemTrattamento> clsTrattamenti::CaricaUltimo() {
-    if (host::Paziente* paziente = PazienteAperto()) paziente->corvala().Refresh();
-    const clsItemTrattamento* ultimo = nullptr;
+    if (host::Paziente* patient = currentPatient()) patient->corvala().Refresh();
+    const clsItemTrattamento* last = nullptr;
     for (const clsItemTrattamento& item : Lista()) {
         // As texts on purpose: "2024-9" ranks above "2024-10", and the summary relies on the same order.
-        if (!ultimo || unisciIdrif1(item) > unisciIdrif1(*ultimo)) ultimo = &item;
+        if (!last || joinIdrif1(item) > joinIdrif1(*last)) last = &item;
     }
-    return ultimo ? std::optional<clsItemTrattamento>(*ultimo) : std::nullopt;
+    return last ? std::optional<clsItemTrattamento>(*last) : std::nullopt;
 }
 
 void clsTrattamenti::DeserializzaMEMO(clsItemTrattamento& item, const QString& memo) const {
-    leggiMemoTrattamento(item, memo);
+    readTreatmentMemo(item, memo);
 }
 
 // The editor tells what is wrong when the plan is opened; the patient's other plans must be seen all the same.
-void clsTrattamenti::DeserializzaPerLista(clsItemTrattamento& item, const QString& memo) const {
+void clsTrattamenti::deserializeForList(clsItemTrattamento& item, const QString& memo) const {
     salvageMemo(item, memo);
 }
 
 QString clsTrattamenti::SerializzaMEMO(const clsItemTrattamento& item) const {
-    return scriviMemoTrattamento(item);
+    return writeTreatmentMemo(item);
 }
 
-bool clsTrattamenti::Elimina(host::Paziente& paziente, const QString& id) {
-    const std::optional<clsItemTrattamento> item = salvage(id, &paziente);
+bool clsTrattamenti::Elimina(host::Paziente& patient, const QString& id) {
+    const std::optional<clsItemTrattamento> item = salvage(id, &patient);
     if (!item) {
-        platform::dialogs().message(QStringLiteral("Segnalare problema"), 0, QString::fromUtf16(TITOLO_CORVALA));
+        platform::dialogs().message(QStringLiteral("Segnalare problema"), 0, QString::fromUtf16(CORVALA_TITLE));
         return false;
     }
-    const platform::TaskAnswer risposta = chiedeEliminazione(*item);
-    if (risposta.button != QLatin1String("Si")) return false;
-    if (!paziente.corvala().Elimina(id)) return false;
+    const platform::TaskAnswer answer = askDeletion(*item);
+    if (answer.button != QLatin1String("Si")) return false;
+    if (!patient.corvala().Elimina(id)) return false;
 
-    scollegaMagazzino(*item, paziente);
-    scollegaAllegati(*item, paziente, risposta.checked);
-    passo([&] { paziente.Files().Refresh(); });
-    passo([&] { paziente.Eventi().Refresh(); });
+    detachStock(*item, patient);
+    detachFiles(*item, patient, answer.checked);
+    step([&] { patient.Files().Refresh(); });
+    step([&] { patient.Eventi().Refresh(); });
     Refresh();
     if (oConfig) oConfig->RefreshGUITrattamento();
     return true;

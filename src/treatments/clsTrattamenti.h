@@ -14,18 +14,18 @@ public:
     clsTrattamenti();
 
     /// Reads the patient's rows anew first, so that what another workstation saved is seen. The same for those below.
-    std::optional<clsItemTrattamento> Carica(const QString& id, host::Paziente* paziente = nullptr);
+    std::optional<clsItemTrattamento> Carica(const QString& id, host::Paziente* patient = nullptr);
     /// As `Carica`, for whoever shows or deletes the plan: with all that can be read of it, and what cannot in
-    /// `guasto`.
-    std::optional<clsItemTrattamento> salvage(const QString& id, host::Paziente* paziente = nullptr);
+    /// `fault`.
+    std::optional<clsItemTrattamento> salvage(const QString& id, host::Paziente* patient = nullptr);
     /// The plan with the greatest number; nothing without plans. Numbers are compared as texts.
     std::optional<clsItemTrattamento> CaricaUltimo();
     void DeserializzaMEMO(clsItemTrattamento& item, const QString& memo) const override;
     /// Asks, then deletes the plan with all that is tied to it. False when refused, not found or not deleted.
-    bool Elimina(host::Paziente& paziente, const QString& id) override;
+    bool Elimina(host::Paziente& patient, const QString& id) override;
 
 protected:
     QString SerializzaMEMO(const clsItemTrattamento& item) const override;
     /// A plan with two rows of one number stands in the list with what could be read of it.
-    void DeserializzaPerLista(clsItemTrattamento& item, const QString& memo) const override;
+    void deserializeForList(clsItemTrattamento& item, const QString& memo) const override;
 };

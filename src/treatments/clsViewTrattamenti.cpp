@@ -5,7 +5,7 @@
 #include "host/contract/Host.h"
 #include "platform/ReportGrid.h"
 #include "treatments/ApriTrattamento.h"
-#include "treatments/ColonneTrattamenti.h"
+#include "treatments/TreatmentColumns.h"
 #include "treatments/clsTrattamenti.h"
 #include "treatments/frmEditTrattamento.h"
 
@@ -14,43 +14,43 @@ QObject* clsViewTrattamenti::EditForm(const QString& id) {
     return new frmEditTrattamento;
 }
 
-void clsViewTrattamenti::costruisciColonne(platform::ReportGrid& grid) {
-    colonnetrattamenti::aggiungiPerPannello(grid);
+void clsViewTrattamenti::buildColumns(platform::ReportGrid& grid) {
+    treatmentcolumns::addForPanel(grid);
 }
 
-void clsViewTrattamenti::riempi(platform::ReportGrid& grid) {
+void clsViewTrattamenti::fill(platform::ReportGrid& grid) {
     for (const clsItemTrattamento& item : oTrattamenti->Lista()) {
         platform::ReportRecord* record = grid.addRecord();
         record->tag = item.ID;
-        colonnetrattamenti::mostra(item, *record);
+        treatmentcolumns::fillRecord(item, *record);
     }
 }
 
-void clsViewTrattamenti::adattaColonne(platform::ReportGrid& grid) {
-    grid.setColumnVisible(colonnetrattamenti::CLIENTE, !LikePannello());
+void clsViewTrattamenti::adaptColumns(platform::ReportGrid& grid) {
+    grid.setColumnVisible(treatmentcolumns::PATIENT, !LikePannello());
 }
 
-void clsViewTrattamenti::aggiungiVoci(host::PopupBar& bar, platform::ReportGrid& grid) {
-    const bool schedaUnica = oConfig && oConfig->UnicaSchedaTrattamento();
+void clsViewTrattamenti::addEntries(host::PopupBar& bar, platform::ReportGrid& grid) {
+    const bool singleSheet = oConfig && oConfig->UnicaSchedaTrattamento();
     // The single sheet must stay single.
-    if (!schedaUnica || grid.recordCount() == 0) bar.AddItem(COMANDO_NUOVO, QStringLiteral("Nuovo"));
+    if (!singleSheet || grid.recordCount() == 0) bar.AddItem(COMMAND_NEW, QStringLiteral("Nuovo"));
     if (!grid.focusedRecord()) return;
-    bar.AddItem(COMANDO_MODIFICA, QStringLiteral("Modifica"));
-    bar.AddItem(COMANDO_ELIMINA, QStringLiteral("Elimina"));
-    bar.AddItem(COMANDO_STAMPA, QStringLiteral("Stampa"));
+    bar.AddItem(COMMAND_EDIT, QStringLiteral("Modifica"));
+    bar.AddItem(COMMAND_REMOVE, QStringLiteral("Elimina"));
+    bar.AddItem(COMMAND_PRINT, QStringLiteral("Stampa"));
 }
 
-void clsViewTrattamenti::esegui(int command, platform::ReportGrid& grid) {
-    // COMANDO_STAMPA does nothing, on purpose: plans have no print of their own.
-    if (command == COMANDO_NUOVO) {
+void clsViewTrattamenti::run(int command, platform::ReportGrid& grid) {
+    // COMMAND_PRINT does nothing, on purpose: plans have no print of their own.
+    if (command == COMMAND_NEW) {
         ApriTrattamento(QString());
         return;
     }
-    platform::ReportRecord* scelto = grid.focusedRecord();
-    if (!scelto) return;
-    if (command == COMANDO_MODIFICA) ApriTrattamento(scelto->tag);
-    if (command != COMANDO_ELIMINA) return;
-    const QString id = scelto->tag;
-    if (!EliminaTrattamento(*PazienteAperto(), id)) return;
-    if (grid.focusedRecord() == scelto) grid.removeRecord(scelto);
+    platform::ReportRecord* chosen = grid.focusedRecord();
+    if (!chosen) return;
+    if (command == COMMAND_EDIT) ApriTrattamento(chosen->tag);
+    if (command != COMMAND_REMOVE) return;
+    const QString id = chosen->tag;
+    if (!deleteTreatment(*currentPatient(), id)) return;
+    if (grid.focusedRecord() == chosen) grid.removeRecord(chosen);
 }

@@ -5,15 +5,15 @@
 /// The plans of the open patient, as the host's panel shows them. Owned by the module's assembly.
 class clsViewTrattamenti : public clsViewBase {
 public:
-    static constexpr qint32 TIPO_RECORD = 101014;
+    static constexpr qint32 RECORD_TYPE = 101014;
 
-    qint32 TipoRecord() const override { return TIPO_RECORD; }
+    qint32 TipoRecord() const override { return RECORD_TYPE; }
     QObject* EditForm(const QString& id) override;
 
 protected:
-    void costruisciColonne(platform::ReportGrid& grid) override;
-    void riempi(platform::ReportGrid& grid) override;
-    void adattaColonne(platform::ReportGrid& grid) override;
-    void aggiungiVoci(host::PopupBar& bar, platform::ReportGrid& grid) override;
-    void esegui(int command, platform::ReportGrid& grid) override;
+    void buildColumns(platform::ReportGrid& grid) override;
+    void fill(platform::ReportGrid& grid) override;
+    void adaptColumns(platform::ReportGrid& grid) override;
+    void addEntries(host::PopupBar& bar, platform::ReportGrid& grid) override;
+    void run(int command, platform::ReportGrid& grid) override;
 };

@@ -25,74 +25,74 @@ using platform::form::named;
 
 namespace {
 
-constexpr QChar PARTI = u':';
-constexpr QChar VOCI = u';';
-constexpr int INGRANDIMENTO = 3;
+constexpr QChar PARTS = u':';
+constexpr QChar ENTRIES = u';';
+constexpr int ENLARGEMENT = 3;
 
-QString immagine(int indice, const QString& situazione) {
+QString pictureFile(int index, const QString& situation) {
     QString file;
-    if (!oGraphical || !oGraphical->SituazioneDente(DenteDaIndice(indice), situazione, file)) return {};
+    if (!oGraphical || !oGraphical->SituazioneDente(DenteDaIndice(index), situation, file)) return {};
     return platform::files::exists(file) ? file : QString();
 }
 
-bool riguarda(const clsItemRigoTrattamento& rigo, const QString& indice) {
-    return rigo.dente == QLatin1String("+") ? rigo.denti.split(VOCI).contains(indice) : rigo.dente == indice;
+bool concerns(const clsItemRigoTrattamento& row, const QString& index) {
+    return row.dente == QLatin1String("+") ? row.denti.split(ENTRIES).contains(index) : row.dente == index;
 }
 
 /// The tooth's own entry in the situation of a plan; empty when it has none.
-QString voceDelDente(const clsItemTrattamento& item, const QString& indice) {
-    const QStringList voci = item.SituazioneOrale.split(VOCI);
-    for (const QString& voce : voci) {
-        if (voce.section(PARTI, 0, 0) == indice) return voce;
+QString entryOfTooth(const clsItemTrattamento& item, const QString& index) {
+    const QStringList entries = item.SituazioneOrale.split(ENTRIES);
+    for (const QString& entry : entries) {
+        if (entry.section(PARTS, 0, 0) == index) return entry;
     }
     return {};
 }
 
 /// The mark that parts the entries of a plan would tear this one apart, and its neighbours with it.
-QString senzaSeparatori(QString testo) {
-    return testo.replace(VOCI, QLatin1Char(',')).simplified();
+QString withoutSeparators(QString text) {
+    return text.replace(ENTRIES, QLatin1Char(',')).simplified();
 }
 
-platform::ReportGrid* elenco(const QString& nome, const QString& accessibile, QWidget* parent) {
-    auto* griglia = named(new platform::ReportGrid(parent), nome);
-    griglia->setAccessibleName(accessibile);
-    griglia->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QString());
-    griglia->setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
-    griglia->setGroupBoxVisible(false);
-    griglia->setReadOnly(true);
-    griglia->setEditMode(false, false);
-    griglia->setSort(-1, Qt::AscendingOrder);
-    return griglia;
+platform::ReportGrid* makeList(const QString& name, const QString& accessibleName, QWidget* parent) {
+    auto* grid = named(new platform::ReportGrid(parent), name);
+    grid->setAccessibleName(accessibleName);
+    grid->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QString());
+    grid->setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
+    grid->setGroupBoxVisible(false);
+    grid->setReadOnly(true);
+    grid->setEditMode(false, false);
+    grid->setSort(-1, Qt::AscendingOrder);
+    return grid;
 }
 
-void colonna(platform::ReportGrid& griglia, const QString& didascalia, int larghezza, bool ridimensionabile = false) {
-    platform::ReportColumn descrizione;
-    descrizione.caption = didascalia;
-    descrizione.width = larghezza;
-    descrizione.resizable = ridimensionabile;
-    griglia.addColumn(descrizione);
+void addColumn(platform::ReportGrid& grid, const QString& caption, int width, bool resizable = false) {
+    platform::ReportColumn description;
+    description.caption = caption;
+    description.width = width;
+    description.resizable = resizable;
+    grid.addColumn(description);
 }
 
 } // namespace
 
-frmEditDente::frmEditDente(const PianoDelDente& piano, int indice, const DenteComposto& dente, QWidget* parent)
+frmEditDente::frmEditDente(const ToothPlan& plan, int index, const ComposedTooth& tooth, QWidget* parent)
     : QDialog(parent)
-    , piano_(piano)
-    , indice_(indice)
-    , dente_(dente) {
+    , plan_(plan)
+    , index_(index)
+    , tooth_(tooth) {
     setObjectName(QStringLiteral("frmEditDente"));
     setWindowTitle(TitoloForm(QStringLiteral("Gestione Dente")));
-    costruisciCampi();
-    costruisciElenchi();
-    disponi();
+    buildFields();
+    buildLists();
+    layOut();
     InizializzaForm(this);
     cbSituazione_->setFocus();
 }
 
-void frmEditDente::costruisciCampi() {
+void frmEditDente::buildFields() {
     using platform::form::button;
     cbSituazione_ = named(new QComboBox(this), QStringLiteral("cbSituazione"));
-    riempiSituazioni();
+    fillSituations();
     cbNessuna_ = button(QStringLiteral("cbNessuna"), QStringLiteral("Nessuna"), this);
     cbNessuna_->setToolTip(QStringLiteral("Toglie la situazione dal dente"));
     tbDati_ = platform::form::textBox(QStringLiteral("tbDati"), this);
@@ -100,181 +100,181 @@ void frmEditDente::costruisciCampi() {
     cbAnnulla_ = button(QStringLiteral("cbAnnulla"), QStringLiteral("Annulla"), this);
     cbNessuna_->setAutoDefault(false);
     cbConferma_->setDefault(true);
-    if (piano_.solaLettura) {
-        for (QWidget* campo : {static_cast<QWidget*>(cbSituazione_), static_cast<QWidget*>(cbNessuna_),
+    if (plan_.readOnly) {
+        for (QWidget* field : {static_cast<QWidget*>(cbSituazione_), static_cast<QWidget*>(cbNessuna_),
                                static_cast<QWidget*>(tbDati_), static_cast<QWidget*>(cbConferma_)})
-            campo->setEnabled(false);
+            field->setEnabled(false);
         cbAnnulla_->setText(QStringLiteral("Chiudi"));
     }
-    connect(cbSituazione_, &QComboBox::currentIndexChanged, this, &frmEditDente::mostraSituazione);
-    connect(cbNessuna_, &QPushButton::clicked, this, &frmEditDente::togliSituazione);
+    connect(cbSituazione_, &QComboBox::currentIndexChanged, this, &frmEditDente::showSituation);
+    connect(cbNessuna_, &QPushButton::clicked, this, &frmEditDente::clearSituation);
     connect(cbConferma_, &QPushButton::clicked, this, &QDialog::accept);
     connect(cbAnnulla_, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void frmEditDente::costruisciElenchi() {
-    rcTrattamenti_ = elenco(QStringLiteral("rcTrattamenti"), QStringLiteral("Trattamenti del dente"), this);
-    colonna(*rcTrattamenti_, QStringLiteral("Progressivo"), 80);
-    colonna(*rcTrattamenti_, QStringLiteral("Data"), 70);
-    colonna(*rcTrattamenti_, QStringLiteral("Situazione"), 90);
-    colonna(*rcTrattamenti_, QStringLiteral("Note"), 20, true);
-    rcRighi_ = elenco(QStringLiteral("rcRighi"), QStringLiteral("Lavori sul dente"), this);
-    colonna(*rcRighi_, QStringLiteral("Servizio"), 90);
-    colonna(*rcRighi_, QStringLiteral("Descrizione"), 90, true);
-    connect(rcTrattamenti_, &platform::ReportGrid::focusedRecordChanged, this, &frmEditDente::mostraRighi);
+void frmEditDente::buildLists() {
+    rcTrattamenti_ = makeList(QStringLiteral("rcTrattamenti"), QStringLiteral("Trattamenti del dente"), this);
+    addColumn(*rcTrattamenti_, QStringLiteral("Progressivo"), 80);
+    addColumn(*rcTrattamenti_, QStringLiteral("Data"), 70);
+    addColumn(*rcTrattamenti_, QStringLiteral("Situazione"), 90);
+    addColumn(*rcTrattamenti_, QStringLiteral("Note"), 20, true);
+    rcRighi_ = makeList(QStringLiteral("rcRighi"), QStringLiteral("Lavori sul dente"), this);
+    addColumn(*rcRighi_, QStringLiteral("Servizio"), 90);
+    addColumn(*rcRighi_, QStringLiteral("Descrizione"), 90, true);
+    connect(rcTrattamenti_, &platform::ReportGrid::focusedRecordChanged, this, &frmEditDente::showRows);
 }
 
-QLayout* frmEditDente::colonnaDente() {
-    auto* piastra = new QWidget(this);
-    immagine_ = new ToothBox(indice_, piastra);
-    immagine_->setTooth(dente_);
-    immagine_->setFixedSize(ToothBox::naturalSize(indice_) * INGRANDIMENTO);
-    immagine_->numberLabel()->hide(); // the number of the chart; this window has its own
+QLayout* frmEditDente::toothColumn() {
+    auto* plate = new QWidget(this);
+    picture_ = new ToothBox(index_, plate);
+    picture_->setTooth(tooth_);
+    picture_->setFixedSize(ToothBox::naturalSize(index_) * ENLARGEMENT);
+    picture_->numberLabel()->hide(); // the number of the chart; this window has its own
     // In this window there is one tooth, and its parts go by names without a number.
-    const std::pair<const char*, const char*> nomi[] = {{"imTooth", "imTooh"},
-                                                        {"imTrt01", "imTrt01"},
-                                                        {"imTrt02", "imTrt02"},
-                                                        {"imTrt03", "imTrt03"},
-                                                        {"imStatusLavori", "imStatusLavori"}};
-    for (const auto& [nellaTavola, qui] : nomi) {
-        if (auto* parte = immagine_->findChild<QWidget*>(arrayName(nellaTavola, indice_)))
-            parte->setObjectName(QLatin1String(qui));
+    const std::pair<const char*, const char*> names[] = {{"imTooth", "imTooh"},
+                                                         {"imTrt01", "imTrt01"},
+                                                         {"imTrt02", "imTrt02"},
+                                                         {"imTrt03", "imTrt03"},
+                                                         {"imStatusLavori", "imStatusLavori"}};
+    for (const auto& [inChart, here] : names) {
+        if (auto* part = picture_->findChild<QWidget*>(arrayName(inChart, index_)))
+            part->setObjectName(QLatin1String(here));
     }
-    immagine_->numberLabel()->setObjectName(QString());
-    piastra->setFixedSize(immagine_->size());
-    laDente_ = named(new QLabel(DenteDaIndice(indice_), this), arrayName("laDente", 0));
-    QFont grande = laDente_->font();
-    grande.setPointSizeF(grande.pointSizeF() * 1.6);
-    grande.setBold(true);
-    laDente_->setFont(grande);
-    auto* colonna = new QVBoxLayout;
-    colonna->addStretch(1);
+    picture_->numberLabel()->setObjectName(QString());
+    plate->setFixedSize(picture_->size());
+    laDente_ = named(new QLabel(DenteDaIndice(index_), this), arrayName("laDente", 0));
+    QFont large = laDente_->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    large.setBold(true);
+    laDente_->setFont(large);
+    auto* column = new QVBoxLayout;
+    column->addStretch(1);
     // The number stands on the side of the roots, as on the chart.
-    if (DenteSuperiore(indice_)) colonna->addWidget(laDente_, 0, Qt::AlignHCenter);
-    colonna->addWidget(piastra, 0, Qt::AlignHCenter);
-    if (!DenteSuperiore(indice_)) colonna->addWidget(laDente_, 0, Qt::AlignHCenter);
-    colonna->addStretch(1);
-    return colonna;
+    if (isUpper(index_)) column->addWidget(laDente_, 0, Qt::AlignHCenter);
+    column->addWidget(plate, 0, Qt::AlignHCenter);
+    if (!isUpper(index_)) column->addWidget(laDente_, 0, Qt::AlignHCenter);
+    column->addStretch(1);
+    return column;
 }
 
-void frmEditDente::disponi() {
+void frmEditDente::layOut() {
     using platform::form::labelledRow;
-    QString piano = QStringLiteral("Trattamento ") + piano_.anno + QLatin1Char('-') + piano_.progressivo;
-    if (!piano_.data.isEmpty()) piano += QStringLiteral(" del ") + piano_.data;
-    auto* situazione = new QWidget(this);
-    auto* rigaSituazione = new QHBoxLayout(situazione);
-    rigaSituazione->setContentsMargins(0, 0, 0, 0);
-    rigaSituazione->addWidget(cbSituazione_, 1);
-    rigaSituazione->addWidget(cbNessuna_);
-    situazione->setFocusProxy(cbSituazione_);
-    auto* campi = new QGridLayout;
-    labelledRow(campi, 0, 0, QStringLiteral("Situazione:"), situazione);
-    labelledRow(campi, 1, 0, QStringLiteral("Note:"), tbDati_);
-    campi->setColumnStretch(1, 1);
+    QString plan = QStringLiteral("Trattamento ") + plan_.year + QLatin1Char('-') + plan_.progressive;
+    if (!plan_.date.isEmpty()) plan += QStringLiteral(" del ") + plan_.date;
+    auto* situation = new QWidget(this);
+    auto* situationRow = new QHBoxLayout(situation);
+    situationRow->setContentsMargins(0, 0, 0, 0);
+    situationRow->addWidget(cbSituazione_, 1);
+    situationRow->addWidget(cbNessuna_);
+    situation->setFocusProxy(cbSituazione_);
+    auto* fields = new QGridLayout;
+    labelledRow(fields, 0, 0, QStringLiteral("Situazione:"), situation);
+    labelledRow(fields, 1, 0, QStringLiteral("Note:"), tbDati_);
+    fields->setColumnStretch(1, 1);
     cbSituazione_->setAccessibleName(QStringLiteral("Situazione del dente"));
     tbDati_->setAccessibleName(QStringLiteral("Note sul dente"));
 
-    auto* trattamenti = platform::form::titledArea(QStringLiteral("Trattamenti del dente"), this);
-    (new QVBoxLayout(trattamenti))->addWidget(rcTrattamenti_);
-    auto* lavori = platform::form::titledArea(QStringLiteral("Lavori sul dente"), this);
-    (new QVBoxLayout(lavori))->addWidget(rcRighi_);
+    auto* treatments = platform::form::titledArea(QStringLiteral("Trattamenti del dente"), this);
+    (new QVBoxLayout(treatments))->addWidget(rcTrattamenti_);
+    auto* work = platform::form::titledArea(QStringLiteral("Lavori sul dente"), this);
+    (new QVBoxLayout(work))->addWidget(rcRighi_);
 
-    auto* destra = new QVBoxLayout;
-    destra->addWidget(platform::form::heading(QStringLiteral("laTitoloForm"), piano, this));
-    destra->addLayout(campi);
-    destra->addWidget(trattamenti, 1);
-    destra->addWidget(lavori, 1);
-    auto* centro = new QHBoxLayout;
-    centro->addLayout(colonnaDente());
-    centro->addSpacing(12);
-    centro->addLayout(destra, 1);
-    auto* tutto = new QVBoxLayout(this);
-    tutto->addLayout(centro, 1);
-    tutto->addLayout(platform::form::buttonRow({cbConferma_, cbAnnulla_}));
+    auto* right = new QVBoxLayout;
+    right->addWidget(platform::form::heading(QStringLiteral("laTitoloForm"), plan, this));
+    right->addLayout(fields);
+    right->addWidget(treatments, 1);
+    right->addWidget(work, 1);
+    auto* middle = new QHBoxLayout;
+    middle->addLayout(toothColumn());
+    middle->addSpacing(12);
+    middle->addLayout(right, 1);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(middle, 1);
+    all->addLayout(platform::form::buttonRow({cbConferma_, cbAnnulla_}));
     resize(780, 560);
-    QWidget* precedente = cbSituazione_;
-    for (QWidget* prossimo : {static_cast<QWidget*>(cbNessuna_), static_cast<QWidget*>(tbDati_),
-                              static_cast<QWidget*>(rcTrattamenti_->view()), static_cast<QWidget*>(rcRighi_->view()),
-                              static_cast<QWidget*>(cbConferma_), static_cast<QWidget*>(cbAnnulla_)}) {
-        setTabOrder(precedente, prossimo);
-        precedente = prossimo;
+    QWidget* previous = cbSituazione_;
+    for (QWidget* next : {static_cast<QWidget*>(cbNessuna_), static_cast<QWidget*>(tbDati_),
+                          static_cast<QWidget*>(rcTrattamenti_->view()), static_cast<QWidget*>(rcRighi_->view()),
+                          static_cast<QWidget*>(cbConferma_), static_cast<QWidget*>(cbAnnulla_)}) {
+        setTabOrder(previous, next);
+        previous = next;
     }
 }
 
-void frmEditDente::riempiSituazioni() {
+void frmEditDente::fillSituations() {
     if (colSituazioniDenti) {
-        for (const clsItemSituazioneDente& situazione : *colSituazioniDenti)
-            cbSituazione_->addItem(situazione.descrizione, situazione.id);
+        for (const clsItemSituazioneDente& situation : *colSituazioniDenti)
+            cbSituazione_->addItem(situation.descrizione, situation.id);
     }
     cbSituazione_->setCurrentIndex(-1);
 }
 
-void frmEditDente::carica(const QString& voce) {
-    const QString situazione = voce.section(PARTI, 1, 1);
-    tbDati_->setText(voce.section(PARTI, 2));
-    cbSituazione_->setCurrentIndex(situazione.isEmpty() ? -1 : cbSituazione_->findData(situazione));
-    const QString file = situazione.isEmpty() ? QString() : immagine(indice_, situazione);
-    dente_.immagine = file.isEmpty() ? immagine(indice_, QString()) : file;
-    immagine_->setTooth(dente_);
-    riempiTrattamenti();
+void frmEditDente::load(const QString& entry) {
+    const QString situation = entry.section(PARTS, 1, 1);
+    tbDati_->setText(entry.section(PARTS, 2));
+    cbSituazione_->setCurrentIndex(situation.isEmpty() ? -1 : cbSituazione_->findData(situation));
+    const QString file = situation.isEmpty() ? QString() : pictureFile(index_, situation);
+    tooth_.picture = file.isEmpty() ? pictureFile(index_, QString()) : file;
+    picture_->setTooth(tooth_);
+    fillTreatments();
 }
 
-QString frmEditDente::voce() const {
-    const QString situazione = cbSituazione_->currentIndex() < 0 ? QString() : cbSituazione_->currentData().toString();
-    return QString::number(indice_) + PARTI + situazione + PARTI + senzaSeparatori(tbDati_->text());
+QString frmEditDente::entry() const {
+    const QString situation = cbSituazione_->currentIndex() < 0 ? QString() : cbSituazione_->currentData().toString();
+    return QString::number(index_) + PARTS + situation + PARTS + withoutSeparators(tbDati_->text());
 }
 
-void frmEditDente::mostraSituazione() {
-    const QString situazione = cbSituazione_->currentIndex() < 0 ? QString() : cbSituazione_->currentData().toString();
-    const QString file = situazione.isEmpty() ? QString() : immagine(indice_, situazione);
-    dente_.immagine = file.isEmpty() ? immagine(indice_, QString()) : file;
-    immagine_->setTooth(dente_);
+void frmEditDente::showSituation() {
+    const QString situation = cbSituazione_->currentIndex() < 0 ? QString() : cbSituazione_->currentData().toString();
+    const QString file = situation.isEmpty() ? QString() : pictureFile(index_, situation);
+    tooth_.picture = file.isEmpty() ? pictureFile(index_, QString()) : file;
+    picture_->setTooth(tooth_);
 }
 
-void frmEditDente::togliSituazione() {
+void frmEditDente::clearSituation() {
     cbSituazione_->setCurrentIndex(-1);
     cbSituazione_->setFocus();
 }
 
 // --------------------------------------------------------------------------------------------- what was done before
 
-void frmEditDente::riempiTrattamenti() {
-    const QString indice = QString::number(indice_);
-    const QString numero = piano_.anno + QLatin1Char('-') + piano_.progressivo;
-    platform::ReportRecord* attuale = nullptr;
+void frmEditDente::fillTreatments() {
+    const QString index = QString::number(index_);
+    const QString number = plan_.year + QLatin1Char('-') + plan_.progressive;
+    platform::ReportRecord* current = nullptr;
     reading_.read(*rcTrattamenti_, [&] {
         if (!oTrattamenti) return;
         for (const clsItemTrattamento& item : oTrattamenti->Lista()) {
-            bool trattato = false;
-            for (const clsItemRigoTrattamento& rigo : item.righi)
-                trattato = trattato || riguarda(rigo, indice);
-            if (!trattato) continue;
-            const QString voce = voceDelDente(item, indice);
+            bool isTreated = false;
+            for (const clsItemRigoTrattamento& row : item.righi)
+                isTreated = isTreated || concerns(row, index);
+            if (!isTreated) continue;
+            const QString entry = entryOfTooth(item, index);
             platform::ReportRecord* record = rcTrattamenti_->addRecord();
             record->tag = item.ID;
-            record->cell(0).value = unisciIdrif1(item);
+            record->cell(0).value = joinIdrif1(item);
             record->cell(1).value = item.Data;
-            record->cell(2).value = NomeSituazioneDente(voce.section(PARTI, 1, 1));
-            record->cell(3).value = voce.section(PARTI, 2);
-            if (record->cell(0).value == numero) attuale = record;
+            record->cell(2).value = situationName(entry.section(PARTS, 1, 1));
+            record->cell(3).value = entry.section(PARTS, 2);
+            if (record->cell(0).value == number) current = record;
         }
     });
     rcTrattamenti_->populate();
-    rcTrattamenti_->setFocusedRecord(attuale);
-    mostraRighi();
+    rcTrattamenti_->setFocusedRecord(current);
+    showRows();
 }
 
-void frmEditDente::mostraRighi() {
-    const QString indice = QString::number(indice_);
-    const platform::ReportRecord* scelto = rcTrattamenti_->focusedRecord();
+void frmEditDente::showRows() {
+    const QString index = QString::number(index_);
+    const platform::ReportRecord* chosen = rcTrattamenti_->focusedRecord();
     readingRows_.read(*rcRighi_, [&] {
-        const clsItemTrattamento* item = scelto && oTrattamenti ? oTrattamenti->Lista().find(scelto->tag) : nullptr;
+        const clsItemTrattamento* item = chosen && oTrattamenti ? oTrattamenti->Lista().find(chosen->tag) : nullptr;
         if (!item) return;
-        for (const clsItemRigoTrattamento& rigo : item->righi) {
-            if (!riguarda(rigo, indice)) continue;
+        for (const clsItemRigoTrattamento& row : item->righi) {
+            if (!concerns(row, index)) continue;
             platform::ReportRecord* record = rcRighi_->addRecord();
-            record->cell(0).value = rigo.servizio;
-            record->cell(1).value = rigo.descrizione;
+            record->cell(0).value = row.servizio;
+            record->cell(1).value = row.descrizione;
         }
     });
     rcRighi_->populate();

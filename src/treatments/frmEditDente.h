@@ -24,35 +24,35 @@ class frmEditDente : public QDialog {
     Q_OBJECT
 
 public:
-    frmEditDente(const PianoDelDente& piano, int indice, const DenteComposto& dente, QWidget* parent = nullptr);
+    frmEditDente(const ToothPlan& plan, int index, const ComposedTooth& tooth, QWidget* parent = nullptr);
 
-    void carica(const QString& voce); ///< The entry "index:situation:text".
-    QString voce() const;             ///< The entry as it stands in the controls.
-    bool confermato() const { return result() == Accepted; }
+    void load(const QString& entry); ///< The entry "index:situation:text".
+    QString entry() const;           ///< The entry as it stands in the controls.
+    bool confirmed() const { return result() == Accepted; }
 
 private:
-    QLayout* colonnaDente();
-    void costruisciCampi();
-    void costruisciElenchi();
-    void disponi();
-    void riempiSituazioni();
-    void riempiTrattamenti();
-    void mostraRighi();
-    void mostraSituazione(); ///< The picture follows the situation that is chosen.
-    void togliSituazione();
+    QLayout* toothColumn();
+    void buildFields();
+    void buildLists();
+    void layOut();
+    void fillSituations();
+    void fillTreatments();
+    void showRows();
+    void showSituation(); ///< The picture follows the situation that is chosen.
+    void clearSituation();
 
-    PianoDelDente piano_;
-    int indice_;
-    DenteComposto dente_;
-    ToothBox* immagine_ = nullptr;
+    ToothPlan plan_;
+    int index_;
+    ComposedTooth tooth_;
+    ToothBox* picture_ = nullptr;
     QLabel* laDente_ = nullptr;
     QComboBox* cbSituazione_ = nullptr;
     QPushButton* cbNessuna_ = nullptr;
     QLineEdit* tbDati_ = nullptr;
     platform::ReportGrid* rcTrattamenti_ = nullptr;
     platform::ReportGrid* rcRighi_ = nullptr;
-    ListReading reading_{[this] { riempiTrattamenti(); }, this};
-    ListReading readingRows_{[this] { mostraRighi(); }, this};
+    ListReading reading_{[this] { fillTreatments(); }, this};
+    ListReading readingRows_{[this] { showRows(); }, this};
     QPushButton* cbConferma_ = nullptr;
     QPushButton* cbAnnulla_ = nullptr;
 };

@@ -13,8 +13,8 @@
 #include "platform/Regional.h"
 #include "store/modConversioni.h"
 #include "store/modUtenti.h"
-#include "treatments/PannelloStadio.h"
-#include "treatments/RigoInGriglia.h"
+#include "treatments/GridRow.h"
+#include "treatments/StagePanel.h"
 #include "treatments/clsItemRigoTrattamento.h"
 
 #include <QCheckBox>
@@ -31,13 +31,13 @@
 
 namespace {
 
-constexpr int MEDICO = 0;
-constexpr int ASSISTENTE_UTENTE = 3;
+constexpr int DOCTOR_KIND = 0;
+constexpr int ASSISTANT_KIND = 3;
 const char* const TAG = "Tag";
-const QLatin1Char DOMANDA('?');
+const QLatin1Char SEARCH_MARK('?');
 
-QString importo(double valore) {
-    return platform::regional().format(static_cast<float>(valore), QStringLiteral("###0.00"));
+QString amount(double value) {
+    return platform::regional().format(static_cast<float>(value), QStringLiteral("###0.00"));
 }
 
 } // namespace
@@ -50,12 +50,12 @@ frmEditRigoTrattamento::frmEditRigoTrattamento(QWidget* parent)
     tmCavolo_->setObjectName(QStringLiteral("tmCavolo"));
     tmCavolo_->setSingleShot(true);
     tmCavolo_->setInterval(0);
-    costruisciCampi();
-    disponi();
-    collega();
-    mostraDate();
+    buildFields();
+    layOut();
+    wire();
+    showDates();
     InizializzaForm(this);
-    ConservaGeometria(this);
+    keepGeometry(this);
 }
 
 // The field that loses the keyboard with the window has its say while the window is whole.
@@ -63,114 +63,115 @@ frmEditRigoTrattamento::~frmEditRigoTrattamento() {
     hide();
 }
 
-void frmEditRigoTrattamento::collega() {
-    connect(cbAccetta_, &QPushButton::clicked, this, &frmEditRigoTrattamento::accetta);
+void frmEditRigoTrattamento::wire() {
+    connect(cbAccetta_, &QPushButton::clicked, this, &frmEditRigoTrattamento::acceptRow);
     connect(cbAnnulla_, &QPushButton::clicked, this, &frmEditRigoTrattamento::reject);
-    connect(cerca_[CERCA_SERVIZIO], &QPushButton::clicked, this, &frmEditRigoTrattamento::cercaServizio);
-    connect(cerca_[CERCA_DENTE], &QPushButton::clicked, this, &frmEditRigoTrattamento::scegliDenti);
-    connect(cerca_[CERCA_OPERATORE], &QPushButton::clicked, this, [this] { scegliUtente(MEDICO, tbDati_[OPERATORE]); });
-    connect(cerca_[CERCA_ASSISTENTE], &QPushButton::clicked, this,
-            [this] { scegliUtente(ASSISTENTE_UTENTE, tbDati_[ASSISTENTE]); });
-    connect(tbDati_[SERVIZIO], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::servizioCambiato);
-    for (QLineEdit* campo : {tbDati_[SERVIZIO], tbDati_[DESCRIZIONE]}) {
-        connect(campo, &QLineEdit::textEdited, this, [this](const QString& testo) {
-            if (testo.contains(DOMANDA)) tmCavolo_->start();
+    connect(search_[SEARCH_SERVICE], &QPushButton::clicked, this, &frmEditRigoTrattamento::searchService);
+    connect(search_[SEARCH_TEETH], &QPushButton::clicked, this, &frmEditRigoTrattamento::chooseTeeth);
+    connect(search_[SEARCH_OPERATOR], &QPushButton::clicked, this,
+            [this] { chooseUser(DOCTOR_KIND, tbDati_[OPERATOR]); });
+    connect(search_[SEARCH_ASSISTANT], &QPushButton::clicked, this,
+            [this] { chooseUser(ASSISTANT_KIND, tbDati_[ASSISTANT]); });
+    connect(tbDati_[SERVICE], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::serviceChanged);
+    for (QLineEdit* field : {tbDati_[SERVICE], tbDati_[DESCRIPTION]}) {
+        connect(field, &QLineEdit::textEdited, this, [this](const QString& text) {
+            if (text.contains(SEARCH_MARK)) tmCavolo_->start();
         });
     }
     connect(tmCavolo_, &QTimer::timeout, this, [this] {
-        for (QLineEdit* campo : {tbDati_[SERVIZIO], tbDati_[DESCRIZIONE]})
-            campo->setText(campo->text().replace(DOMANDA, QLatin1Char(' ')).trimmed());
-        cercaServizio();
+        for (QLineEdit* field : {tbDati_[SERVICE], tbDati_[DESCRIPTION]})
+            field->setText(field->text().replace(SEARCH_MARK, QLatin1Char(' ')).trimmed());
+        searchService();
     });
-    connect(tbDati_[DENTI], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::aggiornaTotale);
-    connect(tbTotali_[0], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::aggiornaTotale);
-    connect(tbDati_[SERVIZIO], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::servizioScritto);
-    connect(tbDati_[DENTI], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::dentiScritti);
-    connect(tbTotali_[0], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::prezzoScritto);
-    connect(cbDate_[0], &QCheckBox::toggled, this, [this](bool iniziato) {
-        if (!iniziato) cbDate_[1]->setChecked(false); // no end without a start
-        mostraDate();
+    connect(tbDati_[TEETH], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::updateTotal);
+    connect(tbTotali_[0], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::updateTotal);
+    connect(tbDati_[SERVICE], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::serviceTyped);
+    connect(tbDati_[TEETH], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::teethTyped);
+    connect(tbTotali_[0], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::priceTyped);
+    connect(cbDate_[0], &QCheckBox::toggled, this, [this](bool isStarted) {
+        if (!isStarted) cbDate_[1]->setChecked(false); // no end without a start
+        showDates();
     });
-    connect(cbDate_[1], &QCheckBox::toggled, this, &frmEditRigoTrattamento::mostraDate);
+    connect(cbDate_[1], &QCheckBox::toggled, this, &frmEditRigoTrattamento::showDates);
 }
 
 // ---------------------------------------------------------------------------------------------- the row in and out
 
-void frmEditRigoTrattamento::carica(const clsItemRigoTrattamento& rigo) {
-    servizio_ = CodiceServizio(rigo.servizio);
-    fatturato_ = !rigo.fattura.isEmpty();
-    laProgressivo_->setText(rigo.progressivo);
-    tbDati_[SERVIZIO]->setText(rigo.servizio);
-    tbDati_[DESCRIZIONE]->setText(rigo.descrizione);
-    tbDati_[OPERATORE]->setText(DescrizioneUtente(rigo.operatore));
-    tbDati_[OPERATORE]->setProperty(TAG, rigo.operatore);
-    tbDati_[ASSISTENTE]->setText(DescrizioneUtente(rigo.assistente));
-    tbDati_[ASSISTENTE]->setProperty(TAG, rigo.assistente);
-    tbDati_[DENTI]->setText(ToothList::fromRecord(rigo.dente, rigo.denti).selection());
-    dentiScritti();
-    tbNote_->setPlainText(rigo.note);
-    CaricaComboRaggrMerc(cbRaggrMerc_, rigo.raggruppamento);
-    tbTotali_[0]->setText(importo(static_cast<double>(rigo.prezzo)));
-    prezzoScritto();
-    cbFuoriPreventivo_->setChecked(rigo.fuoripreventivo);
-    caricaDate(rigo);
-    servizioCambiato();
-    avvisaServizio();
-    const QList<StadioLavoro> stadi = stadilavoro::leggi(rigo.statuslavori);
-    for (std::size_t i = 0; i < pbStatus_.size() && static_cast<qsizetype>(i) < stadi.size(); ++i)
-        pbStatus_[i]->setDate(stadi[static_cast<qsizetype>(i)]);
-    aggiornaTotale();
+void frmEditRigoTrattamento::load(const clsItemRigoTrattamento& row) {
+    service_ = serviceCode(row.servizio);
+    isInvoiced_ = !row.fattura.isEmpty();
+    laProgressivo_->setText(row.progressivo);
+    tbDati_[SERVICE]->setText(row.servizio);
+    tbDati_[DESCRIPTION]->setText(row.descrizione);
+    tbDati_[OPERATOR]->setText(DescrizioneUtente(row.operatore));
+    tbDati_[OPERATOR]->setProperty(TAG, row.operatore);
+    tbDati_[ASSISTANT]->setText(DescrizioneUtente(row.assistente));
+    tbDati_[ASSISTANT]->setProperty(TAG, row.assistente);
+    tbDati_[TEETH]->setText(ToothList::fromRecord(row.dente, row.denti).selection());
+    teethTyped();
+    tbNote_->setPlainText(row.note);
+    CaricaComboRaggrMerc(cbRaggrMerc_, row.raggruppamento);
+    tbTotali_[0]->setText(amount(static_cast<double>(row.prezzo)));
+    priceTyped();
+    cbFuoriPreventivo_->setChecked(row.fuoripreventivo);
+    loadDates(row);
+    serviceChanged();
+    noticeService();
+    const QList<WorkStage> stages = workstages::read(row.statuslavori);
+    for (std::size_t i = 0; i < pbStatus_.size() && static_cast<qsizetype>(i) < stages.size(); ++i)
+        pbStatus_[i]->setDate(stages[static_cast<qsizetype>(i)]);
+    updateTotal();
 }
 
-void frmEditRigoTrattamento::caricaDate(const clsItemRigoTrattamento& rigo) {
-    const std::array<QString, 2> date{rigo.inizio, rigo.fine};
+void frmEditRigoTrattamento::loadDates(const clsItemRigoTrattamento& row) {
+    const std::array<QString, 2> date{row.inizio, row.fine};
     for (std::size_t i = 0; i < date.size(); ++i) {
-        const auto giorno = platform::regional().toDate(date[i]);
-        if (giorno) dtpData_[i]->setDate(*giorno);
-        cbDate_[i]->setChecked(giorno.has_value());
+        const auto day = platform::regional().toDate(date[i]);
+        if (day) dtpData_[i]->setDate(*day);
+        cbDate_[i]->setChecked(day.has_value());
     }
-    mostraDate();
+    showDates();
 }
 
-void frmEditRigoTrattamento::scrivi(clsItemRigoTrattamento& rigo) const {
-    const auto giorno = [this](std::size_t i) {
+void frmEditRigoTrattamento::write(clsItemRigoTrattamento& row) const {
+    const auto day = [this](std::size_t i) {
         return cbDate_[i]->isChecked() ? platform::regional().shortDate(dtpData_[i]->date()) : QString();
     };
-    const QString scritto = tbDati_[SERVIZIO]->text();
-    const QString codice = CodiceServizio(scritto);
-    rigo.servizio = codice.isEmpty() ? scritto : codice;
-    rigo.descrizione = tbDati_[DESCRIZIONE]->text();
-    rigo.operatore = tbDati_[OPERATORE]->property(TAG).toString();
-    rigo.assistente = tbDati_[ASSISTENTE]->property(TAG).toString();
-    const ToothList denti = ToothList::fromTyped(tbDati_[DENTI]->text()).value_or(ToothList());
-    rigo.dente = denti.dente();
-    rigo.denti = denti.denti();
-    rigo.note = tbNote_->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    const QString written = tbDati_[SERVICE]->text();
+    const QString code = serviceCode(written);
+    row.servizio = code.isEmpty() ? written : code;
+    row.descrizione = tbDati_[DESCRIPTION]->text();
+    row.operatore = tbDati_[OPERATOR]->property(TAG).toString();
+    row.assistente = tbDati_[ASSISTANT]->property(TAG).toString();
+    const ToothList teeth = ToothList::fromTyped(tbDati_[TEETH]->text()).value_or(ToothList());
+    row.dente = teeth.tooth();
+    row.denti = teeth.toothList();
+    row.note = tbNote_->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
     // A group that the practice has since struck off its list is no line here, and stays with the row.
     if (cbRaggrMerc_->currentIndex() >= 0)
-        rigo.raggruppamento = cbRaggrMerc_->currentText().section(QLatin1Char(' '), 0, 0);
-    rigo.prezzo = CastSingle(tbTotali_[0]->text());
-    rigo.fuoripreventivo = cbFuoriPreventivo_->isChecked();
-    rigo.inizio = giorno(0);
-    rigo.fine = giorno(1);
-    QList<StadioLavoro> stadi;
-    for (const PannelloStadio* stadio : pbStatus_) {
-        if (stadio->inUso()) stadi << stadio->stadio();
+        row.raggruppamento = cbRaggrMerc_->currentText().section(QLatin1Char(' '), 0, 0);
+    row.prezzo = CastSingle(tbTotali_[0]->text());
+    row.fuoripreventivo = cbFuoriPreventivo_->isChecked();
+    row.inizio = day(0);
+    row.fine = day(1);
+    QList<WorkStage> stages;
+    for (const StagePanel* stage : pbStatus_) {
+        if (stage->inUse()) stages << stage->stage();
     }
-    rigo.statuslavori = stadilavoro::scrivi(stadi);
+    row.statuslavori = workstages::write(stages);
 }
 
-void frmEditRigoTrattamento::setSolaLettura() {
+void frmEditRigoTrattamento::setReadOnly() {
     cbAccetta_->setEnabled(false);
     cbAnnulla_->setText(QStringLiteral("Chiudi"));
 }
 
-bool frmEditRigoTrattamento::accettato() const {
+bool frmEditRigoTrattamento::isAccepted() const {
     return laOUTB_->text() == QLatin1String("OK");
 }
 
-void frmEditRigoTrattamento::accetta() {
-    servizioScritto();
+void frmEditRigoTrattamento::acceptRow() {
+    serviceTyped();
     laOUTB_->setText(QStringLiteral("OK"));
     done(QDialog::Accepted);
 }
@@ -182,124 +183,124 @@ void frmEditRigoTrattamento::reject() {
 
 // --------------------------------------------------------------------------------------- what follows from a change
 
-void frmEditRigoTrattamento::servizioCambiato() {
+void frmEditRigoTrattamento::serviceChanged() {
     // The dates of the old service's stages go with it, on purpose.
-    for (PannelloStadio* stadio : pbStatus_)
-        stadio->libera();
-    const QStringList nomi = stadilavoro::nomi(StatusLavoriServizio(tbDati_[SERVIZIO]->text()));
-    for (qsizetype i = 0; i < nomi.size(); ++i)
-        pbStatus_[static_cast<std::size_t>(i)]->usa(nomi[i]);
-    areaStadi_->setVisible(!nomi.isEmpty());
-    const float listino = fatturato_ ? 0.0F : PrezzoServizio(tbDati_[SERVIZIO]->text());
-    tbTotali_[0]->setPlaceholderText(importo(static_cast<double>(listino)));
-    aggiornaTotale();
+    for (StagePanel* stage : pbStatus_)
+        stage->release();
+    const QStringList names = workstages::names(StatusLavoriServizio(tbDati_[SERVICE]->text()));
+    for (qsizetype i = 0; i < names.size(); ++i)
+        pbStatus_[static_cast<std::size_t>(i)]->use(names[i]);
+    stagesArea_->setVisible(!names.isEmpty());
+    const float listPrice = isInvoiced_ ? 0.0F : PrezzoServizio(tbDati_[SERVICE]->text());
+    tbTotali_[0]->setPlaceholderText(amount(static_cast<double>(listPrice)));
+    updateTotal();
 }
 
-void frmEditRigoTrattamento::servizioScritto() {
-    const QString codice = CodiceServizio(tbDati_[SERVIZIO]->text());
-    if (!codice.isEmpty()) {
-        const QSignalBlocker stessoServizio(tbDati_[SERVIZIO]); // in other letters, and its stages stay
-        tbDati_[SERVIZIO]->setText(codice);
+void frmEditRigoTrattamento::serviceTyped() {
+    const QString code = serviceCode(tbDati_[SERVICE]->text());
+    if (!code.isEmpty()) {
+        const QSignalBlocker sameService(tbDati_[SERVICE]); // in other letters, and its stages stay
+        tbDati_[SERVICE]->setText(code);
     }
-    avvisaServizio();
-    if (codice.isEmpty() || codice == servizio_) return;
-    if (fatturato_)
-        servizio_ = codice;
+    noticeService();
+    if (code.isEmpty() || code == service_) return;
+    if (isInvoiced_)
+        service_ = code;
     else
-        applicaServizio();
+        applyService();
 }
 
-void frmEditRigoTrattamento::avvisaServizio() {
-    const QString scritto = tbDati_[SERVIZIO]->text();
-    const bool ignoto = !scritto.isEmpty() && CodiceServizio(scritto).isEmpty();
-    platform::form::setNotice(tbDati_[SERVIZIO], ignoto ? platform::Notice::Warning : platform::Notice::None,
-                              ignoto ? QStringLiteral("Il servizio non è nel catalogo") : QString());
+void frmEditRigoTrattamento::noticeService() {
+    const QString written = tbDati_[SERVICE]->text();
+    const bool isUnknown = !written.isEmpty() && serviceCode(written).isEmpty();
+    platform::form::setNotice(tbDati_[SERVICE], isUnknown ? platform::Notice::Warning : platform::Notice::None,
+                              isUnknown ? QStringLiteral("Il servizio non è nel catalogo") : QString());
 }
 
-void frmEditRigoTrattamento::dentiScritti() {
-    const QString scritto = tbDati_[DENTI]->text();
-    const auto letti = ToothList::fromTyped(scritto);
-    if (letti && letti->selection() != scritto) tbDati_[DENTI]->setText(letti->selection());
-    const QString avviso = rigogriglia::avvisoDenti(letti.value_or(ToothList()), scritto.trimmed());
-    platform::form::setNotice(tbDati_[DENTI], avviso.isEmpty() ? platform::Notice::None : platform::Notice::Error,
-                              avviso);
+void frmEditRigoTrattamento::teethTyped() {
+    const QString written = tbDati_[TEETH]->text();
+    const auto read = ToothList::fromTyped(written);
+    if (read && read->selection() != written) tbDati_[TEETH]->setText(read->selection());
+    const QString notice = gridrow::teethNotice(read.value_or(ToothList()), written.trimmed());
+    platform::form::setNotice(tbDati_[TEETH], notice.isEmpty() ? platform::Notice::None : platform::Notice::Error,
+                              notice);
 }
 
-void frmEditRigoTrattamento::prezzoScritto() {
-    const QString scritto = tbTotali_[0]->text();
-    const bool importoLetto = scritto.isEmpty() || platform::regional().toNumber(scritto);
+void frmEditRigoTrattamento::priceTyped() {
+    const QString written = tbTotali_[0]->text();
+    const bool isAmount = written.isEmpty() || platform::regional().toNumber(written);
     // A row without a price of its own has the catalogue's, which then shows through.
-    if (importoLetto && !fatturato_ && CastSingle(scritto) == 0.0F) tbTotali_[0]->clear();
-    platform::form::setNotice(tbTotali_[0], importoLetto ? platform::Notice::None : platform::Notice::Error,
-                              importoLetto ? QString() : QStringLiteral("Non è un importo: non verrà memorizzato"));
+    if (isAmount && !isInvoiced_ && CastSingle(written) == 0.0F) tbTotali_[0]->clear();
+    platform::form::setNotice(tbTotali_[0], isAmount ? platform::Notice::None : platform::Notice::Error,
+                              isAmount ? QString() : QStringLiteral("Non è un importo: non verrà memorizzato"));
 }
 
-void frmEditRigoTrattamento::cercaServizio() {
-    QString codice = tbDati_[SERVIZIO]->text();
-    QString descrizione = tbDati_[DESCRIZIONE]->text();
-    if (!ScegliServizio(true, codice, descrizione)) return;
-    tbDati_[SERVIZIO]->setText(codice);
-    tbDati_[DESCRIZIONE]->setText(descrizione);
-    applicaServizio();
+void frmEditRigoTrattamento::searchService() {
+    QString code = tbDati_[SERVICE]->text();
+    QString description = tbDati_[DESCRIPTION]->text();
+    if (!ScegliServizio(true, code, description)) return;
+    tbDati_[SERVICE]->setText(code);
+    tbDati_[DESCRIPTION]->setText(description);
+    applyService();
 }
 
-void frmEditRigoTrattamento::applicaServizio() {
-    const QString codice = tbDati_[SERVIZIO]->text();
-    servizio_ = CodiceServizio(codice);
-    avvisaServizio();
-    tbTotali_[0]->setText(importo(static_cast<double>(PrezzoServizio(codice))));
-    const clsItemServizio* servizio = oServizi->Carica(codice);
-    if (servizio && tbDati_[DESCRIZIONE]->text().trimmed().isEmpty())
-        tbDati_[DESCRIZIONE]->setText(servizio->descrizione);
-    CaricaComboRaggrMerc(cbRaggrMerc_, RaggruppamentoServizio(codice));
-    prezzoScritto();
+void frmEditRigoTrattamento::applyService() {
+    const QString code = tbDati_[SERVICE]->text();
+    service_ = serviceCode(code);
+    noticeService();
+    tbTotali_[0]->setText(amount(static_cast<double>(PrezzoServizio(code))));
+    const clsItemServizio* service = oServizi->Carica(code);
+    if (service && tbDati_[DESCRIPTION]->text().trimmed().isEmpty())
+        tbDati_[DESCRIPTION]->setText(service->descrizione);
+    CaricaComboRaggrMerc(cbRaggrMerc_, RaggruppamentoServizio(code));
+    priceTyped();
 }
 
-void frmEditRigoTrattamento::scegliDenti() {
-    QString selezione = tbDati_[DENTI]->text();
-    qint16 quanti = 0;
-    if (!ScegliDenti(selezione, quanti)) return;
-    tbDati_[DENTI]->setText(selezione);
-    dentiScritti();
+void frmEditRigoTrattamento::chooseTeeth() {
+    QString selection = tbDati_[TEETH]->text();
+    qint16 count = 0;
+    if (!ScegliDenti(selection, count)) return;
+    tbDati_[TEETH]->setText(selection);
+    teethTyped();
 }
 
 // miOperatori and miAssistenti: one entry per user of that kind who is still in the practice.
-void frmEditRigoTrattamento::scegliUtente(int tipo, QLineEdit* campo) {
-    QList<platform::MenuEntry> voci;
-    QStringList codici;
-    for (const host::VoceUtente& utente : UtentiDaScegliere(tipo)) {
-        voci << platform::MenuEntry{NomeUtente(utente), true};
-        codici << utente.codicefiscale;
+void frmEditRigoTrattamento::chooseUser(int kind, QLineEdit* field) {
+    QList<platform::MenuEntry> entries;
+    QStringList codes;
+    for (const host::VoceUtente& user : usersToChooseFrom(kind)) {
+        entries << platform::MenuEntry{displayName(user), true};
+        codes << user.codicefiscale;
     }
-    const int scelta = platform::dialogs().popup(voci);
-    if (scelta < 0 || scelta >= codici.size()) return;
-    campo->setText(voci[scelta].caption);
-    campo->setProperty(TAG, codici[scelta]);
+    const int choice = platform::dialogs().popup(entries);
+    if (choice < 0 || choice >= codes.size()) return;
+    field->setText(entries[choice].caption);
+    field->setProperty(TAG, codes[choice]);
 }
 
-void frmEditRigoTrattamento::aggiornaTotale() {
-    const int quanti = ToothList::fromTyped(tbDati_[DENTI]->text()).value_or(ToothList()).factor();
-    tbTotali_[1]->setText(importo(static_cast<double>(prezzo()) * quanti));
+void frmEditRigoTrattamento::updateTotal() {
+    const int count = ToothList::fromTyped(tbDati_[TEETH]->text()).value_or(ToothList()).factor();
+    tbTotali_[1]->setText(amount(static_cast<double>(price()) * count));
 }
 
-float frmEditRigoTrattamento::prezzo() const {
-    const float proprio = CastSingle(tbTotali_[0]->text());
-    return proprio == 0.0F && !fatturato_ ? PrezzoServizio(tbDati_[SERVIZIO]->text()) : proprio;
+float frmEditRigoTrattamento::price() const {
+    const float own = CastSingle(tbTotali_[0]->text());
+    return own == 0.0F && !isInvoiced_ ? PrezzoServizio(tbDati_[SERVICE]->text()) : own;
 }
 
-void frmEditRigoTrattamento::mostraDate() {
-    const bool iniziato = cbDate_[0]->isChecked();
-    dtpData_[0]->setVisible(iniziato);
-    cbDate_[1]->setVisible(iniziato);
+void frmEditRigoTrattamento::showDates() {
+    const bool isStarted = cbDate_[0]->isChecked();
+    dtpData_[0]->setVisible(isStarted);
+    cbDate_[1]->setVisible(isStarted);
     dtpData_[1]->setVisible(cbDate_[1]->isChecked());
 }
 
 bool frmEditRigoTrattamento::eventFilter(QObject* watched, QEvent* event) {
     if (watched == tbNote_->viewport() && event->type() == QEvent::MouseButtonDblClick) {
         tbNote_->setReadOnly(!tbNote_->isReadOnly());
-        QPalette colori = palette();
-        if (tbNote_->isReadOnly()) colori.setColor(QPalette::Base, colori.color(QPalette::Window));
-        tbNote_->setPalette(colori);
+        QPalette colours = palette();
+        if (tbNote_->isReadOnly()) colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+        tbNote_->setPalette(colours);
         return true;
     }
     // In the note, which has lines, Enter writes one, on purpose; Tab leaves it.
@@ -313,12 +314,12 @@ bool frmEditRigoTrattamento::eventFilter(QObject* watched, QEvent* event) {
     return QDialog::eventFilter(watched, event);
 }
 
-bool ModificaRigoTrattamento(clsItemRigoTrattamento& rigo, bool solaLettura, QWidget* parent) {
+bool ModificaRigoTrattamento(clsItemRigoTrattamento& row, bool readOnly, QWidget* parent) {
     frmEditRigoTrattamento editor(parent);
-    editor.carica(rigo);
-    if (solaLettura) editor.setSolaLettura();
+    editor.load(row);
+    if (readOnly) editor.setReadOnly();
     editor.exec();
-    if (!editor.accettato()) return false;
-    editor.scrivi(rigo);
+    if (!editor.isAccepted()) return false;
+    editor.write(row);
     return true;
 }

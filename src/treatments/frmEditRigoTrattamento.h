@@ -4,7 +4,7 @@
 #include <QList>
 #include <array>
 
-class PannelloStadio;
+class StagePanel;
 class QCheckBox;
 class QComboBox;
 class QDateEdit;
@@ -27,10 +27,10 @@ public:
     explicit frmEditRigoTrattamento(QWidget* parent = nullptr);
     ~frmEditRigoTrattamento() override;
 
-    void carica(const clsItemRigoTrattamento& rigo);
-    void scrivi(clsItemRigoTrattamento& rigo) const;
-    void setSolaLettura(); ///< The row can be seen but not changed.
-    bool accettato() const;
+    void load(const clsItemRigoTrattamento& row);
+    void write(clsItemRigoTrattamento& row) const;
+    void setReadOnly(); ///< The row can be seen but not changed.
+    bool isAccepted() const;
 
     void reject() override;
 
@@ -38,51 +38,51 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    // Places in tbDati_ and cerca_.
-    enum Campo { SERVIZIO = 0, DESCRIZIONE = 2, OPERATORE = 3, ASSISTENTE = 4, DENTI = 5 };
-    enum Ricerca { CERCA_SERVIZIO, CERCA_OPERATORE, CERCA_ASSISTENTE, CERCA_DENTE };
+    // Places in tbDati_ and search_.
+    enum Field { SERVICE = 0, DESCRIPTION = 2, OPERATOR = 3, ASSISTANT = 4, TEETH = 5 };
+    enum Search { SEARCH_SERVICE, SEARCH_OPERATOR, SEARCH_ASSISTANT, SEARCH_TEETH };
 
-    void costruisciCampi();
-    void disponi();
-    void ordinaCampi();
-    QGroupBox* areaLavori();
-    QGroupBox* areaStadi();
-    void collega();
-    void accetta();
+    void buildFields();
+    void layOut();
+    void orderFields();
+    QGroupBox* workArea();
+    QGroupBox* stagesArea();
+    void wire();
+    void acceptRow();
 
-    void servizioCambiato();
-    void servizioScritto();
-    void dentiScritti();
-    void prezzoScritto();
-    float prezzo() const; ///< The catalogue's while the row has none of its own.
-    void cercaServizio();
-    void applicaServizio();
-    void scegliDenti();
-    void scegliUtente(int tipo, QLineEdit* campo);
-    void aggiornaTotale();
-    void avvisaServizio();
-    void mostraDate();
-    void caricaDate(const clsItemRigoTrattamento& rigo);
+    void serviceChanged();
+    void serviceTyped();
+    void teethTyped();
+    void priceTyped();
+    float price() const; ///< The catalogue's while the row has none of its own.
+    void searchService();
+    void applyService();
+    void chooseTeeth();
+    void chooseUser(int kind, QLineEdit* field);
+    void updateTotal();
+    void noticeService();
+    void showDates();
+    void loadDates(const clsItemRigoTrattamento& row);
 
     QLabel* laProgressivo_ = nullptr;
     std::array<QLineEdit*, 6> tbDati_{}; ///< Number 1 is not in use.
     QPlainTextEdit* tbNote_ = nullptr;   ///< tbDati(6)
-    std::array<QPushButton*, 4> cerca_{};
+    std::array<QPushButton*, 4> search_{};
     std::array<QLineEdit*, 2> tbTotali_{};
     QComboBox* cbRaggrMerc_ = nullptr;
     std::array<QCheckBox*, 2> cbDate_{};
     std::array<QDateEdit*, 2> dtpData_{};
     QCheckBox* cbFuoriPreventivo_ = nullptr;
-    std::array<PannelloStadio*, 4> pbStatus_{};
-    QGroupBox* areaStadi_ = nullptr;
+    std::array<StagePanel*, 4> pbStatus_{};
+    QGroupBox* stagesArea_ = nullptr;
     QLabel* laOUTB_ = nullptr;
     QPushButton* cbAccetta_ = nullptr;
     QPushButton* cbAnnulla_ = nullptr;
     QTimer* tmCavolo_ = nullptr;
-    QString servizio_;       ///< The service of the catalogue that was applied last.
-    bool fatturato_ = false; ///< An invoiced row keeps its price, even if that is 0.
+    QString service_;         ///< The service of the catalogue that was applied last.
+    bool isInvoiced_ = false; ///< An invoiced row keeps its price, even if that is 0.
 };
 
 /// Lets the user edit a row; true when accepted, and the row then holds the new values. Its number, invoice and keys
 /// are left as they are.
-bool ModificaRigoTrattamento(clsItemRigoTrattamento& rigo, bool solaLettura, QWidget* parent = nullptr);
+bool ModificaRigoTrattamento(clsItemRigoTrattamento& row, bool readOnly, QWidget* parent = nullptr);

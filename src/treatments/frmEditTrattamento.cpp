@@ -1,7 +1,7 @@
 #include "treatments/frmEditTrattamento.h"
 
 #include "config/clsConfig.h"
-#include "host/Passo.h"
+#include "host/Step.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "host/modAggiorna.h"
@@ -9,11 +9,11 @@
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "store/modLock.h"
-#include "treatments/CollegamentiTrattamento.h"
-#include "treatments/PannelloDenti.h"
-#include "treatments/RigheTrattamento.h"
-#include "treatments/TestataTrattamento.h"
-#include "treatments/TotaliTrattamento.h"
+#include "treatments/TeethPanel.h"
+#include "treatments/TreatmentHeader.h"
+#include "treatments/TreatmentLinks.h"
+#include "treatments/TreatmentRows.h"
+#include "treatments/TreatmentTotals.h"
 #include "treatments/clsTrattamenti.h"
 #include "treatments/clsViewTrattamenti.h"
 #include "treatments/frmZoomRighiTrattamento.h"
@@ -31,10 +31,10 @@ namespace {
 
 const char* const TAG = "Tag";
 const QString LOCK = QStringLiteral("Trattamento");
-const QString A_CAPO = QStringLiteral("\r\n");
+const QString LINE_END = QStringLiteral("\r\n");
 
-platform::Answer messaggio(const QString& testo, int valore) {
-    return platform::dialogs().message(testo, valore, QString::fromUtf16(TITOLO_CORVALA));
+platform::Answer message(const QString& text, int value) {
+    return platform::dialogs().message(text, value, QString::fromUtf16(CORVALA_TITLE));
 }
 
 } // namespace
@@ -43,29 +43,29 @@ frmEditTrattamento::frmEditTrattamento(QWidget* parent)
     : QDialog(parent) {
     setObjectName(QStringLiteral("frmEditTrattamento"));
     setWindowTitle(TitoloForm(QStringLiteral("Gestione Trattamento")));
-    costruisci();
-    collega();
+    build();
+    wire();
     InizializzaForm(this);
-    ConservaGeometria(this);
-    leggi();
+    keepGeometry(this);
+    read();
     if (oHost) oHost->Framework().setDialogCancel(true);
 }
 
 frmEditTrattamento::~frmEditTrattamento() {
-    liberaLock();
+    releaseLock();
 }
 
-void frmEditTrattamento::costruisci() {
+void frmEditTrattamento::build() {
     namespace form = platform::form;
     // In the order in which Tab comes by.
-    testata_ = new TestataTrattamento(this);
-    denti_ = new PannelloDenti(this);
-    schede_ = form::named(new QTabWidget(this), QStringLiteral("tcDettaglio"));
-    righe_ = new RigheTrattamento(this);
-    collegamenti_ = new CollegamentiTrattamento(this);
-    totali_ = new TotaliTrattamento(this);
-    schede_->addTab(righe_, QStringLiteral("Dettaglio Lavori e Servizi"));
-    collegamenti_->aggiungiPagine(*schede_);
+    header_ = new TreatmentHeader(this);
+    teeth_ = new TeethPanel(this);
+    tabs_ = form::named(new QTabWidget(this), QStringLiteral("tcDettaglio"));
+    rows_ = new TreatmentRows(this);
+    links_ = new TreatmentLinks(this);
+    totals_ = new TreatmentTotals(this);
+    tabs_->addTab(rows_, QStringLiteral("Dettaglio Lavori e Servizi"));
+    links_->addPages(*tabs_);
 
     cbFattura_ = form::button(QStringLiteral("cbFattura"), QStringLiteral("Fatture..."), this);
     cbPreventivo_ = form::button(QStringLiteral("cbPreventivo"), QStringLiteral("Da preventivo..."), this);
@@ -73,235 +73,235 @@ void frmEditTrattamento::costruisci() {
     cbAnnulla_ = form::button(QStringLiteral("cbAnnulla"), QStringLiteral("Annulla"), this);
     cbAnnulla_->setProperty(TAG, QString());
     // Enter belongs to the fields and to the grid.
-    for (QPushButton* bottone : {cbFattura_, cbPreventivo_, cbConferma_, cbAnnulla_})
-        bottone->setAutoDefault(false);
+    for (QPushButton* button : {cbFattura_, cbPreventivo_, cbConferma_, cbAnnulla_})
+        button->setAutoDefault(false);
     // Invoices and estimates are not there yet.
     cbFattura_->setEnabled(false);
     cbPreventivo_->setEnabled(false);
 
-    auto* piede = new QHBoxLayout;
-    piede->addWidget(cbFattura_);
-    piede->addWidget(cbPreventivo_);
-    piede->addStretch(1);
-    piede->addWidget(totali_);
-    piede->addSpacing(16);
-    piede->addWidget(cbConferma_);
-    piede->addWidget(cbAnnulla_);
+    auto* footer = new QHBoxLayout;
+    footer->addWidget(cbFattura_);
+    footer->addWidget(cbPreventivo_);
+    footer->addStretch(1);
+    footer->addWidget(totals_);
+    footer->addSpacing(16);
+    footer->addWidget(cbConferma_);
+    footer->addWidget(cbAnnulla_);
 
-    auto* colonna = new QVBoxLayout(this);
-    colonna->addWidget(testata_);
-    colonna->addWidget(denti_);
-    colonna->addWidget(schede_, 1);
-    colonna->addLayout(piede);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(header_);
+    column->addWidget(teeth_);
+    column->addWidget(tabs_, 1);
+    column->addLayout(footer);
     resizeToScreen(this, QSize(1280, 760));
 }
 
-void frmEditTrattamento::collega() {
-    connect(cbConferma_, &QPushButton::clicked, this, &frmEditTrattamento::conferma);
-    connect(cbAnnulla_, &QPushButton::clicked, this, &frmEditTrattamento::annulla);
-    connect(righe_, &RigheTrattamento::cambiati, this, &frmEditTrattamento::aggiornaDisegno);
-    connect(righe_, &RigheTrattamento::rigoScelto, denti_, &PannelloDenti::plbSelezionaTooh);
-    connect(denti_, &PannelloDenti::denteScelto, righe_, &RigheTrattamento::evidenzia);
-    connect(denti_, &PannelloDenti::servizioScelto, this,
-            [this](const QString& servizio) { denti_->plbSelezionaTooh(righe_->dentiDelServizio(servizio)); });
-    connect(denti_, &PannelloDenti::informazioniChieste, this, &frmEditTrattamento::apriDente);
-    connect(righe_, &RigheTrattamento::zoomChiesto, this, &frmEditTrattamento::apriZoom);
-    connect(testata_, &TestataTrattamento::fatturaAnticipoCambiata, this, [this] {
-        righe_->setFatturaAnticipo(testata_->fatturaAnticipoScritta());
-        totali_->aggiornaFatturazione();
+void frmEditTrattamento::wire() {
+    connect(cbConferma_, &QPushButton::clicked, this, &frmEditTrattamento::confirm);
+    connect(cbAnnulla_, &QPushButton::clicked, this, &frmEditTrattamento::cancel);
+    connect(rows_, &TreatmentRows::changed, this, &frmEditTrattamento::refreshChart);
+    connect(rows_, &TreatmentRows::rowSelected, teeth_, &TeethPanel::plbSelezionaTooh);
+    connect(teeth_, &TeethPanel::toothChosen, rows_, &TreatmentRows::highlight);
+    connect(teeth_, &TeethPanel::serviceChosen, this,
+            [this](const QString& service) { teeth_->plbSelezionaTooh(rows_->teethOfService(service)); });
+    connect(teeth_, &TeethPanel::detailsRequested, this, &frmEditTrattamento::openTooth);
+    connect(rows_, &TreatmentRows::zoomRequested, this, &frmEditTrattamento::openZoom);
+    connect(header_, &TreatmentHeader::advanceInvoiceChanged, this, [this] {
+        rows_->setAdvanceInvoice(header_->typedAdvanceInvoice());
+        totals_->updateBilling();
     });
 }
 
 // ----------------------------------------------------------------------------------------------------------- opening
 
-void frmEditTrattamento::leggi() {
+void frmEditTrattamento::read() {
     id_ = sIDTrattamento;
     try {
         if (id_.isEmpty()) {
-            testata_->prepara();
-            denti_->caricaSituazione(QString());
+            header_->prepare();
+            teeth_->loadSituation(QString());
         } else {
-            caricaTrattamento();
+            loadTreatment();
         }
-        aggiornaDisegno();
-        totali_->aggiornaFatturazione();
-    } catch (const std::exception& errore) {
-        nonLetto(QString::fromUtf8(errore.what()));
+        refreshChart();
+        totals_->updateBilling();
+    } catch (const std::exception& error) {
+        notRead(QString::fromUtf8(error.what()));
     }
 }
 
 // What was read only in part must not be saved over the whole.
-void frmEditTrattamento::nonLetto(const QString& perche) {
-    liberaLock();
-    setSolaLettura();
-    messaggio(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!") + A_CAPO +
-                  QStringLiteral("Errore: ") + perche,
-              platform::MB_WARNING);
+void frmEditTrattamento::notRead(const QString& why) {
+    releaseLock();
+    setReadOnly();
+    message(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!") + LINE_END +
+                QStringLiteral("Errore: ") + why,
+            platform::MB_WARNING);
 }
 
-void frmEditTrattamento::caricaTrattamento() {
+void frmEditTrattamento::loadTreatment() {
     // Marked before it is read: what others saved until then is in it.
-    const bool nostro = CreaLock(LOCK, id_);
-    if (nostro) cbAnnulla_->setProperty(TAG, id_);
+    const bool own = CreaLock(LOCK, id_);
+    if (own) cbAnnulla_->setProperty(TAG, id_);
     const auto item = oTrattamenti->salvage(id_);
     if (!item) { // the window stays empty, without a word
-        liberaLock();
+        releaseLock();
         return;
     }
-    if (!nostro) {
-        setSolaLettura();
-        messaggio(QStringLiteral("Attenzione! Trattamento in uso ad altro utente!") + A_CAPO +
-                      QStringLiteral("Eventuali modifiche verranno tralasciate!"),
-                  platform::MB_WARNING);
+    if (!own) {
+        setReadOnly();
+        message(QStringLiteral("Attenzione! Trattamento in uso ad altro utente!") + LINE_END +
+                    QStringLiteral("Eventuali modifiche verranno tralasciate!"),
+                platform::MB_WARNING);
     }
-    testata_->carica(*item);
-    collegamenti_->carica(*item);
-    denti_->caricaSituazione(item->SituazioneOrale);
-    righe_->carica(*item);
-    if (!item->guasto.isEmpty()) nonLetto(item->guasto);
+    header_->load(*item);
+    links_->load(*item);
+    teeth_->loadSituation(item->SituazioneOrale);
+    rows_->load(*item);
+    if (!item->fault.isEmpty()) notRead(item->fault);
 }
 
-void frmEditTrattamento::setSolaLettura() {
-    solaLettura_ = true;
+void frmEditTrattamento::setReadOnly() {
+    readOnly_ = true;
     cbConferma_->setEnabled(false);
     cbAnnulla_->setText(QStringLiteral("Chiudi"));
     cbFattura_->setEnabled(false);
-    righe_->setSolaLettura();
-    denti_->setSolaLettura();
-    collegamenti_->setSolaLettura();
+    rows_->setReadOnly();
+    teeth_->setReadOnly();
+    links_->setReadOnly();
 }
 
 int frmEditTrattamento::exec() {
-    const QString numero = std::exchange(sRigoTrattamento, QString());
-    if (!righe_->haRigo(numero) || id_.isEmpty() || solaLettura_) return QDialog::exec();
-    constexpr int ANCORA_APERTA = -1;
-    setResult(ANCORA_APERTA);
-    attivata_ = true;
-    const bool accettato = righe_->apriRigo(numero);
-    accettato ? conferma() : annulla();
+    const QString number = std::exchange(sTreatmentRow, QString());
+    if (!rows_->hasRow(number) || id_.isEmpty() || readOnly_) return QDialog::exec();
+    constexpr int STILL_OPEN = -1;
+    setResult(STILL_OPEN);
+    activated_ = true;
+    const bool isAccepted = rows_->openRow(number);
+    isAccepted ? confirm() : cancel();
     // Who chose to look the data over again, after a save that failed, gets the plan to see.
-    return result() == ANCORA_APERTA ? QDialog::exec() : result();
+    return result() == STILL_OPEN ? QDialog::exec() : result();
 }
 
 void frmEditTrattamento::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (std::exchange(attivata_, true)) return;
-    primaAttivazione();
+    if (std::exchange(activated_, true)) return;
+    firstActivation();
 }
 
-void frmEditTrattamento::primaAttivazione() {
-    if (id_.isEmpty() && oConfig && oConfig->AutomaticoRigoVuoto()) righe_->arma(RigheTrattamento::NUOVO);
+void frmEditTrattamento::firstActivation() {
+    if (id_.isEmpty() && oConfig && oConfig->AutomaticoRigoVuoto()) rows_->arm(TreatmentRows::NEW);
 }
 
-void frmEditTrattamento::apriDente(int indice) {
-    const PianoDelDente piano{testata_->anno(), testata_->progressivo(), testata_->data(), solaLettura_};
-    QString voce = denti_->voce(indice);
-    if (ScegliSituazioneDente(piano, indice, denti_->dente(indice), voce, this)) denti_->applica(indice, voce);
+void frmEditTrattamento::openTooth(int index) {
+    const ToothPlan plan{header_->year(), header_->progressive(), header_->date(), readOnly_};
+    QString entry = teeth_->entry(index);
+    if (ScegliSituazioneDente(plan, index, teeth_->tooth(index), entry, this)) teeth_->apply(index, entry);
 }
 
-void frmEditTrattamento::apriZoom() {
-    frmZoomRighiTrattamento zoom(testata_->anno() + QLatin1Char('-') + testata_->progressivo(), this);
-    righe_->copia(zoom);
-    connect(&zoom, &frmZoomRighiTrattamento::rigoScelto, denti_, &PannelloDenti::plbSelezionaTooh);
+void frmEditTrattamento::openZoom() {
+    frmZoomRighiTrattamento zoom(header_->year() + QLatin1Char('-') + header_->progressive(), this);
+    rows_->copyTo(zoom);
+    connect(&zoom, &frmZoomRighiTrattamento::rowSelected, teeth_, &TeethPanel::plbSelezionaTooh);
     zoom.exec();
 }
 
-void frmEditTrattamento::aggiornaDisegno() {
-    denti_->aggiorna(righe_->perIlDisegno());
-    totali_->aggiornaLavori(righe_->righi());
+void frmEditTrattamento::refreshChart() {
+    teeth_->setRows(rows_->forChart());
+    totals_->updateWork(rows_->rows());
 }
 
 void frmEditTrattamento::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_F3:
-        premiTasto(0);
+        pressButton(0);
         return;
     case Qt::Key_F4:
-        premiTasto(1);
+        pressButton(1);
         return;
     case Qt::Key_F5:
-        premiTasto(2);
+        pressButton(2);
         return;
     default:
         QDialog::keyPressEvent(event);
     }
 }
 
-void frmEditTrattamento::premiTasto(int indice) {
-    if (schede_->currentWidget() == righe_)
-        righe_->premi(static_cast<RigheTrattamento::Comando>(indice));
+void frmEditTrattamento::pressButton(int index) {
+    if (tabs_->currentWidget() == rows_)
+        rows_->press(static_cast<TreatmentRows::Command>(index));
     else
-        collegamenti_->premiAppunti(indice);
+        links_->pressNotes(index);
 }
 
 // ------------------------------------------------------------------------------------------------------------ saving
 
-void frmEditTrattamento::conferma() {
-    bool salvato = false;
+void frmEditTrattamento::confirm() {
+    bool saved = false;
     try {
-        righe_->concludiModifica();
-        salvato = verifica() && salva();
-    } catch (const std::exception& errore) {
-        messaggio(QStringLiteral("Attenzione! Riscontrati errori in salvataggio dati trattamento!") + A_CAPO +
-                      QStringLiteral("Errore: ") + QString::fromUtf8(errore.what()),
-                  platform::MB_WARNING);
+        rows_->endEdit();
+        saved = check() && save();
+    } catch (const std::exception& error) {
+        message(QStringLiteral("Attenzione! Riscontrati errori in salvataggio dati trattamento!") + LINE_END +
+                    QStringLiteral("Errore: ") + QString::fromUtf8(error.what()),
+                platform::MB_WARNING);
     }
-    if (salvato) confermato();
+    if (saved) closeConfirmed();
 }
 
-bool frmEditTrattamento::verifica() {
-    const auto mancanza = testata_->verifica();
-    if (!mancanza) return true;
-    messaggio(mancanza->messaggio, platform::MB_WARNING);
-    mancanza->campo->setFocus();
+bool frmEditTrattamento::check() {
+    const auto missing = header_->check();
+    if (!missing) return true;
+    message(missing->message, platform::MB_WARNING);
+    missing->field->setFocus();
     return false;
 }
 
-clsItemTrattamento frmEditTrattamento::componi() {
+clsItemTrattamento frmEditTrattamento::compose() {
     clsItemTrattamento item;
     item.ID = id_;
-    testata_->scrivi(item);
-    collegamenti_->scrivi(item);
-    item.SituazioneOrale = denti_->situazioneOrale();
-    for (clsItemRigoTrattamento rigo : righe_->righi()) {
-        rigo.kanno = item.anno;
-        rigo.kprogressivo = item.progressivo;
-        item.righi.add(rigo.progressivo, rigo);
+    header_->write(item);
+    links_->write(item);
+    item.SituazioneOrale = teeth_->mouthSituation();
+    for (clsItemRigoTrattamento row : rows_->rows()) {
+        row.kanno = item.anno;
+        row.kprogressivo = item.progressivo;
+        item.righi.add(row.progressivo, row);
     }
     return item;
 }
 
-bool frmEditTrattamento::salva() {
-    clsItemTrattamento item = componi();
-    if (!(id_.isEmpty() ? oTrattamenti->SalvaNuovo(item) : oTrattamenti->Salva(item))) {
-        const platform::Answer rivedere = messaggio(
+bool frmEditTrattamento::save() {
+    clsItemTrattamento item = compose();
+    if (!(id_.isEmpty() ? oTrattamenti->saveNew(item) : oTrattamenti->Salva(item))) {
+        const platform::Answer review = message(
             QStringLiteral("Attenzione! Salvataggio non a buon fine! Vuoi rivedere i dati?"), platform::MB_QUESTION);
-        if (rivedere != platform::Answer::Yes) reject();
+        if (review != platform::Answer::Yes) reject();
         return false;
     }
     id_ = item.ID;
-    testata_->setProgressivo(item.progressivo); // the next one, when another workstation has taken its own meanwhile
+    header_->setProgressive(item.progressivo); // the next one, when another workstation has taken its own meanwhile
     return true;
 }
 
 // The plan is stored: what fails from here on concerns who shows it, and keeps nobody from the rest.
-void frmEditTrattamento::confermato() {
-    passo([] {
-        if (host::Paziente* paziente = PazienteAperto()) paziente->GeneraEvento(paziente->corvala());
+void frmEditTrattamento::closeConfirmed() {
+    step([] {
+        if (host::Paziente* patient = currentPatient()) patient->GeneraEvento(patient->corvala());
     });
-    liberaLock();
+    releaseLock();
     oTrattamenti->Refresh();
-    passo([] {
+    step([] {
         if (oConfig) oConfig->RefreshGUITrattamento(); // there may be work going on now, or no more
     });
-    passo([] {
+    step([] {
         if (oHost) oHost->Framework().setDialogCancel(false);
     });
-    passo([this] { RefreshTrattamenti(id_); });
-    passo([] { RefreshSintesi(); });
-    passo([] {
-        const QString pannello = QStringLiteral("Corvala: Lista Trattamenti");
-        if (oHost && oViewTrattamenti && oHost->Archivio().Pannelli().PannelloCaricato(pannello))
+    step([this] { RefreshTrattamenti(id_); });
+    step([] { RefreshSintesi(); });
+    step([] {
+        const QString panel = QStringLiteral("Corvala: Lista Trattamenti");
+        if (oHost && oViewTrattamenti && oHost->Archivio().Pannelli().PannelloCaricato(panel))
             oViewTrattamenti->RefreshPannello();
     });
     done(QDialog::Accepted);
@@ -309,13 +309,13 @@ void frmEditTrattamento::confermato() {
 
 // ----------------------------------------------------------------------------------------------------------- closing
 
-void frmEditTrattamento::annulla() {
-    if (id_.isEmpty() && collegamenti_->haCollegamenti()) {
-        const platform::Answer davvero = messaggio(
+void frmEditTrattamento::cancel() {
+    if (id_.isEmpty() && links_->hasLinks()) {
+        const platform::Answer sure = message(
             QStringLiteral("Nota Bene: Sono stati collegati degli allegati e/o aggiunti degli scarichi di magazzino!") +
-                A_CAPO + QStringLiteral("Attenzione! Vuoi davvero non salvare le modifiche?"),
+                LINE_END + QStringLiteral("Attenzione! Vuoi davvero non salvare le modifiche?"),
             platform::MB_QUESTION_DEFAULT_NO);
-        if (davvero != platform::Answer::Yes) return;
+        if (sure != platform::Answer::Yes) return;
     }
     reject();
 }
@@ -326,11 +326,11 @@ void frmEditTrattamento::reject() {
 }
 
 void frmEditTrattamento::done(int result) {
-    liberaLock();
+    releaseLock();
     QDialog::done(result);
 }
 
-void frmEditTrattamento::liberaLock() {
+void frmEditTrattamento::releaseLock() {
     const QString tag = cbAnnulla_->property(TAG).toString();
     if (tag.isEmpty() || !oConfig) return; // the folder of the locks went with the module
     cbAnnulla_->setProperty(TAG, QString());

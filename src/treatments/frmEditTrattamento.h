@@ -3,13 +3,13 @@
 #include <QDialog>
 #include <QString>
 
-class CollegamentiTrattamento;
-class PannelloDenti;
+class TreatmentLinks;
+class TeethPanel;
 class QPushButton;
 class QTabWidget;
-class RigheTrattamento;
-class TestataTrattamento;
-class TotaliTrattamento;
+class TreatmentRows;
+class TreatmentHeader;
+class TreatmentTotals;
 
 struct clsItemTrattamento;
 
@@ -25,7 +25,7 @@ public:
     explicit frmEditTrattamento(QWidget* parent = nullptr);
     ~frmEditTrattamento() override;
 
-    /// With a row asked for in `sRigoTrattamento` only the row editor shows, and the plan follows its answer unseen,
+    /// With a row asked for in `sTreatmentRow` only the row editor shows, and the plan follows its answer unseen,
     /// unless it cannot be saved. A number that no row bears counts as none.
     int exec() override;
     void done(int result) override;
@@ -36,35 +36,35 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void costruisci();
-    void collega();
-    void leggi();
-    void caricaTrattamento();
-    void setSolaLettura();
-    void nonLetto(const QString& perche);
-    void primaAttivazione();
-    void aggiornaDisegno();
-    void apriDente(int indice);
-    void apriZoom();
-    void premiTasto(int indice);
+    void build();
+    void wire();
+    void read();
+    void loadTreatment();
+    void setReadOnly();
+    void notRead(const QString& why);
+    void firstActivation();
+    void refreshChart();
+    void openTooth(int index);
+    void openZoom();
+    void pressButton(int index);
 
-    void conferma();
-    bool verifica();
-    bool salva();
-    void confermato();
-    void annulla();
-    clsItemTrattamento componi();
-    void liberaLock();
+    void confirm();
+    bool check();
+    bool save();
+    void closeConfirmed();
+    void cancel();
+    clsItemTrattamento compose();
+    void releaseLock();
 
     QString id_; ///< Of the plan at hand; empty for a new one.
-    bool solaLettura_ = false;
-    bool attivata_ = false;
-    TestataTrattamento* testata_ = nullptr;
-    PannelloDenti* denti_ = nullptr;
-    RigheTrattamento* righe_ = nullptr;
-    TotaliTrattamento* totali_ = nullptr;
-    CollegamentiTrattamento* collegamenti_ = nullptr;
-    QTabWidget* schede_ = nullptr;
+    bool readOnly_ = false;
+    bool activated_ = false;
+    TreatmentHeader* header_ = nullptr;
+    TeethPanel* teeth_ = nullptr;
+    TreatmentRows* rows_ = nullptr;
+    TreatmentTotals* totals_ = nullptr;
+    TreatmentLinks* links_ = nullptr;
+    QTabWidget* tabs_ = nullptr;
     QPushButton* cbConferma_ = nullptr;
     QPushButton* cbAnnulla_ = nullptr;
     QPushButton* cbFattura_ = nullptr;

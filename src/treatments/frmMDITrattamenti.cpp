@@ -4,54 +4,54 @@
 #include "platform/Regional.h"
 #include "platform/ReportRecord.h"
 #include "treatments/ApriTrattamento.h"
-#include "treatments/ColonneTrattamenti.h"
-#include "treatments/MemoTrattamento.h"
+#include "treatments/TreatmentColumns.h"
+#include "treatments/TreatmentMemo.h"
 #include "treatments/clsTrattamenti.h"
 
 namespace {
 
-ElencoPeriodo::Impostazioni impostazioni() {
+PeriodList::Settings settings() {
     return {
         QStringLiteral("frmMDITrattamenti"),   QStringLiteral("rcTrattamenti"), QStringLiteral("laTitoloTrattamenti"),
-        QStringLiteral("ELENCO TRATTAMENTI "), QStringLiteral("TRT"),           colonnetrattamenti::PROGRESSIVO};
+        QStringLiteral("ELENCO TRATTAMENTI "), QStringLiteral("TRT"),           treatmentcolumns::PROGRESSIVE};
 }
 
 } // namespace
 
 frmMDITrattamenti::frmMDITrattamenti(QWidget* parent)
-    : ElencoPeriodo(impostazioni(), parent) {
-    prepara();
+    : PeriodList(settings(), parent) {
+    prepare();
 }
 
 void frmMDITrattamenti::RefreshTrattamenti(const QString& id) {
-    ricarica(id);
+    reload(id);
 }
 
 void frmMDITrattamenti::RefreshGraficaTrattamenti() {
-    aggiornaGrafica();
+    refreshMarks();
 }
 
-void frmMDITrattamenti::costruisciColonne(platform::ReportGrid& grid) {
-    colonnetrattamenti::aggiungiPerElenco(grid);
+void frmMDITrattamenti::buildColumns(platform::ReportGrid& grid) {
+    treatmentcolumns::addForList(grid);
 }
 
-void frmMDITrattamenti::riempi(platform::ReportRecord& record, const host::Recordset& riga, host::Paziente&) {
+void frmMDITrattamenti::fill(platform::ReportRecord& record, const host::Recordset& row, host::Paziente&) {
     clsItemTrattamento item;
     item.ID = record.tag;
-    item.Data = platform::regional().shortDate(riga.value(QStringLiteral("data")).toDate());
-    item.descrizione = riga.text(QStringLiteral("descrizione"));
-    leggiMemoPerElenco(item, riga.text(QStringLiteral("m1")));
-    colonnetrattamenti::mostra(item, record);
+    item.Data = platform::regional().shortDate(row.value(QStringLiteral("data")).toDate());
+    item.descrizione = row.text(QStringLiteral("descrizione"));
+    readMemoForList(item, row.text(QStringLiteral("m1")));
+    treatmentcolumns::fillRecord(item, record);
 }
 
-QList<int> frmMDITrattamenti::colonnePaziente() const {
-    return {colonnetrattamenti::CODICE_FISCALE, colonnetrattamenti::CLIENTE};
+QList<int> frmMDITrattamenti::patientColumns() const {
+    return {treatmentcolumns::TAX_CODE, treatmentcolumns::PATIENT};
 }
 
-void frmMDITrattamenti::apri(const QString& id) {
+void frmMDITrattamenti::open(const QString& id) {
     ApriTrattamento(id);
 }
 
-bool frmMDITrattamenti::elimina(host::Paziente& paziente, const QString& id) {
-    return EliminaTrattamento(paziente, id);
+bool frmMDITrattamenti::remove(host::Paziente& patient, const QString& id) {
+    return deleteTreatment(patient, id);
 }

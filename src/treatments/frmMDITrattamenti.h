@@ -1,10 +1,10 @@
 #pragma once
 
-#include "store/ElencoPeriodo.h"
+#include "store/PeriodList.h"
 
 /// The practice-wide list of treatment plans. Owned by the host as a child window; refreshed by name through its two
 /// invokable members.
-class frmMDITrattamenti : public ElencoPeriodo {
+class frmMDITrattamenti : public PeriodList {
     Q_OBJECT
 
 public:
@@ -15,9 +15,9 @@ public:
     Q_INVOKABLE void RefreshGraficaTrattamenti(); ///< Only marks the rows of the open patient anew.
 
 protected:
-    void costruisciColonne(platform::ReportGrid& grid) override;
-    void riempi(platform::ReportRecord& record, const host::Recordset& riga, host::Paziente& paziente) override;
-    QList<int> colonnePaziente() const override;
-    void apri(const QString& id) override;
-    bool elimina(host::Paziente& paziente, const QString& id) override;
+    void buildColumns(platform::ReportGrid& grid) override;
+    void fill(platform::ReportRecord& record, const host::Recordset& row, host::Paziente& patient) override;
+    QList<int> patientColumns() const override;
+    void open(const QString& id) override;
+    bool remove(host::Paziente& patient, const QString& id) override;
 };

@@ -16,19 +16,19 @@ class frmZoomRighiTrattamento : public QDialog {
     Q_OBJECT
 
 public:
-    /// `numero` is that of the plan, "2026-0001".
-    explicit frmZoomRighiTrattamento(const QString& numero, QWidget* parent = nullptr);
+    /// `number` is that of the plan, "2026-0001".
+    explicit frmZoomRighiTrattamento(const QString& number, QWidget* parent = nullptr);
 
-    void aggiungi(const platform::ReportRecord& rigo); ///< A copy, cell by cell, at the end.
+    void add(const platform::ReportRecord& record); ///< A copy, cell by cell, at the end.
 
 signals:
-    void rigoScelto(const QString& denti); ///< Teeth of the row now selected.
+    void rowSelected(const QString& teeth); ///< Teeth of the row now selected.
 
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void costruisciGriglia();
+    void buildGrid();
 
     platform::ReportGrid* rcRighi_ = nullptr;
     QPushButton* cbChiudi_ = nullptr;

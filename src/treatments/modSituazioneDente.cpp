@@ -5,20 +5,20 @@
 #include "platform/Collection.h"
 #include "treatments/frmEditDente.h"
 
-bool ScegliSituazioneDente(const PianoDelDente& piano, int indice, const DenteComposto& dente, QString& voce,
+bool ScegliSituazioneDente(const ToothPlan& plan, int index, const ComposedTooth& tooth, QString& entry,
                            QWidget* parent) {
-    frmEditDente editor(piano, indice, dente, parent);
-    editor.carica(voce);
+    frmEditDente editor(plan, index, tooth, parent);
+    editor.load(entry);
     editor.exec();
-    if (!editor.confermato()) return false;
-    voce = editor.voce();
+    if (!editor.confirmed()) return false;
+    entry = editor.entry();
     return true;
 }
 
-QString NomeSituazioneDente(const QString& id) {
+QString situationName(const QString& id) {
     if (!colSituazioniDenti) return {};
-    for (const clsItemSituazioneDente& situazione : *colSituazioniDenti) {
-        if (situazione.id == id) return situazione.descrizione;
+    for (const clsItemSituazioneDente& situation : *colSituazioniDenti) {
+        if (situation.id == id) return situation.descrizione;
     }
     return {};
 }

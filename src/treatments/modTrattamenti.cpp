@@ -4,16 +4,16 @@
 #include "treatments/clsTrattamenti.h"
 
 void rereadPlans() {
-    if (host::Paziente* paziente = PazienteAperto()) paziente->corvala().Refresh();
+    if (host::Paziente* patient = currentPatient()) patient->corvala().Refresh();
     oTrattamenti->Refresh();
 }
 
 qint16 ContaTrattamentiAperti() {
-    qint16 aperti = 0;
+    qint16 open = 0;
     for (const clsItemTrattamento& item : oTrattamenti->Lista()) {
-        if (item.lavoriaperti > 0) ++aperti;
+        if (item.lavoriaperti > 0) ++open;
     }
-    return aperti;
+    return open;
 }
 
 QString UltimoTrattamentoAperto() {
@@ -25,6 +25,6 @@ QString UltimoTrattamentoAperto() {
 }
 
 QString PrimoTrattamento() {
-    const auto& lista = oTrattamenti->Lista();
-    return lista.empty() ? QString() : lista[0].ID;
+    const auto& list = oTrattamenti->Lista();
+    return list.empty() ? QString() : list[0].ID;
 }

@@ -108,7 +108,7 @@ TEST(GraphicalTemplate, NamesPicturesThatAreThere) {
     for (const auto& node : configuration.select("//situazioniDenti/situazione"))
         situations.append(node.attribute("id", QString()));
     EXPECT_GT(situations.size(), 5);
-    for (int index = 0; index < NUMERO_DENTI; ++index) {
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
         for (const QString& situation : situations) {
             QString image;
             EXPECT_TRUE(graphical.SituazioneDente(DenteDaIndice(index), situation, image)) << situation.toStdString();

@@ -8,14 +8,14 @@ TEST(ModDenti, EveryToothKeepsItsPlaceInTheChart) {
                              "3.8;3.7;3.6;3.5;3.4;3.3;3.2;3.1;4.1;4.2;4.3;4.4;4.5;4.6;4.7;4.8;"
                              "5.5;5.4;5.3;5.2;5.1;6.1;6.2;6.3;6.4;6.5;7.5;7.4;7.3;7.2;7.1;8.1;8.2;8.3;8.4;8.5");
     const QStringList teeth = chart.split(u';');
-    ASSERT_EQ(teeth.size(), NUMERO_DENTI);
-    for (int index = 0; index < NUMERO_DENTI; ++index) {
+    ASSERT_EQ(teeth.size(), TOOTH_COUNT);
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
         EXPECT_EQ(DenteDaIndice(index), teeth[index]);
         EXPECT_EQ(IndiceDaDente(teeth[index]), index);
         const int quadrant = teeth[index].left(1).toInt();
-        EXPECT_EQ(QuadranteDente(index), quadrant);
-        EXPECT_EQ(DenteSuperiore(index), quadrant == 1 || quadrant == 2 || quadrant == 5 || quadrant == 6) << index;
-        EXPECT_EQ(DenteDeciduo(index), quadrant > 4);
+        EXPECT_EQ(toothQuadrant(index), quadrant);
+        EXPECT_EQ(isUpper(index), quadrant == 1 || quadrant == 2 || quadrant == 5 || quadrant == 6) << index;
+        EXPECT_EQ(isDeciduous(index), quadrant > 4);
     }
     EXPECT_TRUE(DenteDaIndice(-1).isEmpty());
     EXPECT_TRUE(DenteDaIndice(52).isEmpty());

@@ -1,5 +1,5 @@
 #include "chart/ToothChart.h"
-#include "chart/ComposizioneDenti.h"
+#include "chart/ChartComposition.h"
 #include "chart/EvidencePanel.h"
 #include "chart/GraphicFile.h"
 #include "chart/PictureLabel.h"
@@ -31,7 +31,7 @@ TEST(ToothChart, ShowsTheCompositionToothByTooth) {
     GraphicFile file;
     ASSERT_TRUE(file.load("<tooth id=\"1.1\"><trattamento id=\"A\" image=\"" + file.picture("a", QSize(20, 40)) +
                           "\" left=\"150\" top=\"300\"/></tooth>"));
-    ComposizioneDenti composition(file.graphical());
+    ChartComposition composition(file.graphical());
     composition.composeTeeth(u8("7:3:Carie"));
     composition.composeServices({{ToothList({u8("1.1")}), u8("A"), {}, {}, {}}});
     composition.composeMarks(
@@ -81,11 +81,11 @@ TEST(ToothChart, AToothWithoutAPictureIsDrawnAsTheArtworkDrawsIt) {
     clsGraphical artwork;
     ASSERT_TRUE(artwork.Init(places::data("/Graphical.xml")));
     const clsGraphical nothing;
-    ComposizioneDenti pictures(artwork);
-    ComposizioneDenti bare(nothing);
+    ChartComposition pictures(artwork);
+    ChartComposition bare(nothing);
     pictures.composeTeeth({});
     bare.composeTeeth({});
-    for (int index = 0; index < NUMERO_DENTI; ++index) {
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
         QWidget panel;
         ToothBox named(index, &panel);
         ToothBox unnamed(index, &panel);
@@ -139,7 +139,7 @@ TEST(ToothChart, MarksExactlyTheTeethOfASelectionAndTellsWhichWasClicked) {
         SCOPED_TRACE(selection);
         chart.setSelection(u8(selection));
         const QStringList expected = u8(selection).remove(u'+').split(u';');
-        for (int index = 0; index < NUMERO_DENTI; ++index)
+        for (int index = 0; index < TOOTH_COUNT; ++index)
             EXPECT_EQ(chart.isMarked(index), expected.contains(DenteDaIndice(index))) << index;
     }
     QSignalSpy left(&chart, &ToothChart::toothClicked);
@@ -179,12 +179,12 @@ TEST(ToothChart, EveryToothIsReachableInANarrowWindowAndOnItsSide) {
     chart.resize(1400, 700);
     EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(panel->x(), 0);
-    for (int index = 0; index < NUMERO_DENTI; ++index) {
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
         const QRect box = chart.findChild<QWidget*>(u8("pbTooh(%1)").arg(index))->geometry();
-        const int quadrant = QuadranteDente(index);
+        const int quadrant = toothQuadrant(index);
         const bool left = quadrant == 1 || quadrant == 4 || quadrant == 5 || quadrant == 8;
         EXPECT_EQ(box.center().x() < panel->width() / 2, left) << index;
-        EXPECT_EQ(box.center().y() < panel->height() / 2, DenteSuperiore(index)) << index;
+        EXPECT_EQ(box.center().y() < panel->height() / 2, isUpper(index)) << index;
         EXPECT_TRUE(panel->rect().contains(box)) << index;
     }
 }
@@ -241,7 +241,7 @@ TEST(ToothChart, AnArrowNeverGoesMoreAsideThanAhead) {
 
 TEST(ToothChart, AScreenReaderIsToldTheToothItsStateAndWhereTheKeyboardIs) {
     const clsGraphical nothing;
-    ComposizioneDenti composition(nothing);
+    ChartComposition composition(nothing);
     composition.composeTeeth(u8("6:2:dolente"));
     composition.composeMarks({{ToothList({u8("1.2")}), u8("CORONA"), {}, u8("1/1/2024"), {}}});
     ToothChart chart;
@@ -254,7 +254,7 @@ TEST(ToothChart, AScreenReaderIsToldTheToothItsStateAndWhereTheKeyboardIs) {
         QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(widget);
         return reader ? reader->text(text) : u8("no reader");
     };
-    for (int index = 0; index < NUMERO_DENTI; ++index) {
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
         const QString tooth = u8("Dente ") + DenteDaIndice(index);
         EXPECT_TRUE(spoken(chart.box(index), QAccessible::Name).startsWith(tooth));
         EXPECT_TRUE(spoken(part(chart, qPrintable(u8("imTooth(%1)").arg(index))), QAccessible::Name).startsWith(tooth));
@@ -272,9 +272,9 @@ TEST(EvidencePanel, EachEntryTellsItsService) {
     GraphicFile file;
     ASSERT_TRUE(file.load({}, "<trattamento id=\"A\" image=\"" + file.picture("a") + "\" eyeIndex=\"5\" eyeImage=\"" +
                                   file.picture("e") + "\"/><trattamento id=\"B\" image=\"[app.path]\\manca.png\"/>"));
-    ComposizioneDenti::Options options;
-    options.saltaAllOcchio = true;
-    ComposizioneDenti composition(file.graphical(), options);
+    ChartComposition::Options options;
+    options.showAtAGlance = true;
+    ChartComposition composition(file.graphical(), options);
     composition.composeServices(
         {{{}, u8("B"), u8("Ponte"), {}, {}}, {{}, u8("A"), u8("Corona"), u8("1/1/2024"), u8("2/1/2024")}});
     EvidencePanel panel;

@@ -5,9 +5,9 @@
 
 TEST(ToothList, GoesFromTheRecordToTheWindowAndBack) {
     const struct {
-        const char *dente, *denti; ///< As the record has them.
+        const char *tooth, *teeth; ///< As the record has them.
         const char *selection, *label;
-        const char *storedDente, *storedDenti;
+        const char *storedTooth, *storedList;
         int factor;
     } cases[] = {
         {"", "", "", "", "", "", 1},
@@ -20,16 +20,16 @@ TEST(ToothList, GoesFromTheRecordToTheWindowAndBack) {
         {"+", "", "+", "Denti ", "+", "", 1},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.dente << ' ' << c.denti);
-        const ToothList teeth = ToothList::fromRecord(u8(c.dente), u8(c.denti));
+        SCOPED_TRACE(testing::Message() << c.tooth << ' ' << c.teeth);
+        const ToothList teeth = ToothList::fromRecord(u8(c.tooth), u8(c.teeth));
         EXPECT_EQ(teeth.selection(), u8(c.selection));
         EXPECT_EQ(teeth.label(), u8(c.label));
-        EXPECT_EQ(teeth.dente(), u8(c.storedDente));
-        EXPECT_EQ(teeth.denti(), u8(c.storedDenti));
+        EXPECT_EQ(teeth.tooth(), u8(c.storedTooth));
+        EXPECT_EQ(teeth.toothList(), u8(c.storedList));
         EXPECT_EQ(teeth.factor(), c.factor);
         EXPECT_EQ(ToothList::fromSelection(teeth.selection()), teeth);
     }
-    EXPECT_EQ(ToothList::fromSelection(u8("9.9")).dente(), QString());
+    EXPECT_EQ(ToothList::fromSelection(u8("9.9")).tooth(), QString());
     EXPECT_EQ(ToothList::fromSelection(u8("+1.1;9.9;")).unknown(), (QStringList{u8("9.9"), QString()}));
 }
 

@@ -15,11 +15,11 @@ TEST_F(ClsConfigTest, ReadsValuesDefaultsAndCollections) {
     EXPECT_TRUE(config_.DefaultRicetteBianche());
     EXPECT_FALSE(config_.UtilizzoMMG());
     EXPECT_EQ(config_.Bollo(), QString());
-    ASSERT_EQ(iva_.size(), 2u);
-    EXPECT_FLOAT_EQ(iva_.find(QStringLiteral("5"))->percentuale, 5.5F);
-    EXPECT_EQ(iva_[0].descrizione, QStringLiteral("Ordinaria"));
-    EXPECT_EQ(gruppi_.find(QStringLiteral("01"))->descrizione, QStringLiteral("Visite"));
-    EXPECT_EQ(situazioni_.find(QStringLiteral("9"))->descrizione, QStringLiteral("Impianto"));
+    ASSERT_EQ(vat_.size(), 2u);
+    EXPECT_FLOAT_EQ(vat_.find(QStringLiteral("5"))->percentuale, 5.5F);
+    EXPECT_EQ(vat_[0].descrizione, QStringLiteral("Ordinaria"));
+    EXPECT_EQ(groups_.find(QStringLiteral("01"))->descrizione, QStringLiteral("Visite"));
+    EXPECT_EQ(situations_.find(QStringLiteral("9"))->descrizione, QStringLiteral("Impianto"));
 }
 
 TEST_F(ClsConfigTest, EverySettingIsInTheFileAtOnce) {
@@ -34,18 +34,18 @@ TEST_F(ClsConfigTest, EverySettingIsInTheFileAtOnce) {
     config_.setUserTitle(QString::fromUtf8("Studio Dott. Niccolò — 10 €"));
     config_.setUserDetails(QString());
 
-    clsConfig altra;
-    ASSERT_TRUE(altra.Init());
-    EXPECT_TRUE(altra.AutomaticoRigoVuoto());
-    EXPECT_EQ(altra.MinuteRefresh(), 12);
-    EXPECT_EQ(altra.PreventReportID(), QStringLiteral("A & B <1>"));
-    EXPECT_FALSE(altra.UnicaSchedaTrattamento());
-    EXPECT_EQ(altra.TitoloAppunti(), QString::fromUtf8("Appunti di là"));
-    EXPECT_EQ(altra.BolloPlafon(), QStringLiteral("80,00"));
-    EXPECT_EQ(altra.IVADefault(), QStringLiteral("ES"));
-    EXPECT_EQ(altra.UserTitle(), QString::fromUtf8("Studio Dott. Niccolò — 10 €"));
-    EXPECT_FALSE(salvato().contains("Studio Dott.")) << "the texts of the user stand in Base64";
-    EXPECT_EQ(altra.UserDetails(), QString());
+    clsConfig other;
+    ASSERT_TRUE(other.Init());
+    EXPECT_TRUE(other.AutomaticoRigoVuoto());
+    EXPECT_EQ(other.MinuteRefresh(), 12);
+    EXPECT_EQ(other.PreventReportID(), QStringLiteral("A & B <1>"));
+    EXPECT_FALSE(other.UnicaSchedaTrattamento());
+    EXPECT_EQ(other.TitoloAppunti(), QString::fromUtf8("Appunti di là"));
+    EXPECT_EQ(other.BolloPlafon(), QStringLiteral("80,00"));
+    EXPECT_EQ(other.IVADefault(), QStringLiteral("ES"));
+    EXPECT_EQ(other.UserTitle(), QString::fromUtf8("Studio Dott. Niccolò — 10 €"));
+    EXPECT_FALSE(saved().contains("Studio Dott.")) << "the texts of the user stand in Base64";
+    EXPECT_EQ(other.UserDetails(), QString());
 }
 
 TEST_F(ClsConfigTest, OnlyTheLaterSettingsGetANodeWhereThereIsNone) {
@@ -55,59 +55,59 @@ TEST_F(ClsConfigTest, OnlyTheLaterSettingsGetANodeWhereThereIsNone) {
     config_.setBollo(QStringLiteral("2,00"));
     EXPECT_EQ(config_.Bollo(), QStringLiteral("2,00"));
 
-    clsConfig altra;
-    ASSERT_TRUE(altra.Init());
-    EXPECT_FALSE(altra.DefaultRicetteBianche());
-    EXPECT_TRUE(altra.UtilizzoMMG());
-    EXPECT_EQ(altra.Bollo(), QString());
+    clsConfig other;
+    ASSERT_TRUE(other.Init());
+    EXPECT_FALSE(other.DefaultRicetteBianche());
+    EXPECT_TRUE(other.UtilizzoMMG());
+    EXPECT_EQ(other.Bollo(), QString());
 }
 
 TEST_F(ClsConfigTest, ARefusedSaveIsToldAndLeavesEverythingAsItWas) {
     ASSERT_TRUE(config_.Init());
-    const QByteArray prima = salvato();
-    const QString cartella = cartella_.filePath(QStringLiteral("config"));
-    ASSERT_TRUE(QDir().rename(cartella, cartella + QStringLiteral("-via")));
-    EXPECT_THROW(config_.setIVADefault(QStringLiteral("22")), ErroreConfigurazione);
-    EXPECT_THROW(config_.setUtilizzoMMG(true), ErroreConfigurazione);
-    EXPECT_THROW(config_.setUserTitle(QStringLiteral("x")), ErroreConfigurazione);
-    ASSERT_TRUE(QDir().rename(cartella + QStringLiteral("-via"), cartella));
+    const QByteArray before = saved();
+    const QString folder = folder_.filePath(QStringLiteral("config"));
+    ASSERT_TRUE(QDir().rename(folder, folder + QStringLiteral("-via")));
+    EXPECT_THROW(config_.setIVADefault(QStringLiteral("22")), ConfigError);
+    EXPECT_THROW(config_.setUtilizzoMMG(true), ConfigError);
+    EXPECT_THROW(config_.setUserTitle(QStringLiteral("x")), ConfigError);
+    ASSERT_TRUE(QDir().rename(folder + QStringLiteral("-via"), folder));
     EXPECT_EQ(config_.IVADefault(), QString());
     EXPECT_FALSE(config_.UtilizzoMMG());
-    EXPECT_EQ(salvato(), prima);
+    EXPECT_EQ(saved(), before);
 
     config_.setMinuteRefresh(7);
-    EXPECT_FALSE(salvato().contains("utilizzoMMG")) << "a refused value must not go out with the next one";
-    EXPECT_FALSE(salvato().contains(">22<"));
+    EXPECT_FALSE(saved().contains("utilizzoMMG")) << "a refused value must not go out with the next one";
+    EXPECT_FALSE(saved().contains(">22<"));
 }
 
 TEST_F(ClsConfigTest, NumbersThatDoNotFitAreZero) {
-    for (const char* testo : {"", "abc", "40000", "-99999"}) {
-        SCOPED_TRACE(testo);
-        Impostazioni impostazioni;
-        impostazioni.MinuteRefresh = 3;
-        leggiParametro(parametri()[2], QLatin1String(testo), impostazioni);
-        EXPECT_EQ(impostazioni.MinuteRefresh, 0);
+    for (const char* text : {"", "abc", "40000", "-99999"}) {
+        SCOPED_TRACE(text);
+        Settings settings;
+        settings.MinuteRefresh = 3;
+        readParameter(parameters()[2], QLatin1String(text), settings);
+        EXPECT_EQ(settings.MinuteRefresh, 0);
     }
 }
 
 TEST_F(ClsConfigTest, NotesAreModalUnlessTheUserSaidNo) {
-    const char* const chiave = "mostraAppuntiPazienteInFinestraModale";
-    for (const char* testo : {"", "SI", "no", "NO"}) {
-        SCOPED_TRACE(testo);
-        oHost->Utente().Items().SetITEM(QLatin1String(chiave), QLatin1String(testo));
+    const char* const key = "mostraAppuntiPazienteInFinestraModale";
+    for (const char* text : {"", "SI", "no", "NO"}) {
+        SCOPED_TRACE(text);
+        oHost->Utente().Items().SetITEM(QLatin1String(key), QLatin1String(text));
         clsConfig config;
         ASSERT_TRUE(config.Init());
-        EXPECT_EQ(config.AppuntiPazienteModali(), qstrcmp(testo, "NO") != 0);
+        EXPECT_EQ(config.AppuntiPazienteModali(), qstrcmp(text, "NO") != 0);
     }
     config_.setAppuntiPazienteModali(true);
-    EXPECT_EQ(oHost->Utente().Items().GetITEM(QLatin1String(chiave)), QStringLiteral("SI"));
+    EXPECT_EQ(oHost->Utente().Items().GetITEM(QLatin1String(key)), QStringLiteral("SI"));
 }
 
 TEST_F(ClsConfigTest, CommandsAreFoundByKeyAndByIdAndTheUnknownAnswersNothing) {
     ASSERT_TRUE(config_.Init());
     QSet<qint32> ids;
-    for (const clsItemService& servizio : config_.ListaServices())
-        ids.insert(servizio.ID);
+    for (const clsItemService& service : config_.ListaServices())
+        ids.insert(service.ID);
     EXPECT_EQ(ids.size(), 8) << "six fixed ones and two of the file, each with an id of its own";
     const qint32 id = config_.IDService(QStringLiteral("CRVL0303"));
     EXPECT_EQ(config_.KeyService(id), QStringLiteral("CRVL0303"));

@@ -17,7 +17,7 @@
 
 namespace files = platform::files;
 
-inline const char* const MODELLO = R"(<corvala name="Prova" webinfo="https://esempio.it">
+inline const char* const MODEL = R"(<corvala name="Prova" webinfo="https://esempio.it">
 <user><title></title><details></details></user>
 <tools><tool id="altro" path="x"/><tool id="imageEditor" path="/usr/bin/gimp"/></tools>
 <parameters><generici><parameter name="dbPath">[app.path]\DB\</parameter>
@@ -38,19 +38,19 @@ inline const char* const MODELLO = R"(<corvala name="Prova" webinfo="https://ese
 class ClsConfigTest : public testing::Test {
 protected:
     ClsConfigTest() {
-        sAppPath = cartella_.filePath(QStringLiteral("app"));
+        sAppPath = folder_.filePath(QStringLiteral("app"));
         QDir().mkpath(sAppPath + QStringLiteral("/DB"));
-        scrivi(sAppPath + QStringLiteral("/Config.xml"), MODELLO);
-        scrivi(sAppPath + QStringLiteral("/DB/TabellaArticoli.xml"), "<articoli></articoli>");
-        scrivi(sAppPath + QStringLiteral("/DB/TabellaServizi.xml"), "<servizi></servizi>");
-        desk::Options opzioni;
-        opzioni.databaseUrl = QStringLiteral("sqlite:") + cartella_.filePath(QStringLiteral("studio.db"));
-        opzioni.configDir = cartella_.filePath(QStringLiteral("config"));
-        desk_ = desk::Desk::open(opzioni);
+        write(sAppPath + QStringLiteral("/Config.xml"), MODEL);
+        write(sAppPath + QStringLiteral("/DB/TabellaArticoli.xml"), "<articoli></articoli>");
+        write(sAppPath + QStringLiteral("/DB/TabellaServizi.xml"), "<servizi></servizi>");
+        desk::Options options;
+        options.databaseUrl = QStringLiteral("sqlite:") + folder_.filePath(QStringLiteral("studio.db"));
+        options.configDir = folder_.filePath(QStringLiteral("config"));
+        desk_ = desk::Desk::open(options);
         oHost = &desk_->host();
-        colIva = &iva_;
-        colRaggMerc = &gruppi_;
-        colSituazioniDenti = &situazioni_;
+        colIva = &vat_;
+        colRaggMerc = &groups_;
+        colSituazioniDenti = &situations_;
     }
     ~ClsConfigTest() override {
         oHost = nullptr;
@@ -61,18 +61,16 @@ protected:
         platform::setApplicationDataFolder(QString());
     }
 
-    static void scrivi(const QString& file, const QByteArray& testo) {
-        ASSERT_TRUE(files::writeAtomically(file, testo));
+    static void write(const QString& file, const QByteArray& text) { ASSERT_TRUE(files::writeAtomically(file, text)); }
+    QString userFile(const char* name) const {
+        return folder_.filePath(QStringLiteral("config/Lumetra/Tessara 5000 V6/Corvala/")) + QLatin1String(name);
     }
-    QString utente(const char* nome) const {
-        return cartella_.filePath(QStringLiteral("config/Lumetra/Tessara 5000 V6/Corvala/")) + QLatin1String(nome);
-    }
-    QByteArray salvato() const { return files::read(utente("Config.xml")).value_or(QByteArray()); }
+    QByteArray saved() const { return files::read(userFile("Config.xml")).value_or(QByteArray()); }
 
-    QTemporaryDir cartella_;
+    QTemporaryDir folder_;
     std::unique_ptr<desk::Desk> desk_;
-    platform::Collection<clsItemIva> iva_;
-    platform::Collection<clsItemRaggMerc> gruppi_;
-    platform::Collection<clsItemSituazioneDente> situazioni_;
+    platform::Collection<clsItemIva> vat_;
+    platform::Collection<clsItemRaggMerc> groups_;
+    platform::Collection<clsItemSituazioneDente> situations_;
     clsConfig config_;
 };

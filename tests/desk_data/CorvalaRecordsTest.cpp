@@ -85,10 +85,10 @@ TEST_F(CorvalaRecordsTest, UpdateKeepsTheIdentityAndNeverRevivesADeletedRow) {
 
 TEST_F(CorvalaRecordsTest, RefusesWhatCannotBeARecord) {
     for (const char* date : {"", "domani", "31/02/2025", "2025-13-01"}) {
-        auto dati = plan(QStringLiteral("2025-0001"));
-        dati.Data = QString::fromUtf8(date);
+        auto data = plan(QStringLiteral("2025-0001"));
+        data.Data = QString::fromUtf8(date);
         QString id;
-        EXPECT_FALSE(patient_->corvala().Salva(id, dati)) << date;
+        EXPECT_FALSE(patient_->corvala().Salva(id, data)) << date;
         EXPECT_TRUE(id.isEmpty());
     }
     desk::PatientRecord unbound(*database_, sign_);
@@ -174,12 +174,12 @@ TEST_F(CorvalaRecordsTest, ExecutesOneStatementOrNothing) {
 TEST_F(CorvalaRecordsTest, AwkwardTextsRoundTrip) {
     int number = 0;
     for (const QString& text : awkwardTexts()) {
-        auto dati = plan(QStringLiteral("2025-000%1").arg(++number), text.repeated(200));
-        dati.descrizione = text;
+        auto data = plan(QStringLiteral("2025-000%1").arg(++number), text.repeated(200));
+        data.descrizione = text;
         QString id;
-        ASSERT_TRUE(patient_->corvala().Salva(id, dati));
+        ASSERT_TRUE(patient_->corvala().Salva(id, data));
         EXPECT_EQ(patient_->corvala().Carica(id)->descrizione, text);
-        EXPECT_EQ(patient_->corvala().Carica(id)->m1, dati.m1);
+        EXPECT_EQ(patient_->corvala().Carica(id)->m1, data.m1);
     }
     database_->runText(QStringLiteral("update tessara.tblWorkspace set m1=null, Data=null"));
     EXPECT_TRUE(patient_->corvala().Lista().first().m1.isNull());
@@ -236,25 +236,25 @@ TEST_F(CorvalaRecordsTest, RefusesANewDocumentWithANumberThatIsTaken) {
     for (const auto& [type, number, refused] :
          {Case{"TRT", "2025-0001", true}, Case{"PRV", "2025-0001", true}, Case{"FTT", "2025-0001/bis", true},
           Case{"CPD", "2025-0001", false}, Case{"PGM", "2025-0001", false}, Case{"TRT", "", false}}) {
-        auto dati = plan(QLatin1String(number));
-        dati.t1 = QLatin1String(type);
+        auto data = plan(QLatin1String(number));
+        data.t1 = QLatin1String(type);
         QString first;
-        ASSERT_TRUE(patient_->corvala().Salva(first, dati)) << type << " has numbers of its own";
+        ASSERT_TRUE(patient_->corvala().Salva(first, data)) << type << " has numbers of its own";
         QString id;
         if (refused)
-            EXPECT_THROW(other->corvala().Salva(id, dati), host::NumberTakenError) << type;
+            EXPECT_THROW(other->corvala().Salva(id, data), host::NumberTakenError) << type;
         else
-            EXPECT_TRUE(other->corvala().Salva(id, dati)) << type;
+            EXPECT_TRUE(other->corvala().Salva(id, data)) << type;
         EXPECT_EQ(id.isEmpty(), refused);
-        EXPECT_TRUE(patient_->corvala().Salva(first, dati)) << "a stored record keeps its number";
+        EXPECT_TRUE(patient_->corvala().Salva(first, data)) << "a stored record keeps its number";
     }
     // An archive from before holds doubled numbers, and rows of other modules under the same ones.
     database_->runText(QStringLiteral("update tessara.tblWorkspace set idrif1='2024-0007'"));
     for (const host::RigaCorvala& row : other->corvala().Lista() + patient_->corvala().Lista()) {
-        auto dati = plan(row.idrif1);
-        dati.t1 = row.t1;
+        auto data = plan(row.idrif1);
+        data.t1 = row.t1;
         QString id = row.ID;
-        EXPECT_NE(patient_->corvala().Salva(id, dati), other->corvala().Salva(id, dati)) << "savable by its owner";
+        EXPECT_NE(patient_->corvala().Salva(id, data), other->corvala().Salva(id, data)) << "savable by its owner";
     }
     database_->runText(QStringLiteral("update tessara.tblWorkspace set tiporecord=7"));
     saved("2024-0007");

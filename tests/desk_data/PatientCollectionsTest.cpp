@@ -61,7 +61,7 @@ TEST_F(PatientCollectionsTest, DiaryVisitsAndDueDatesAreSavedAndChanged) {
     EXPECT_EQ(patient_->VisiteAmbDom().Carica(visit.ID)->descrizione, QStringLiteral("Igiene"));
     EXPECT_TRUE(patient_->VisiteAmbDom().Elimina(visit.ID));
 
-    desk::Scadenza due{{}, QDate(2025, 12, 1), QStringLiteral("Richiamo"), false};
+    desk::DueDate due{{}, QDate(2025, 12, 1), QStringLiteral("Richiamo"), false};
     ASSERT_TRUE(patient_->scadenze().Salva(due));
     due.chiusa = true;
     ASSERT_TRUE(patient_->scadenze().Salva(due));
@@ -123,7 +123,7 @@ TEST_F(PatientCollectionsTest, WindowsComeFromTheShellOrNotAtAll) {
         asked << patient.Cognome() + id;
         return &form;
     };
-    hooks.generaEvento = [&](host::Paziente& patient, host::Raccolta& source) {
+    hooks.raiseEvent = [&](host::Paziente& patient, host::Raccolta& source) {
         if (&source == &patient.Eventi()) asked << QStringLiteral("diario");
     };
     desk::PatientRecord withShell(*database_, sign_, hooks);

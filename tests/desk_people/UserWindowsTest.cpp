@@ -103,7 +103,7 @@ TEST_F(DeskUsers, AddsUsersWithAwkwardNamesUncut) {
         EXPECT_EQ(user->Cognome, name);
         EXPECT_EQ(user->tipo, 3);
         EXPECT_EQ(user->codiceAttivita, QStringLiteral("AS"));
-        EXPECT_FALSE(user->conPassword);
+        EXPECT_FALSE(user->asksPassword);
     }
     EXPECT_TRUE(dialogs_.messages.isEmpty());
 }
@@ -148,16 +148,16 @@ TEST_F(DeskUsers, SetsChangesAndRemovesAPassword) {
         changePassword("MEDICO", old, wanted, accepted);
     };
     change({}, first, true);
-    EXPECT_TRUE(stored(code)->conPassword);
+    EXPECT_TRUE(stored(code)->asksPassword);
     change(QStringLiteral("altra"), second, false);
     EXPECT_EQ(attempt(code, first), desk::SignIn::Outcome::Accepted) << "the old one was asked";
     change(first, second, true);
     EXPECT_EQ(attempt(code, first), desk::SignIn::Outcome::Wrong);
     EXPECT_EQ(attempt(code, second), desk::SignIn::Outcome::Accepted);
     change(QStringLiteral("altra"), {}, false);
-    EXPECT_TRUE(stored(code)->conPassword);
+    EXPECT_TRUE(stored(code)->asksPassword);
     change(second, {}, true);
-    EXPECT_FALSE(stored(code)->conPassword);
+    EXPECT_FALSE(stored(code)->asksPassword);
 }
 
 TEST_F(DeskUsers, OnlyADoctorWithAPasswordResetsAForgottenOne) {
@@ -203,7 +203,8 @@ TEST_F(DeskUsers, GuessingTheOldPasswordIsSlowedDownToo) {
         }
     });
     ASSERT_EQ(dialogs_.messages.size(), desk::SignIn::freeTries + 1);
-    static const QRegularExpression wait(QStringLiteral("^Troppi tentativi errati: riprovare fra (30|2\\d) secondi\\.$"));
+    static const QRegularExpression wait(
+        QStringLiteral("^Troppi tentativi errati: riprovare fra (30|2\\d) secondi\\.$"));
     EXPECT_TRUE(wait.match(dialogs_.messages.last()).hasMatch()) << dialogs_.messages.last().toStdString();
 }
 

@@ -129,12 +129,12 @@ TEST_F(FilesTest, FoldersAreMadeOneLevelAtATimeAndNeverRemovedAsFiles) {
 }
 
 TEST_F(FilesTest, TheApplicationDataFolderIsMadeWhereItIsPut) {
-    const QString own = platform::cartellaSpeciale(platform::CSIDL_APPDATA);
+    const QString own = platform::specialFolder(platform::CSIDL_APPDATA);
     EXPECT_TRUE(files::isFolder(own));
     platform::setApplicationDataFolder(path("profilo/dati/"));
-    EXPECT_EQ(platform::cartellaSpeciale(platform::CSIDL_APPDATA), path("profilo/dati"));
+    EXPECT_EQ(platform::specialFolder(platform::CSIDL_APPDATA), path("profilo/dati"));
     EXPECT_TRUE(files::isFolder(path("profilo/dati")));
-    EXPECT_EQ(platform::cartellaSpeciale(5), QString());
+    EXPECT_EQ(platform::specialFolder(5), QString());
     platform::setApplicationDataFolder(QString());
-    EXPECT_EQ(platform::cartellaSpeciale(platform::CSIDL_APPDATA), own);
+    EXPECT_EQ(platform::specialFolder(platform::CSIDL_APPDATA), own);
 }

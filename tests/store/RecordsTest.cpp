@@ -19,28 +19,28 @@
 
 namespace {
 
-struct Nota : WorkspaceItem {
-    QString testo;
+struct NoteItem : WorkspaceItem {
+    QString text;
 };
 
 /// The smallest record type there can be: its memo is its text.
-class Note : public WorkspaceManager<Nota> {
+class NoteManager : public WorkspaceManager<NoteItem> {
 public:
-    explicit Note(const QString& t1 = u8("NTA"))
+    explicit NoteManager(const QString& t1 = u8("NTA"))
         : WorkspaceManager(t1) {}
-    void DeserializzaMEMO(Nota& item, const QString& memo) const override { item.testo = memo; }
+    void DeserializzaMEMO(NoteItem& item, const QString& memo) const override { item.text = memo; }
 
 protected:
-    QString SerializzaMEMO(const Nota& item) const override { return item.testo; }
+    QString SerializzaMEMO(const NoteItem& item) const override { return item.text; }
 };
 
-Nota nota(const char* anno, const char* progressivo, const char* data = "10/03/2025") {
-    Nota item;
-    item.anno = u8(anno);
-    item.progressivo = u8(progressivo);
+NoteItem noteItem(const char* year, const char* progressive, const char* data = "10/03/2025") {
+    NoteItem item;
+    item.anno = u8(year);
+    item.progressivo = u8(progressive);
     item.Data = u8(data);
     item.descrizione = u8("Visita dell'età");
-    item.testo = u8("<testo è='€'/>");
+    item.text = u8("<testo è='€'/>");
     return item;
 }
 
@@ -113,51 +113,51 @@ TEST_F(RecordsTest, NumbersBeyondFourDigitsAndMalformedOnesKeepTheirKnownAnswers
 
 // Another workstation stores the same number between the look at it and the save.
 TEST_F(RecordsTest, ANewRecordTakesTheNextNumberWhenItsOwnIsTakenMeanwhile) {
-    class Plans : public Note {
+    class Plans : public NoteManager {
     public:
         Plans()
-            : Note(u8("TRT")) {}
-        std::function<void(const Nota&)> meanwhile;
+            : NoteManager(u8("TRT")) {}
+        std::function<void(const NoteItem&)> meanwhile;
 
     protected:
-        QString SerializzaMEMO(const Nota& item) const override {
+        QString SerializzaMEMO(const NoteItem& item) const override {
             if (meanwhile) meanwhile(item);
             return item.progressivo;
         }
     } plans;
-    Nota item = nota("2025", "0001");
+    NoteItem item = noteItem("2025", "0001");
     ASSERT_TRUE(store("TRT", "2025-0001"));
     int taken = 0;
-    plans.meanwhile = [&](const Nota& composed) {
+    plans.meanwhile = [&](const NoteItem& composed) {
         if (++taken > 3) return;
-        EXPECT_TRUE(store("TRT", qPrintable(unisciIdrif1(composed))));
+        EXPECT_TRUE(store("TRT", qPrintable(joinIdrif1(composed))));
     };
-    ASSERT_TRUE(plans.SalvaNuovo(item));
+    ASSERT_TRUE(plans.saveNew(item));
     EXPECT_EQ(item.progressivo, u8("0005"));
-    EXPECT_EQ(plans.Carica(item.ID)->testo, u8("0005")) << "the memo tells the number under which it stands";
+    EXPECT_EQ(plans.Carica(item.ID)->text, u8("0005")) << "the memo tells the number under which it stands";
     plans.meanwhile = {};
     EXPECT_TRUE(plans.Salva(item)) << "its own number is nobody else's";
     ASSERT_TRUE(store("TRT", "2025-9999"));
     ASSERT_TRUE(store("TRT", "2025-10000"));
-    Nota last = nota("2025", "9999");
-    EXPECT_FALSE(plans.SalvaNuovo(last)) << "the numbers of the year are used up";
+    NoteItem last = noteItem("2025", "9999");
+    EXPECT_FALSE(plans.saveNew(last)) << "the numbers of the year are used up";
 
     place_.execute(QStringLiteral("alter table tblWorkspace rename to altrove"));
-    Nota unread = nota("2025", "0001");
-    EXPECT_FALSE(plans.SalvaNuovo(unread));
+    NoteItem unread = noteItem("2025", "0001");
+    EXPECT_FALSE(plans.saveNew(unread));
     EXPECT_THROW(ProssimoProgressivo(u8("TRT"), u8("2025")), host::HostError);
     EXPECT_THROW(plans.Carica(item.ID), host::HostError);
     for (int again = 0; again < 2; ++again)
         EXPECT_THROW(plans.Lista(), host::HostError) << "unread is not none, and is not kept";
     place_.execute(QStringLiteral("alter table altrove rename to tblWorkspace"));
     EXPECT_EQ(plans.Lista().size(), 7U);
-    item.guasto = u8("non letto per intero");
+    item.fault = u8("non letto per intero");
     EXPECT_FALSE(plans.Salva(item)) << "what was not read whole is never written over";
 }
 
 TEST_F(RecordsTest, ARecordComesBackAsItWasSaved) {
-    Note note;
-    Nota item = nota("2025", "0004");
+    NoteManager note;
+    NoteItem item = noteItem("2025", "0004");
     ASSERT_TRUE(note.Salva(item));
     ASSERT_FALSE(item.ID.isEmpty());
     const auto back = note.Carica(item.ID);
@@ -167,16 +167,16 @@ TEST_F(RecordsTest, ARecordComesBackAsItWasSaved) {
     EXPECT_EQ(back->progressivo, u8("0004"));
     EXPECT_EQ(back->Data, u8("10/03/2025"));
     EXPECT_EQ(back->descrizione, item.descrizione);
-    EXPECT_EQ(back->testo, item.testo);
+    EXPECT_EQ(back->text, item.text);
 
     const QString id = item.ID;
-    item.testo = u8("cambiato");
+    item.text = u8("cambiato");
     ASSERT_TRUE(note.Salva(item));
     EXPECT_EQ(item.ID, id);
-    EXPECT_EQ(note.Carica(id)->testo, u8("cambiato"));
+    EXPECT_EQ(note.Carica(id)->text, u8("cambiato"));
     EXPECT_FALSE(note.Carica(u8("inesistente")));
 
-    Nota undated = nota("2025", "0005", "non una data");
+    NoteItem undated = noteItem("2025", "0005", "non una data");
     EXPECT_FALSE(note.Salva(undated)); // The host refuses the row.
     EXPECT_EQ(undated.ID, QString());
     host_->patient.reset();
@@ -185,14 +185,14 @@ TEST_F(RecordsTest, ARecordComesBackAsItWasSaved) {
 }
 
 TEST_F(RecordsTest, AListIsKeptUntilItIsRefreshed) {
-    Note note;
-    Nota first = nota("2025", "0001");
+    NoteManager note;
+    NoteItem first = noteItem("2025", "0001");
     ASSERT_TRUE(note.Salva(first));
     ASSERT_TRUE(store("TRT", "2025-0001")); // Another type of the same patient.
     ASSERT_EQ(note.Lista().size(), 1U);
     EXPECT_TRUE(note.Lista().contains(first.ID));
 
-    Nota second = nota("2025", "0002");
+    NoteItem second = noteItem("2025", "0002");
     ASSERT_TRUE(note.Salva(second));
     EXPECT_EQ(note.Lista().size(), 1U);
     note.Refresh();
@@ -207,35 +207,35 @@ TEST_F(RecordsTest, AListIsKeptUntilItIsRefreshed) {
 TEST_F(RecordsTest, AMalformedNumberStillLoads) {
     for (const char* number : {"senza numero", "2025-0001-2", ""}) {
         SCOPED_TRACE(number);
-        Nota item;
-        dividiIdrif1(u8(number), item);
+        NoteItem item;
+        splitIdrif1(u8(number), item);
         EXPECT_EQ(item.anno + item.progressivo, QString());
         ASSERT_TRUE(store("NTA", number));
     }
-    Note note; // the list is the manager's
+    NoteManager note; // the list is the manager's
     EXPECT_EQ(note.Lista().size(), 3U);
-    for (const Nota& item : note.Lista())
+    for (const NoteItem& item : note.Lista())
         EXPECT_TRUE(item.anno.isEmpty());
 }
 
 TEST_F(RecordsTest, APeriodTakesBothItsDaysWhole) {
-    EXPECT_EQ(queryPeriodo(u8("TRT"), QDate(2025, 3, 1), QDate(2025, 3, 31)),
+    EXPECT_EQ(periodQuery(u8("TRT"), QDate(2025, 3, 1), QDate(2025, 3, 31)),
               u8("Select * from ") + host_->Utente().idschema() +
                   u8(".tblWorkspace where data Between '2025-03-01 00:00:00' AND '2025-03-31 23:59:59' and "
                      "tiporecord=906 and t1='TRT'"));
     const QString longMemo = u8("perché € 🦷 ").repeated(400);
-    Note note;
+    NoteManager note;
     for (const char* day : {"28/02/2025", "01/03/2025", "31/03/2025", "01/04/2025"}) {
-        Nota item = nota("2025", "0001", day);
-        item.testo = longMemo;
+        NoteItem item = noteItem("2025", "0001", day);
+        item.text = longMemo;
         ASSERT_TRUE(note.Salva(item));
     }
-    const auto rows = host_->DB().OpenRecordset(queryPeriodo(u8("NTA"), QDate(2025, 3, 1), QDate(2025, 3, 31)));
+    const auto rows = host_->DB().OpenRecordset(periodQuery(u8("NTA"), QDate(2025, 3, 1), QDate(2025, 3, 31)));
     ASSERT_TRUE(rows);
     EXPECT_EQ(rows->RecordCount(), 2);
     EXPECT_EQ(rows->text(u8("m1")), longMemo);
     EXPECT_EQ(rows->value(u8("M1")).toString(), longMemo);
-    EXPECT_EQ(host_->DB().OpenRecordset(queryPeriodo(u8("NTA"), QDate(), QDate(2025, 3, 31)))->RecordCount(), 4);
+    EXPECT_EQ(host_->DB().OpenRecordset(periodQuery(u8("NTA"), QDate(), QDate(2025, 3, 31)))->RecordCount(), 4);
 }
 
 TEST_F(RecordsTest, ALockIsAFileThatOnlyItsRemovalEnds) {
@@ -341,8 +341,8 @@ TEST_F(RecordsTest, AReadOnlyFolderTellsWhatCannotBeRemovedAndStopsNoWork) {
 
 TEST_F(RecordsTest, SaltedTextsDifferAndComeBack) {
     const QString text = u8("segreto dell'età");
-    EXPECT_NE(CifraTesto(text), CifraTesto(text));
-    EXPECT_EQ(DecifraTesto(CifraTesto(text)), text);
-    EXPECT_EQ(CifraTesto(QString()), QString());
-    EXPECT_EQ(DecifraTesto(QString()), QString());
+    EXPECT_NE(encryptText(text), encryptText(text));
+    EXPECT_EQ(decryptText(encryptText(text)), text);
+    EXPECT_EQ(encryptText(QString()), QString());
+    EXPECT_EQ(decryptText(QString()), QString());
 }

@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-TEST(Conversioni, FailuresAreNoughtAndHalvesGoToTheEvenNumber) {
+TEST(Conversions, FailuresAreNoughtAndHalvesGoToTheEvenNumber) {
     const struct {
         const char* text;
         float single;

@@ -10,8 +10,8 @@
 class ServiceFile {
 public:
     ServiceFile()
-        : servizi_([this] { return path(); }) {
-        oServizi = &servizi_;
+        : services_([this] { return path(); }) {
+        oServizi = &services_;
     }
     ~ServiceFile() { oServizi = nullptr; }
     ServiceFile(const ServiceFile&) = delete;
@@ -21,7 +21,7 @@ public:
     QByteArray bytes() const { return platform::files::read(path()).value_or(QByteArray()); }
     void put(const QByteArray& content) {
         platform::files::writeAtomically(path(), content);
-        servizi_.Refresh();
+        services_.Refresh();
     }
     /// Entries as they stand between <servizi> and its end.
     void putEntries(const QByteArray& entries) {
@@ -34,9 +34,9 @@ public:
                "usabileInPianoTrattamento=\"1\" statusLavori=\"\" " +
                more + "/>";
     }
-    clsServizi& servizi() { return servizi_; }
+    clsServizi& services() { return services_; }
 
 private:
     QTemporaryDir folder_;
-    clsServizi servizi_;
+    clsServizi services_;
 };

@@ -164,26 +164,26 @@ constexpr Kind<host::Visita> VISITS{
 
 // The due dates: those that have passed and are not done stand out.
 
-bool isOverdue(const Scadenza& dueDate) {
+bool isOverdue(const DueDate& dueDate) {
     return !dueDate.chiusa && dueDate.Data.isValid() && dueDate.Data < platform::today();
 }
 
-constexpr KindColumn<Scadenza> DUE_DATE_COLUMNS[] = {
-    {u"Data", 80, [](const Scadenza& dueDate) { return regional().shortDate(dueDate.Data); }},
-    {u"Descrizione", 400, [](const Scadenza& dueDate) { return dueDate.descrizione.simplified(); }, true},
-    {u"Stato", 80, [](const Scadenza& dueDate) {
+constexpr KindColumn<DueDate> DUE_DATE_COLUMNS[] = {
+    {u"Data", 80, [](const DueDate& dueDate) { return regional().shortDate(dueDate.Data); }},
+    {u"Descrizione", 400, [](const DueDate& dueDate) { return dueDate.descrizione.simplified(); }, true},
+    {u"Stato", 80, [](const DueDate& dueDate) {
          return dueDate.chiusa       ? QStringLiteral("Fatta")
                 : isOverdue(dueDate) ? QStringLiteral("Scaduta")
                                      : QStringLiteral("Da fare");
      }}};
 
-constexpr platform::BoundField<Scadenza> DUE_DATE_FIELDS[] = {
-    bound<&Scadenza::Data>({"tbData", u"&Data:", FieldKind::Date}),
-    bound<&Scadenza::descrizione>(
+constexpr platform::BoundField<DueDate> DUE_DATE_FIELDS[] = {
+    bound<&DueDate::Data>({"tbData", u"&Data:", FieldKind::Date}),
+    bound<&DueDate::descrizione>(
         {"tbDescrizione", u"De&scrizione:", FieldKind::Memo, 0, u"Scrivere la descrizione della scadenza."}),
-    bound<&Scadenza::chiusa>({"ckFatta", u"&Fatta", FieldKind::Check})};
+    bound<&DueDate::chiusa>({"ckFatta", u"&Fatta", FieldKind::Check})};
 
-constexpr Kind<Scadenza> DUE_DATES{
+constexpr Kind<DueDate> DUE_DATES{
     .item = "Scadenza",
     .grid = "rcScadenze",
     .caption = u"Scadenze",
@@ -198,11 +198,11 @@ constexpr Kind<Scadenza> DUE_DATES{
     .firstField = "tbDescrizione",
     .gone = u"La scadenza non è più nell'archivio.",
     .removalQuestion =
-        [](const Scadenza& dueDate, const RoomContext&) {
+        [](const DueDate& dueDate, const RoomContext&) {
             return QStringLiteral("Eliminare la scadenza del %1?").arg(regional().shortDate(dueDate.Data));
         },
     .mark =
-        [](const Scadenza& dueDate, platform::ListRow& row) {
+        [](const DueDate& dueDate, platform::ListRow& row) {
             row.bold = isOverdue(dueDate);
             if (dueDate.chiusa) row.colour = QColor(110, 122, 134);
             if (row.bold) row.colour = QColor(176, 32, 32);
@@ -236,7 +236,7 @@ constexpr ClinicalKind inCollection() {
 constexpr ClinicalKind KINDS[] = {{EVENTS.caption, eventList, nullptr},
                                   inCollection<NOTES, host::Appunto, &PatientRecord::Appunti>(),
                                   inCollection<VISITS, host::Visita, &PatientRecord::VisiteAmbDom>(),
-                                  inCollection<DUE_DATES, Scadenza, &PatientRecord::scadenze>(),
+                                  inCollection<DUE_DATES, DueDate, &PatientRecord::scadenze>(),
                                   {u"File", fileList, nullptr}};
 
 } // namespace

@@ -46,12 +46,12 @@ std::optional<host::RigaCorvala> CorvalaRecords::Carica(const QString& id) {
     return rowOf(query);
 }
 
-bool CorvalaRecords::Salva(QString& id, const host::DatiCorvala& dati) {
-    const std::optional<QDate> date = platform::regional().toDate(dati.Data);
+bool CorvalaRecords::Salva(QString& id, const host::DatiCorvala& data) {
+    const std::optional<QDate> date = platform::regional().toDate(data.Data);
     if (!date) return false;
     return table_.save(id,
-                       {storedMoment(date->startOfDay()), dati.idrif1, dati.descrizione, dati.m1, dati.t1, tiporecord},
-                       [&] { claimNumber(dati.t1, dati.idrif1); });
+                       {storedMoment(date->startOfDay()), data.idrif1, data.descrizione, data.m1, data.t1, tiporecord},
+                       [&] { claimNumber(data.t1, data.idrif1); });
 }
 
 // Within the transaction of the save, and held until its end. A unique index would refuse an archive in which some

@@ -16,7 +16,7 @@ public:
 
     QList<host::RigaCorvala> Lista() override;
     std::optional<host::RigaCorvala> Carica(const QString& id) override;
-    bool Salva(QString& id, const host::DatiCorvala& dati) override;
+    bool Salva(QString& id, const host::DatiCorvala& data) override;
     bool Elimina(const QString& id) override;
     void Refresh() override; ///< Notices what others wrote.
 

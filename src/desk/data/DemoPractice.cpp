@@ -105,7 +105,7 @@ void DemoPractice::addPatientRows() {
         return owner.Eventi().Salva(event);
     });
     eachRow(QStringLiteral("scadenze"), [](PatientRecord& owner, const DemoTable& table, int i) {
-        Scadenza due{{}, dateIn(table, i), table.text(i, "descrizione"), table.number(i, "chiusa") != 0};
+        DueDate due{{}, dateIn(table, i), table.text(i, "descrizione"), table.number(i, "chiusa") != 0};
         return owner.scadenze().Salva(due);
     });
 }

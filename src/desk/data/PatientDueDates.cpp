@@ -7,7 +7,7 @@ namespace desk {
 
 namespace {
 
-Scadenza dueDateOf(const Query& query) {
+DueDate dueDateOf(const Query& query) {
     return {query.text(0), query.date(1), query.text(2), query.number(3) != 0};
 }
 
@@ -24,22 +24,22 @@ QObject* PatientDueDates::EditForm(const QString& id) {
     return scope_.hooks.dueDateForm(scope_.patient, id);
 }
 
-QList<Scadenza> PatientDueDates::Lista() {
-    QList<Scadenza> list;
+QList<DueDate> PatientDueDates::Lista() {
+    QList<DueDate> list;
     for (Query query = table_.rows(QStringLiteral("Data, ID")); query.next();)
         list << dueDateOf(query);
     return list;
 }
 
-std::optional<Scadenza> PatientDueDates::Carica(const QString& id) {
+std::optional<DueDate> PatientDueDates::Carica(const QString& id) {
     Query query = table_.row(id);
     if (!query.next()) return std::nullopt;
     return dueDateOf(query);
 }
 
-bool PatientDueDates::Salva(Scadenza& scadenza) {
-    return table_.save(scadenza.ID,
-                       {storedMoment(scadenza.Data.startOfDay()), scadenza.descrizione, scadenza.chiusa ? 1 : 0});
+bool PatientDueDates::Salva(DueDate& dueDate) {
+    return table_.save(dueDate.ID,
+                       {storedMoment(dueDate.Data.startOfDay()), dueDate.descrizione, dueDate.chiusa ? 1 : 0});
 }
 
 bool PatientDueDates::Elimina(const QString& id) {

@@ -7,7 +7,7 @@
 
 namespace desk {
 
-struct Scadenza {
+struct DueDate {
     QString ID;
     QDate Data;
     QString descrizione;
@@ -21,9 +21,9 @@ public:
 
     QObject* EditForm(const QString& id) override;
 
-    QList<Scadenza> Lista();
-    std::optional<Scadenza> Carica(const QString& id);
-    bool Salva(Scadenza& scadenza); ///< Inserts when `ID` is empty and writes the new identity into it.
+    QList<DueDate> Lista();
+    std::optional<DueDate> Carica(const QString& id);
+    bool Salva(DueDate& dueDate); ///< Inserts when `ID` is empty and writes the new identity into it.
     bool Elimina(const QString& id);
 
 private:

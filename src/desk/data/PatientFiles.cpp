@@ -55,7 +55,7 @@ std::optional<host::VoceFile> PatientFiles::Carica(const QString& id) {
     return fileOf(query);
 }
 
-bool PatientFiles::SalvaFile(QString& id, const QString& descrizione, const QString& path) {
+bool PatientFiles::SalvaFile(QString& id, const QString& description, const QString& path) {
     QFile source(platform::files::resolve(path));
     if (!QFileInfo(source).isFile() || source.size() > largest || !source.open(QIODevice::ReadOnly)) return false;
     // A picture that was edited keeps the date on which it was taken in.
@@ -68,7 +68,7 @@ bool PatientFiles::SalvaFile(QString& id, const QString& descrizione, const QStr
         Transaction transaction(scope_.database);
         const QByteArray first = source.read(PART);
         const QString name = QFileInfo(source).fileName();
-        if (!contents_.save(saved, {descrizione, storedMoment(date), name, first})) return false;
+        if (!contents_.save(saved, {description, storedMoment(date), name, first})) return false;
         if (!storeContent(saved, source)) return false;
         transaction.commit();
     } catch (const DatabaseError&) {
@@ -93,11 +93,11 @@ bool PatientFiles::storeContent(const QString& id, QFile& source) {
     return source.error() == QFileDevice::NoError;
 }
 
-bool PatientFiles::describe(const QString& id, const QString& descrizione) {
+bool PatientFiles::describe(const QString& id, const QString& description) {
     try {
         const auto known = Carica(id);
         QString same = id;
-        return known && table_.save(same, {descrizione, storedMoment(known->Data), known->file});
+        return known && table_.save(same, {description, storedMoment(known->Data), known->file});
     } catch (const DatabaseError&) {
         return false;
     }

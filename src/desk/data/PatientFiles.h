@@ -21,7 +21,7 @@ public:
     QList<host::VoceFile> Lista() override;
     std::optional<host::VoceFile> Carica(const QString& id) override;
     /// With an id the description and the content are replaced. False when the file cannot be read or is too large.
-    bool SalvaFile(QString& id, const QString& descrizione, const QString& path) override;
+    bool SalvaFile(QString& id, const QString& description, const QString& path) override;
     bool Elimina(const QString& id) override;
     void Refresh() override;
     QString EstraiFile(const QString& id) override;
@@ -29,7 +29,7 @@ public:
 
     /// Writes the content to a place of the user's choice, over a file that is there only once all of it is written.
     bool copyTo(const QString& id, const QString& path);
-    bool describe(const QString& id, const QString& descrizione); ///< Changes the description alone.
+    bool describe(const QString& id, const QString& description); ///< Changes the description alone.
     QHash<QString, qint64> sizes();                               ///< Length in bytes, by id. Throws DatabaseError.
 
 private:

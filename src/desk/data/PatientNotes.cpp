@@ -31,9 +31,8 @@ std::optional<host::Appunto> PatientNotes::Carica(const QString& id) {
     return noteOf(query);
 }
 
-bool PatientNotes::Salva(host::Appunto& appunto) {
-    return table_.save(
-        appunto.ID, {storedMoment(appunto.Data), appunto.b1.toBool() ? 1 : 0, appunto.b2.toBool() ? 1 : 0, appunto.m1});
+bool PatientNotes::Salva(host::Appunto& note) {
+    return table_.save(note.ID, {storedMoment(note.Data), note.b1.toBool() ? 1 : 0, note.b2.toBool() ? 1 : 0, note.m1});
 }
 
 bool PatientNotes::Elimina(const QString& id) {

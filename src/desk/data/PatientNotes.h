@@ -15,7 +15,7 @@ public:
     QObject* EditForm(const QString& id) override;
 
     std::optional<host::Appunto> Carica(const QString& id);
-    bool Salva(host::Appunto& appunto); ///< Inserts when `ID` is empty and writes the new identity into it.
+    bool Salva(host::Appunto& note); ///< Inserts when `ID` is empty and writes the new identity into it.
 
 private:
     PatientScope scope_;

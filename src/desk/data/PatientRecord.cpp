@@ -78,7 +78,7 @@ PatientDueDates& PatientRecord::scadenze() {
 }
 
 void PatientRecord::GeneraEvento(host::Raccolta& source) {
-    if (hooks_.generaEvento) hooks_.generaEvento(*this, source);
+    if (hooks_.raiseEvent) hooks_.raiseEvent(*this, source);
 }
 
 } // namespace desk

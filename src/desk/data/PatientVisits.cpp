@@ -35,8 +35,8 @@ std::optional<host::Visita> PatientVisits::Carica(const QString& id) {
     return visitOf(query);
 }
 
-bool PatientVisits::Salva(host::Visita& visita) {
-    return table_.save(visita.ID, {storedMoment(visita.Data), visita.descrizione});
+bool PatientVisits::Salva(host::Visita& visit) {
+    return table_.save(visit.ID, {storedMoment(visit.Data), visit.descrizione});
 }
 
 bool PatientVisits::Elimina(const QString& id) {

@@ -14,7 +14,7 @@ public:
     QObject* EditForm(const QString& id) override;
 
     std::optional<host::Visita> Carica(const QString& id);
-    bool Salva(host::Visita& visita); ///< Inserts when `ID` is empty and writes the new identity into it.
+    bool Salva(host::Visita& visit); ///< Inserts when `ID` is empty and writes the new identity into it.
     bool Elimina(const QString& id);
 
 private:

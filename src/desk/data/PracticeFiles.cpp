@@ -28,14 +28,15 @@ QList<PracticeFile> filesIn(const QString& folder, const QString& prefix) {
     QList<PracticeFile> found;
     for (const QString& name : files::list(folder, QStringLiteral("*.xml"))) {
         if (name.contains(QLatin1String(REPLACED))) continue;
-        if (const auto content = files::read(folder + QLatin1Char('/') + name)) found << PracticeFile{prefix + name, *content};
+        if (const auto content = files::read(folder + QLatin1Char('/') + name))
+            found << PracticeFile{prefix + name, *content};
     }
     return found;
 }
 
 QString formerName(const QString& path) {
-    const QString base = path.chopped(4) + QLatin1String(REPLACED) +
-                         platform::now().toString(QStringLiteral("yyyy-MM-dd-HHmmss"));
+    const QString base =
+        path.chopped(4) + QLatin1String(REPLACED) + platform::now().toString(QStringLiteral("yyyy-MM-dd-HHmmss"));
     QString name = base + QStringLiteral(".xml");
     for (int i = 2; files::exists(name); ++i)
         name = QStringLiteral("%1-%2.xml").arg(base).arg(i);
@@ -51,7 +52,7 @@ void replace(const QString& path, const QByteArray& content, bool keepFormer) {
 } // namespace
 
 PracticeFolders PracticeFolders::ofUser() {
-    const QString settings = platform::cartellaSpeciale(platform::CSIDL_APPDATA) + QLatin1String(SETTINGS_FOLDER);
+    const QString settings = platform::specialFolder(platform::CSIDL_APPDATA) + QLatin1String(SETTINGS_FOLDER);
     platform::XmlDocument document;
     document.loadFile(settings + QLatin1Char('/') + QLatin1String(SETTINGS));
     QString catalogues = files::resolve(folderOfCatalogues(document).text());

@@ -23,7 +23,7 @@ QString SignedInUser::TempDir() const {
 }
 
 QString SignedInUser::sign() const {
-    return user_.nomeCompleto();
+    return user_.fullName();
 }
 
 } // namespace desk

@@ -15,12 +15,12 @@ struct UserData {
     QString Nome;
     QString codicefiscale;
     int tipo = doctor;
-    QString codiceAttivita;   ///< Two letters; "OD" dentistry.
-    bool attivo = true;       ///< One who left stays for the sake of the records, but signs in no more.
-    bool conPassword = false; ///< Read only: whether a password is asked at sign-in.
+    QString codiceAttivita;    ///< Two letters; "OD" dentistry.
+    bool attivo = true;        ///< One who left stays for the sake of the records, but signs in no more.
+    bool asksPassword = false; ///< Read only: whether a password is asked at sign-in.
 
     bool isDoctor() const { return tipo == doctor; }
-    QString nomeCompleto() const { return (Cognome + QLatin1Char(' ') + Nome).trimmed(); }
+    QString fullName() const { return (Cognome + QLatin1Char(' ') + Nome).trimmed(); }
 };
 
 } // namespace desk

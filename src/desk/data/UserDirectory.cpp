@@ -87,7 +87,7 @@ bool UserDirectory::save(UserData& user, const std::optional<QString>& passwordH
         database_.run(QStringLiteral("update {schema}.tblUtenti set improntapassword = ?, tentativi = 0, "
                                      "istante = null where ID = ?"),
                       {passwordHash->isEmpty() ? QVariant() : QVariant(*passwordHash), saved.ID});
-        saved.conPassword = !passwordHash->isEmpty();
+        saved.asksPassword = !passwordHash->isEmpty();
     }
     transaction.commit();
     user = saved;
@@ -124,7 +124,7 @@ bool UserDirectory::hasRecords(const UserData& user) {
     if (anyRow(QStringLiteral("tblPazienti"), QStringLiteral("idmedico = ?"), user.ID)) return true;
     // Rows carry the signature of their last writer, plans the tax code of their doctors and assistants.
     for (const char* table : signedTables) {
-        if (anyRow(QLatin1String(table), QStringLiteral("ModificatoDa = ?"), user.nomeCompleto())) return true;
+        if (anyRow(QLatin1String(table), QStringLiteral("ModificatoDa = ?"), user.fullName())) return true;
     }
     return !user.codicefiscale.isEmpty() &&
            anyRow(QStringLiteral("tblWorkspace"), database_.dialect().contains(QStringLiteral("m1")),

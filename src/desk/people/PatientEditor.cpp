@@ -31,8 +31,7 @@ void PatientEditor::fillDoctors(const QString& idDoctor) {
     addChoice("cbMedico", QStringLiteral("(nessuno)"), QString());
     for (const UserData& user : std::as_const(users_)) {
         const bool offered = user.isDoctor() && user.attivo;
-        if (offered || (!idDoctor.isEmpty() && user.ID == idDoctor))
-            addChoice("cbMedico", user.nomeCompleto(), user.ID);
+        if (offered || (!idDoctor.isEmpty() && user.ID == idDoctor)) addChoice("cbMedico", user.fullName(), user.ID);
     }
 }
 

@@ -65,7 +65,7 @@ QString nameOf(const platform::FormField& field) {
 QString shown(const platform::FormField& field, const QString& value, const QList<UserData>& users) {
     if (QLatin1String(field.name) != QLatin1String("cbMedico")) return value;
     for (const UserData& user : users)
-        if (user.ID == value) return user.nomeCompleto();
+        if (user.ID == value) return user.fullName();
     return {};
 }
 

@@ -23,7 +23,7 @@ QString waitText(int seconds) {
 }
 
 QString shownAs(const UserData& user) {
-    return user.nomeCompleto() + (user.isDoctor() ? QStringLiteral("\nMedico") : QStringLiteral("\nAssistente"));
+    return user.fullName() + (user.isDoctor() ? QStringLiteral("\nMedico") : QStringLiteral("\nAssistente"));
 }
 
 } // namespace
@@ -97,7 +97,7 @@ void SignInWindow::select(int row) {
 }
 
 void SignInWindow::enterByClick() {
-    if (user().conPassword)
+    if (user().asksPassword)
         password_->setFocus();
     else
         enter();
@@ -121,7 +121,7 @@ void SignInWindow::complain(const QString& text) {
 void SignInWindow::showState() {
     int wait = 0;
     const QString failure = platform::guarded([&] { wait = signIn_.secondsToWait(user().codice); });
-    const bool needsPassword = user().conPassword;
+    const bool needsPassword = user().asksPassword;
     caption_->setEnabled(needsPassword);
     password_->setEnabled(needsPassword);
     password_->setPlaceholderText(needsPassword ? QString() : QStringLiteral("non richiesta"));

@@ -71,24 +71,24 @@ UserEditor::UserEditor(UserDirectory& users, SignIn& signIn, UserData signedIn, 
     field("ckAttivo")->setEnabled(!isSignedIn());
     field("cbTipo")->setEnabled(signedIn_.isDoctor());
     field<QGroupBox>("boPassword")
-        ->setTitle(user.conPassword ? QStringLiteral("Password (impostata)")
-                                    : QStringLiteral("Password (non impostata: si accede con un clic)"));
-    field("ckTogliPassword")->setEnabled(user.conPassword);
+        ->setTitle(user.asksPassword ? QStringLiteral("Password (impostata)")
+                                     : QStringLiteral("Password (non impostata: si accede con un clic)"));
+    field("ckTogliPassword")->setEnabled(user.asksPassword);
     askForPassword();
     start("tbCodice", QSize(640, 0));
 }
 
 /// Says whose password is wanted for a change.
 void UserEditor::askForPassword() {
-    const bool own = isSignedIn() || !user_.conPassword;
+    const bool own = isSignedIn() || !user_.asksPassword;
     const bool resets = &whosePassword() == &signedIn_;
     setCaption("tbPasswordAttuale", own      ? QStringLiteral("&Password attuale:")
                                     : resets ? QStringLiteral("La &propria password:")
                                              : QStringLiteral("&Password dell'utente:"));
     auto* present = field<QLineEdit>("tbPasswordAttuale");
-    present->setEnabled(user_.conPassword);
-    if (!user_.conPassword) return;
-    present->setPlaceholderText(resets ? QStringLiteral("quella di ") + signedIn_.nomeCompleto()
+    present->setEnabled(user_.asksPassword);
+    if (!user_.asksPassword) return;
+    present->setPlaceholderText(resets ? QStringLiteral("quella di ") + signedIn_.fullName()
                                        : QStringLiteral("solo per cambiarla o toglierla"));
 }
 
@@ -124,12 +124,12 @@ QString UserEditor::whatIsWrongWithPassword() {
         if (text("tbPasswordNuova") != text("tbPasswordRipetuta"))
             return refuse("tbPasswordRipetuta", QStringLiteral("Le due password non sono uguali."));
     }
-    return user_.conPassword ? judgePassword() : QString();
+    return user_.asksPassword ? judgePassword() : QString();
 }
 
 // Who has no password proves nothing by signing in, so only one who has may reset that of another.
 const UserData& UserEditor::whosePassword() const {
-    const bool mayReset = user_.conPassword && !isSignedIn() && signedIn_.isDoctor() && signedIn_.conPassword;
+    const bool mayReset = user_.asksPassword && !isSignedIn() && signedIn_.isDoctor() && signedIn_.asksPassword;
     return mayReset ? signedIn_ : user_;
 }
 
@@ -143,7 +143,7 @@ QString UserEditor::judgePassword() {
         field<QLineEdit>("tbPasswordAttuale")->selectAll();
         return refuse("tbPasswordAttuale",
                       isSignedIn() ? QStringLiteral("La password attuale non è corretta.")
-                                   : QStringLiteral("La password di %1 non è corretta.").arg(whose.nomeCompleto()));
+                                   : QStringLiteral("La password di %1 non è corretta.").arg(whose.fullName()));
     case SignIn::Outcome::Wait:
         break;
     }

@@ -60,9 +60,8 @@ platform::ListRows UserList::rows() {
     for (const UserData& user : users_.all())
         rows.rows.append(
             {user.ID,
-             {user.codice, user.nomeCompleto(),
-              user.isDoctor() ? QStringLiteral("Medico") : QStringLiteral("Assistente"), user.codiceAttivita,
-              user.codicefiscale, user.conPassword ? QStringLiteral("Sì") : QStringLiteral("No"),
+             {user.codice, user.fullName(), user.isDoctor() ? QStringLiteral("Medico") : QStringLiteral("Assistente"),
+              user.codiceAttivita, user.codicefiscale, user.asksPassword ? QStringLiteral("Sì") : QStringLiteral("No"),
               user.ID == signedInId_ ? QStringLiteral("In uso")
               : user.attivo          ? QStringLiteral("Attivo")
                                      : QStringLiteral("Disattivato")}});
@@ -85,7 +84,7 @@ platform::RecordForm* UserList::editor(const QString& id, QWidget* parent) {
 bool UserList::removeOrDeactivate(const QString& id, platform::ListPage& page) {
     UserData user = known(id);
     if (user.ID == signedInId_) refuse(QStringLiteral("Non si può eliminare l'utente che sta usando il programma."));
-    const QString name = user.nomeCompleto();
+    const QString name = user.fullName();
     if (!users_.hasRecords(user)) {
         if (!page.agreed(QStringLiteral("Eliminare l'utente %1?").arg(name))) return false;
         if (!users_.remove(user.ID)) refuse(QStringLiteral("L'utente non è stato eliminato."));

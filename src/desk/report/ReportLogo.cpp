@@ -18,7 +18,7 @@ constexpr qsizetype MOST_BYTES = 20 * 1024 * 1024;
 QString pathOf(const QString& file) {
     const QString plain = platform::files::resolve(file);
     if (QFileInfo(plain).isAbsolute()) return plain;
-    const QString folder = platform::cartellaSpeciale(platform::CSIDL_APPDATA);
+    const QString folder = platform::specialFolder(platform::CSIDL_APPDATA);
     return platform::files::resolve(folder + QStringLiteral("/Lumetra/Tessara 5000 V6/") + file);
 }
 

@@ -51,7 +51,7 @@ Desk::Parts::Parts(std::unique_ptr<Practice> openPractice)
     , backup(practice->database(), practice->user().ID(),
              {.closeEverything = [this] { return closeEverything(); }, .leave = [this] { window.close(); }}) {
     const UserData& user = practice->user().data();
-    window.showUser(user.nomeCompleto());
+    window.showUser(user.fullName());
     window.showDatabase(practice->database().url().toDisplay());
     window.setCloseGuard([this] { return closeEverything(); });
     connectRooms();
@@ -224,7 +224,7 @@ void Desk::Parts::connectRooms() {
         };
     };
     PatientHooks& hooks = practice->hooks();
-    hooks.generaEvento = [this](host::Paziente&, host::Raccolta&) { refreshPanelsSoon(); };
+    hooks.raiseEvent = [this](host::Paziente&, host::Raccolta&) { refreshPanelsSoon(); };
     hooks.noteForm = editorOf(RoomKind::Notes);
     hooks.visitForm = editorOf(RoomKind::Visits);
     hooks.dueDateForm = editorOf(RoomKind::DueDates);

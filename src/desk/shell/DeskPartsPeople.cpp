@@ -15,7 +15,7 @@ void Desk::Parts::showUsers() {
     list.exec();
     // The signature in the records is that of the sign-in; only the window follows at once.
     for (const UserData& user : practice->users().all()) {
-        if (user.ID == practice->user().ID()) window.showUser(user.nomeCompleto());
+        if (user.ID == practice->user().ID()) window.showUser(user.fullName());
     }
 }
 

@@ -5,10 +5,10 @@
 namespace desk {
 
 PanelMenu::PanelMenu()
-    : items_{{NUOVO, QStringLiteral("Nuovo")},
-             {MODIFICA, QStringLiteral("Modifica")},
-             {ELIMINA, QStringLiteral("Elimina")},
-             {STAMPA, QStringLiteral("Stampa")}} {}
+    : items_{{NEW, QStringLiteral("Nuovo")},
+             {EDIT, QStringLiteral("Modifica")},
+             {REMOVE, QStringLiteral("Elimina")},
+             {PRINT, QStringLiteral("Stampa")}} {}
 
 void PanelMenu::RemoveItem(int command) {
     items_.removeIf([command](const Item& item) { return item.command == command; });

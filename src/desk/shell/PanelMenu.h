@@ -10,10 +10,10 @@ namespace desk {
 /// The context menu of a panel's grid. It starts with the host's own entries and is then adapted by the view.
 class PanelMenu : public host::PopupBar {
 public:
-    static constexpr int NUOVO = 77;
-    static constexpr int MODIFICA = 78;
-    static constexpr int ELIMINA = 79;
-    static constexpr int STAMPA = 80;
+    static constexpr int NEW = 77;
+    static constexpr int EDIT = 78;
+    static constexpr int REMOVE = 79;
+    static constexpr int PRINT = 80;
 
     PanelMenu();
     void RemoveItem(int command) override;

@@ -16,9 +16,9 @@ UserData whoSignsIn(Database& database, const Options& options) {
         throw OptionError(QStringLiteral("Nessun utente attivo ha il codice \u201c%1\u201d.").arg(options.userCode));
     if (!proposed) throw OptionError(QStringLiteral("Nessun utente dello studio pu\u00f2 accedere."));
     QList<UserData> candidates = users.active();
-    const bool asked = options.asksWhoSignsIn || proposed->conPassword;
+    const bool asked = options.asksWhoSignsIn || proposed->asksPassword;
     if (!options.userCode.isEmpty() || !asked || candidates.size() < 2) candidates = {*proposed};
-    if (candidates.size() == 1 && !proposed->conPassword) return *proposed;
+    if (candidates.size() == 1 && !proposed->asksPassword) return *proposed;
     SignIn signIn(database);
     SignInWindow window(signIn, candidates);
     if (window.exec() != QDialog::Accepted) throw SignInCancelled();

@@ -1,0 +1,204 @@
+#include "chart/ChartComposition.h"
+
+#include "catalogues/modServizi.h"
+#include "chart/clsGraphical.h"
+#include "platform/Files.h"
+
+namespace {
+
+constexpr QChar ENTRIES = u';';
+constexpr QChar PARTS = u':';
+
+ToothState stateOf(const ChartRow& row) {
+    if (row.isFinished()) return ToothState::Finished;
+    return row.isOpen() ? ToothState::Open : ToothState::ToStart;
+}
+
+QString colourOf(ToothState state) {
+    switch (state) {
+    case ToothState::Finished:
+        return QStringLiteral("GREEN");
+    case ToothState::Open:
+        return QStringLiteral("YELLOW");
+    case ToothState::ToStart:
+        return QStringLiteral("RED");
+    case ToothState::None:
+        break;
+    }
+    return {};
+}
+
+bool firstTime(const QString& service, QString& seen) {
+    const QString key = QStringLiteral(";%1;").arg(service);
+    if (seen.contains(key)) return false;
+    seen += key;
+    return true;
+}
+
+} // namespace
+
+QString ComposedTooth::statusTag() const {
+    return state == ToothState::None ? QString() : QChar(static_cast<char16_t>(state)) + stateService;
+}
+
+ChartComposition::ChartComposition(const clsGraphical& graphics)
+    : ChartComposition(graphics, Options()) {}
+
+ChartComposition::ChartComposition(const clsGraphical& graphics, const Options& options)
+    : graphics_(graphics)
+    , options_(options) {
+    clearServices();
+}
+
+ComposedTooth* ChartComposition::toothNamed(const QString& name) {
+    const int index = IndiceDaDente(name);
+    return index < 0 ? nullptr : &teeth_[static_cast<std::size_t>(index)];
+}
+
+QString ChartComposition::plainPicture(int index) const {
+    QString image;
+    const bool found = graphics_.SituazioneDente(DenteDaIndice(index), QString(), image);
+    return found && platform::files::exists(image) ? image : QString();
+}
+
+void ChartComposition::composeTeeth(const QString& mouthSituation) {
+    for (int index = 0; index < TOOTH_COUNT; ++index)
+        setTooth(index, QString());
+    const QStringList entries = mouthSituation.split(ENTRIES, Qt::SkipEmptyParts);
+    for (const QString& entry : entries) {
+        bool number = false;
+        const int index = entry.section(PARTS, 0, 0).toInt(&number);
+        if (number && index >= 0 && index < TOOTH_COUNT) setTooth(index, entry);
+    }
+}
+
+void ChartComposition::composeTooth(int index, const QString& entry) {
+    const bool plain = entry.section(PARTS, 1, 1).toInt() < 1 && entry.section(PARTS, 2).isEmpty();
+    setTooth(index, plain ? QString() : entry);
+}
+
+void ChartComposition::setTooth(int index, const QString& entry) {
+    ComposedTooth& tooth = teeth_[static_cast<std::size_t>(index)];
+    const QString situation = entry.section(PARTS, 1, 1);
+    tooth.situation = entry;
+    tooth.text = entry.section(PARTS, 2); // a text with ":" in it, from elsewhere, stays whole
+    tooth.picture = plainPicture(index);
+    QString image;
+    if (situation.isEmpty() || !graphics_.SituazioneDente(DenteDaIndice(index), situation, image)) return;
+    if (platform::files::exists(image)) tooth.picture = image;
+}
+
+QString ChartComposition::mouthSituation() const {
+    QStringList entries;
+    for (const ComposedTooth& tooth : teeth_)
+        if (!tooth.situation.isEmpty()) entries.append(tooth.situation);
+    return entries.join(ENTRIES);
+}
+
+void ChartComposition::clearServices() {
+    phase_ = QStringLiteral("step 1");
+    for (ComposedTooth& tooth : teeth_)
+        tooth.layers.fill({});
+    phase_ = QStringLiteral("step 2");
+    strip_.clear();
+    phase_ = QStringLiteral("step 3");
+    if (options_.showShortList) shortList_.clear();
+    phase_ = QStringLiteral("step 4");
+    if (options_.showAtAGlance) atAGlance_.fill({});
+}
+
+void ChartComposition::composeServices(const QList<ChartRow>& rows) {
+    clearServices();
+    phase_ = QStringLiteral("step 5");
+    QString seenShort;
+    QString seenAtAGlance;
+    for (const ChartRow& row : rows) {
+        addLayers(row);
+        addToStrip(row);
+        if (options_.showShortList) addToShortList(row, seenShort);
+        if (options_.showAtAGlance) addAtAGlance(row, seenAtAGlance);
+    }
+}
+
+void ChartComposition::addLayers(const ChartRow& row) {
+    phase_ = QStringLiteral("step 5.a");
+    for (const QString& name : row.teeth.entries()) {
+        ComposedTooth* tooth = toothNamed(name);
+        if (tooth == nullptr) continue;
+        ToothLayer layer;
+        if (!graphics_.ImmagineServizio(name, row.service, layer.left, layer.top, layer.picture)) continue;
+        if (!platform::files::exists(layer.picture)) continue;
+        layer.service = row.service;
+        // A fourth service on a tooth has no layer left and is dropped without a word: more would hide the tooth.
+        for (ToothLayer& place : tooth->layers) {
+            if (!place.service.isEmpty()) continue;
+            place = layer;
+            break;
+        }
+    }
+}
+
+void ChartComposition::addToStrip(const ChartRow& row) {
+    phase_ = QStringLiteral("step 5.b");
+    HighlightedService entry{row.service, row.description, QString(), QString(), stateOf(row)};
+    if (!graphics_.ImmagineInEvidenza(row.service, entry.picture)) return;
+    if (strip_.size() < options_.stripPlaces) strip_.append(entry);
+}
+
+void ChartComposition::addToShortList(const ChartRow& row, QString& seen) {
+    phase_ = QStringLiteral("step 5.c");
+    HighlightedService entry{row.service, row.description, QString(), QString(), stateOf(row)};
+    if (!ServizioInEvidenza(row.service, entry.shortText) || !firstTime(row.service, seen)) return;
+    if (shortList_.size() < options_.shortListPlaces) shortList_.append(entry);
+}
+
+void ChartComposition::addAtAGlance(const ChartRow& row, QString& seen) {
+    phase_ = QStringLiteral("step 5.d");
+    if (!firstTime(row.service, seen)) return;
+    HighlightedService entry{row.service, row.description, QString(), QString(), stateOf(row)};
+    qint16 place = 0;
+    if (!graphics_.ImmagineAllOcchio(row.service, place, entry.picture)) return;
+    // Two services with the same place overwrite each other, and the last one stays: the practice chose the places.
+    atAGlance_[static_cast<std::size_t>(place)] = entry;
+}
+
+void ChartComposition::composeMarks(const QList<ChartRow>& rows) {
+    for (ComposedTooth& tooth : teeth_) {
+        tooth.state = ToothState::None;
+        tooth.stateService.clear();
+        tooth.statePicture.clear();
+    }
+    for (const ChartRow& row : rows) {
+        for (const QString& name : row.teeth.entries())
+            if (ComposedTooth* tooth = toothNamed(name)) mark(*tooth, row);
+    }
+    for (ComposedTooth& tooth : teeth_) {
+        QString image;
+        if (tooth.state == ToothState::None) continue;
+        const bool found = graphics_.ServizioConStatus(tooth.stateService, colourOf(tooth.state), image);
+        if (found && platform::files::exists(image)) tooth.statePicture = image;
+    }
+}
+
+void ChartComposition::mark(ComposedTooth& tooth, const ChartRow& row) const {
+    const ToothState state = stateOf(row);
+    const bool open = tooth.state == ToothState::Open;
+    bool takes = false;
+    switch (state) {
+    case ToothState::Finished:
+        takes = tooth.state == ToothState::None;
+        break;
+    case ToothState::Open: // The first open row keeps the tooth, but takes it from a row not yet started.
+        takes = !open;
+        break;
+    case ToothState::ToStart: // With the worst state asked for, the order of the rows counts; without it open ones
+                              // win.
+        takes = options_.worstStateWins || !open;
+        break;
+    case ToothState::None:
+        break;
+    }
+    if (!takes) return;
+    tooth.state = state;
+    tooth.stateService = row.service;
+}

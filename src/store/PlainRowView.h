@@ -1,0 +1,20 @@
+#pragma once
+
+#include "host/clsViewBase.h"
+
+class PlainRowManager;
+
+/// A panel that lists records by what their rows tell: number, date and description. It offers no commands while the
+/// records have no window.
+class PlainRowView : public clsViewBase {
+public:
+    explicit PlainRowView(PlainRowManager& manager)
+        : manager_(manager) {}
+
+protected:
+    void buildColumns(platform::ReportGrid& grid) override;
+    void fill(platform::ReportGrid& grid) override;
+
+private:
+    PlainRowManager& manager_;
+};
