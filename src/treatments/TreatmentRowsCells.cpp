@@ -77,7 +77,8 @@ void TreatmentRows::searchService(platform::ReportRecord& record) {
 
 void TreatmentRows::applyService(platform::ReportRecord& record) {
     platform::ReportCell& written = record.cell(SERVICE);
-    const clsItemServizio* service = oServizi->Carica(serviceCode(written.value));
+    const QString code = serviceCode(written.value); // none once the module has ended under the window
+    const clsItemServizio* service = code.isEmpty() ? nullptr : oServizi->Carica(code);
     if (!service) return;
     written.value = service->ID;
     platform::ReportCell& description = record.cell(DESCRIPTION);

@@ -216,6 +216,10 @@ TEST_F(TreatmentFaults, TheModuleMayEndUnderItsWindows) {
         QWidget* editor = QApplication::activeModalWidget();
         ASSERT_NE(editor, nullptr);
         QTest::mouseClick(editor->findChild<QWidget*>(QStringLiteral("imTooth(7)")), Qt::RightButton);
+        editor->findChild<QPushButton*>(QStringLiteral("cbRighi(0)"))->click();
+        QTest::qWait(1);
+        auto* rows = editor->findChild<platform::ReportGrid*>(QStringLiteral("rcRighi"));
+        EXPECT_TRUE(rows->enterText(0, gridrow::SERVICE, QStringLiteral("CORONA")));
         dialogs_.answer = platform::Answer::Yes;
         editor->findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();
         EXPECT_EQ(dialogs_.messages, QStringList{SEARCH_MARK}) << "nothing can be saved any more";
