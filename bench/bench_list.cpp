@@ -71,7 +71,7 @@ void fill(const desk::Options& options) {
         plan.Data = platform::regional().shortDate(dayOf(i));
         QString id;
         patient->corvala().Salva(
-            id, {plan.Data, joinIdrif1(plan), plan.descrizione, QStringLiteral("TRT"), writeTreatmentMemo(plan)});
+            id, {plan.Data, plan.number().text(), plan.descrizione, QStringLiteral("TRT"), writeTreatmentMemo(plan)});
     }
     transaction.commit();
 }

@@ -58,7 +58,7 @@ QString fill(const desk::Options& options) {
     for (int i = 0; i < RECORDS; ++i) {
         const clsItemTrattamento plan = planSample(ROWS, i);
         QString id;
-        patient->corvala().Salva(id, {QStringLiteral("01/03/2025"), joinIdrif1(plan), plan.descrizione,
+        patient->corvala().Salva(id, {QStringLiteral("01/03/2025"), plan.number().text(), plan.descrizione,
                                       QLatin1String(TYPES[i % 5]), writeTreatmentMemo(plan)});
     }
     transaction.commit();

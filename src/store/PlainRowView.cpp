@@ -13,7 +13,7 @@ void PlainRowView::fill(platform::ReportGrid& grid) {
     for (const WorkspaceItem& item : manager_.Lista()) {
         platform::ReportRecord* record = grid.addRecord();
         record->tag = item.ID;
-        record->cell(0).value = joinIdrif1(item);
+        record->cell(0).value = item.number().text();
         record->cell(1).value = item.Data;
         record->cell(2).value = item.descrizione;
     }

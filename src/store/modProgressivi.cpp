@@ -2,10 +2,8 @@
 
 #include "host/context.h"
 #include "host/contract/Host.h"
-#include "platform/Regional.h"
+#include "store/RecordNumber.h"
 #include "store/modConversioni.h"
-
-#include <QStringList>
 
 namespace {
 
@@ -13,9 +11,8 @@ constexpr int DIGITS = 4;
 
 /// The number in "2024-0007"; 0 for anything else.
 int numberIn(const QString& idrif1) {
-    const QStringList parts = idrif1.split(QLatin1Char('-'));
     // Four characters only, also of "10000": workstations of every age must propose the same number.
-    return parts.size() == 2 ? CastInteger(parts[1].left(DIGITS)) : 0;
+    return CastInteger(RecordNumber::parse(idrif1).progressive.left(DIGITS));
 }
 
 QString rowsOfType(const QString& t1) {
@@ -34,7 +31,7 @@ QString ProssimoProgressivo(const QString& t1, const QString& year) {
         const QVariant value = rows->value(QStringLiteral("HighestValue"));
         if (!value.isNull()) highest = numberIn(value.toString());
     }
-    return platform::regional().format(highest + 1, QStringLiteral("0000"));
+    return RecordNumber::fourDigits(highest + 1);
 }
 
 bool EsisteProgressivo(const QString& t1, const QString& idrif1) {

@@ -2,23 +2,10 @@
 
 #include "platform/Regional.h"
 
-#include <QStringList>
-
-QString joinIdrif1(const WorkspaceItem& item) {
-    return item.anno + QLatin1Char('-') + item.progressivo;
-}
-
-void splitIdrif1(const QString& idrif1, WorkspaceItem& item) {
-    const QStringList parts = idrif1.split(QLatin1Char('-'));
-    const bool numbered = parts.size() == 2;
-    item.anno = numbered ? parts[0] : QString();
-    item.progressivo = numbered ? parts[1] : QString();
-}
-
 void readRow(const host::RigaCorvala& row, WorkspaceItem& item) {
     item.ID = row.ID;
     item.Data = platform::regional().shortDate(row.Data.date());
-    splitIdrif1(row.idrif1, item);
+    item.setNumber(RecordNumber::parse(row.idrif1));
     item.descrizione = row.descrizione;
 }
 

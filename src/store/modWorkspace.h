@@ -3,6 +3,7 @@
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "platform/Collection.h"
+#include "store/RecordNumber.h"
 #include "store/modProgressivi.h"
 
 #include <QDate>
@@ -11,7 +12,7 @@
 #include <utility>
 
 /// What every record of the practice has, whatever its type. `ID` is empty until the first save; `Data` is text in the
-/// regional short form. The human number `idrif1` is never a field: it is `anno` and `progressivo`, joined.
+/// regional short form. The human number is never a field: it is `anno` and `progressivo`, joined.
 struct WorkspaceItem {
     QString ID;
     QString anno;
@@ -21,12 +22,14 @@ struct WorkspaceItem {
     /// What kept the record from being read whole; empty when it was. Such a record is shown and deleted, never written
     /// over. Not stored.
     QString fault;
+
+    RecordNumber number() const { return RecordNumber::of(anno, progressivo); }
+    void setNumber(const RecordNumber& number) {
+        anno = number.year;
+        progressivo = number.progressivo();
+    }
 };
 
-/// `anno` "-" `progressivo`.
-QString joinIdrif1(const WorkspaceItem& item);
-/// Sets `anno` and `progressivo`; both empty when the number does not have exactly two parts.
-void splitIdrif1(const QString& idrif1, WorkspaceItem& item);
 /// The fields that come from the row itself, all but the memo.
 void readRow(const host::RigaCorvala& row, WorkspaceItem& item);
 /// The query of the records of one type across all patients, in a period when both dates are valid.
@@ -53,7 +56,7 @@ public:
         host::Paziente* patient = currentPatient();
         if (!patient || !item.fault.isEmpty()) return false;
         QString id = item.ID;
-        const host::DatiCorvala data{item.Data, joinIdrif1(item), item.descrizione, t1_, SerializzaMEMO(item)};
+        const host::DatiCorvala data{item.Data, item.number().text(), item.descrizione, t1_, SerializzaMEMO(item)};
         if (!patient->corvala().Salva(id, data)) return false;
         item.ID = id;
         return true;
@@ -63,7 +66,7 @@ public:
     /// workstation has taken that meanwhile, which is then in `progressivo`.
     bool saveNew(Item& item) {
         try {
-            if (EsisteProgressivo(t1_, joinIdrif1(item))) item.progressivo = ProssimoProgressivo(t1_, item.anno);
+            if (EsisteProgressivo(t1_, item.number().text())) takeNextNumber(item);
         } catch (const host::HostError&) {
             return false; // nothing is stored under a number of which nobody knows whether it is free
         }
@@ -71,9 +74,7 @@ public:
             try {
                 return Salva(item);
             } catch (const host::NumberTakenError&) {
-                const QString next = ProssimoProgressivo(t1_, item.anno);
-                if (next == item.progressivo) return false; // the numbers of the year are used up
-                item.progressivo = next;
+                if (!takeNextNumber(item)) return false; // the numbers of the year are used up
             }
         }
     }
@@ -124,6 +125,14 @@ protected:
     }
 
 private:
+    /// False when the next number is the one that the item has. A suffix stays.
+    bool takeNextNumber(Item& item) const {
+        RecordNumber number = item.number();
+        const QString former = std::exchange(number.progressive, ProssimoProgressivo(t1_, number.year));
+        item.setNumber(number);
+        return number.progressive != former;
+    }
+
     Item createListItem(const host::RigaCorvala& row) const {
         Item item;
         readRow(row, item);

@@ -43,7 +43,7 @@ void addForList(platform::ReportGrid& grid) {
 }
 
 void fillRecord(const clsItemTrattamento& item, platform::ReportRecord& record) {
-    record.cell(PROGRESSIVE).value = joinIdrif1(item);
+    record.cell(PROGRESSIVE).value = item.number().text();
     record.cell(DATE).value = item.Data;
     record.cell(TAX_CODE).value = item.cliente;
     record.cell(PATIENT).value = item.descrizionecliente;

@@ -14,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <cmath>
 
 namespace {
 
@@ -27,16 +26,6 @@ enum Field {
     DOCTOR = 11,
     DOCTOR_NAME = 12
 };
-
-// Of four digits: a greater one would end the numbering of its year.
-bool fitsNumber(double number) {
-    return number >= 1 && number <= 9999 && std::trunc(number) == number;
-}
-
-QString fourDigits(const QString& text) {
-    const auto number = platform::regional().toNumber(text);
-    return number ? platform::regional().format(*number, QStringLiteral("0000")) : text;
-}
 
 } // namespace
 
@@ -56,7 +45,7 @@ TreatmentHeader::TreatmentHeader(QWidget* parent)
     connect(field(ADVANCE_YEAR), &QLineEdit::textChanged, this, &TreatmentHeader::advanceInvoiceChanged);
     connect(field(ADVANCE_NUMBER), &QLineEdit::textChanged, this, &TreatmentHeader::advanceInvoiceChanged);
     connect(field(ADVANCE_NUMBER), &QLineEdit::editingFinished, this,
-            [this] { field(ADVANCE_NUMBER)->setText(fourDigits(field(ADVANCE_NUMBER)->text())); });
+            [this] { field(ADVANCE_NUMBER)->setText(RecordNumber::fourDigits(field(ADVANCE_NUMBER)->text())); });
 }
 
 QLineEdit* TreatmentHeader::newField(int index, int width) {
@@ -121,11 +110,9 @@ void TreatmentHeader::load(const clsItemTrattamento& item) {
     field(YEAR)->setEnabled(false);
     field(PROGRESSIVE)->setEnabled(false);
     field(DESCRIPTION)->setText(item.descrizione);
-    const QStringList advance = item.fatturaAnticipo.split(QLatin1Char('-'));
-    if (advance.size() > 1) {
-        field(ADVANCE_YEAR)->setText(advance[0]);
-        field(ADVANCE_NUMBER)->setText(advance[1]);
-    }
+    const RecordNumber advance = RecordNumber::parseReference(item.fatturaAnticipo);
+    field(ADVANCE_YEAR)->setText(advance.year);
+    field(ADVANCE_NUMBER)->setText(advance.progressivo());
     field(DOCTOR)->setText(item.medico);
     field(DOCTOR_NAME)->setText(item.descrizionemedico);
     if (const auto day = platform::regional().toDate(item.Data)) dtpData_->setDate(*day);
@@ -150,10 +137,9 @@ std::optional<TreatmentHeader::Missing> TreatmentHeader::check() {
     const bool newRecord = field(YEAR)->isEnabled();
     if (!platform::regional().toDate(QStringLiteral("01/01/") + year()) || (newRecord && year().size() != 4))
         return Missing{QStringLiteral("Attenzione! Anno di riferimento errato!"), field(YEAR)};
-    const auto number = platform::regional().toNumber(progressive());
-    if (!number || (newRecord && !fitsNumber(*number)))
+    if (!platform::regional().toNumber(progressive()) || (newRecord && !RecordNumber::mayBeNew(progressive())))
         return Missing{QStringLiteral("Attenzione! Progressivo di riferimento errato!"), field(PROGRESSIVE)};
-    setProgressive(fourDigits(progressive()));
+    setProgressive(RecordNumber::fourDigits(progressive()));
     return std::nullopt;
 }
 
@@ -177,14 +163,14 @@ QString TreatmentHeader::advanceInvoice() const {
     const QString advanceYear = field(ADVANCE_YEAR)->text().trimmed();
     const QString number = field(ADVANCE_NUMBER)->text().trimmed();
     if (advanceYear.isEmpty() || number.isEmpty()) return {};
-    return QString::number(CastLong(advanceYear)) + QLatin1Char('-') + fourDigits(number);
+    return RecordNumber{QString::number(CastLong(advanceYear)), RecordNumber::fourDigits(number), {}}.text();
 }
 
 QString TreatmentHeader::typedAdvanceInvoice() const {
     const QString advanceYear = field(ADVANCE_YEAR)->text().trimmed();
     const QString number = field(ADVANCE_NUMBER)->text().trimmed();
     if (advanceYear.isEmpty() || number.isEmpty()) return {};
-    return advanceYear + QLatin1Char('-') + number;
+    return RecordNumber{advanceYear, number, {}}.text();
 }
 
 void TreatmentHeader::write(clsItemTrattamento& item) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/RecordNumber.h"
+
 #include <QDate>
 #include <QString>
 #include <QWidget>
@@ -30,6 +32,7 @@ public:
 
     /// The first thing that keeps the plan from being saved, or nothing; the number is then in its final form.
     std::optional<Missing> check();
+    RecordNumber number() const { return {year(), progressive(), {}}; }
     QString year() const;
     QString progressive() const;
     QString date() const; ///< In the regional short form.

@@ -18,7 +18,7 @@ platform::TaskAnswer askDeletion(const clsItemTrattamento& item) {
     question.title = QStringLiteral("Gestione Trattamenti");
     question.icon = platform::MB_INFORMATION;
     question.text = QStringLiteral("<TextBlock TextWrapping='Wrap'>Vuoi eliminare il trattamento numero ") +
-                    joinIdrif1(item) + QLatin1String("?</TextBlock>");
+                    item.number().text() + QLatin1String("?</TextBlock>");
     question.checkCaption = REMOVE_FILES;
     question.buttons = {QStringLiteral("Si"), QStringLiteral("No")};
     return platform::dialogs().task(question);
@@ -62,7 +62,7 @@ std::optional<clsItemTrattamento> clsTrattamenti::CaricaUltimo() {
     const clsItemTrattamento* last = nullptr;
     for (const clsItemTrattamento& item : Lista()) {
         // As texts on purpose: "2024-9" ranks above "2024-10", and the summary relies on the same order.
-        if (!last || joinIdrif1(item) > joinIdrif1(*last)) last = &item;
+        if (!last || item.number().text() > last->number().text()) last = &item;
     }
     return last ? std::optional<clsItemTrattamento>(*last) : std::nullopt;
 }

@@ -159,7 +159,7 @@ QLayout* frmEditDente::toothColumn() {
 
 void frmEditDente::layOut() {
     using platform::form::labelledRow;
-    QString plan = QStringLiteral("Trattamento ") + plan_.year + QLatin1Char('-') + plan_.progressive;
+    QString plan = QStringLiteral("Trattamento ") + plan_.number.text();
     if (!plan_.date.isEmpty()) plan += QStringLiteral(" del ") + plan_.date;
     auto* situation = new QWidget(this);
     auto* situationRow = new QHBoxLayout(situation);
@@ -240,7 +240,7 @@ void frmEditDente::clearSituation() {
 
 void frmEditDente::fillTreatments() {
     const QString index = QString::number(index_);
-    const QString number = plan_.year + QLatin1Char('-') + plan_.progressive;
+    const QString number = plan_.number.text();
     platform::ReportRecord* current = nullptr;
     reading_.read(*rcTrattamenti_, [&] {
         if (!oTrattamenti) return;
@@ -252,7 +252,7 @@ void frmEditDente::fillTreatments() {
             const QString entry = entryOfTooth(item, index);
             platform::ReportRecord* record = rcTrattamenti_->addRecord();
             record->tag = item.ID;
-            record->cell(0).value = joinIdrif1(item);
+            record->cell(0).value = item.number().text();
             record->cell(1).value = item.Data;
             record->cell(2).value = situationName(entry.section(PARTS, 1, 1));
             record->cell(3).value = entry.section(PARTS, 2);

@@ -194,13 +194,13 @@ void frmEditTrattamento::firstActivation() {
 }
 
 void frmEditTrattamento::openTooth(int index) {
-    const ToothPlan plan{header_->year(), header_->progressive(), header_->date(), readOnly_};
+    const ToothPlan plan{header_->number(), header_->date(), readOnly_};
     QString entry = teeth_->entry(index);
     if (ScegliSituazioneDente(plan, index, teeth_->tooth(index), entry, this)) teeth_->apply(index, entry);
 }
 
 void frmEditTrattamento::openZoom() {
-    frmZoomRighiTrattamento zoom(header_->year() + QLatin1Char('-') + header_->progressive(), this);
+    frmZoomRighiTrattamento zoom(header_->number().text(), this);
     rows_->copyTo(zoom);
     connect(&zoom, &frmZoomRighiTrattamento::rowSelected, teeth_, &TeethPanel::plbSelezionaTooh);
     zoom.exec();

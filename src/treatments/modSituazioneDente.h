@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chart/ChartComposition.h"
+#include "store/RecordNumber.h"
 
 #include <QString>
 
@@ -8,8 +9,7 @@ class QWidget;
 
 /// The plan whose tooth is being looked at, as its window shows it now; it need not be stored yet.
 struct ToothPlan {
-    QString year;
-    QString progressive;
+    RecordNumber number;
     QString date;
     bool readOnly = false;
 };

@@ -46,7 +46,7 @@ protected:
     /// A plan whose stored rows bear the same number twice: one at work, the other finished.
     clsItemTrattamento planWithDoubledNumber(const char* number) {
         clsItemTrattamento item = savedPlan(QStringLiteral("2026"), QLatin1String(number));
-        conMemo(joinIdrif1(item),
+        conMemo(item.number().text(),
                 QStringLiteral("<trattamento anno=\"2026\" progressivo=\"%1\" data=\"10/03/2026\"><righi>"
                                "<rigo progressivo=\"01\" servizio=\"VISITA\" inizioLavori=\"01/02/2026\"/>"
                                "<rigo progressivo=\" 01\" servizio=\"CORONA\" inizioLavori=\"01/02/2026\" "
