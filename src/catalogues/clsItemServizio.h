@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Amount.h"
+
 #include <QString>
 
 /// One entry of the practice's list of services and products.
@@ -8,7 +10,7 @@ struct clsItemServizio {
     QString descrizione;
     QString breve; ///< Short text for the tooth chart and the summary.
     QString UM;
-    float prezzo = 0;
+    Amount prezzo;
     QString codiceIva;
     QString raggruppamento; ///< Goods group code; empty when none.
     bool usabileInPianoTrattamento = false;

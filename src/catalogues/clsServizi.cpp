@@ -3,10 +3,8 @@
 #include "config/clsConfig.h"
 #include "host/context.h"
 #include "platform/Files.h"
-#include "platform/Regional.h"
 #include "platform/XmlDocument.h"
 #include "store/clsAES.h"
-#include "store/modConversioni.h"
 
 using platform::XmlDocument;
 using platform::XmlError;
@@ -41,7 +39,7 @@ clsItemServizio readEntry(const XmlNode& node) {
     item.descrizione = aes.plbDecodeStrB64(required(node, "descrizione"));
     item.breve = node.attribute("breve", QString());
     item.UM = required(node, "UM");
-    item.prezzo = CastSingle(required(node, "prezzo"));
+    item.prezzo = Amount::fromText(required(node, "prezzo"));
     item.codiceIva = required(node, "codiceIva");
     item.raggruppamento = required(node, "raggruppamento");
     item.usabileInPianoTrattamento = required(node, "usabileInPianoTrattamento") == QLatin1String("1");
@@ -58,7 +56,7 @@ void write(const XmlNode& node, const clsItemServizio& item, Set set) {
     set("descrizione", aes.plbEncodeStrB64(item.descrizione));
     node.setAttribute("breve", item.breve);
     set("UM", item.UM);
-    set("prezzo", platform::regional().format(item.prezzo, QStringLiteral("###0.00")));
+    set("prezzo", item.prezzo.text());
     set("codiceIva", item.codiceIva);
     set("raggruppamento", item.raggruppamento);
     set("usabileInPianoTrattamento", flag(item.usabileInPianoTrattamento));

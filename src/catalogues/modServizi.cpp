@@ -22,9 +22,9 @@ bool ServizioInEvidenza(const QString& id, QString& shortText) {
     return item != nullptr && item->inEvidenza;
 }
 
-float PrezzoServizio(const QString& id) {
+Amount PrezzoServizio(const QString& id) {
     const clsItemServizio* item = service(id);
-    return item == nullptr ? 0.0F : item->prezzo;
+    return item == nullptr ? Amount() : item->prezzo;
 }
 
 QString StatusLavoriServizio(const QString& id) {

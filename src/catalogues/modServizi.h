@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Amount.h"
+
 #include <QString>
 
 /// Look-ups in the service catalogue by code, for rows of plans and documents. An empty or unknown code is answered
@@ -9,6 +11,6 @@
 QString serviceCode(const QString& id);
 bool ServizioInEvidenza(const QString& id,
                         QString& shortText); ///< `shortText` is the short text, empty for an unknown code.
-float PrezzoServizio(const QString& id);
+Amount PrezzoServizio(const QString& id);
 QString StatusLavoriServizio(const QString& id); ///< Names of the intermediate states, one a line.
 QString RaggruppamentoServizio(const QString& id);

@@ -6,9 +6,6 @@
 
 namespace {
 
-constexpr QChar ENTRIES = u';';
-constexpr QChar PARTS = u':';
-
 ToothState stateOf(const ChartRow& row) {
     if (row.isFinished()) return ToothState::Finished;
     return row.isOpen() ? ToothState::Open : ToothState::ToStart;
@@ -63,36 +60,46 @@ QString ChartComposition::plainPicture(int index) const {
 
 void ChartComposition::composeTeeth(const QString& mouthSituation) {
     for (int index = 0; index < TOOTH_COUNT; ++index)
-        setTooth(index, QString());
-    const QStringList entries = mouthSituation.split(ENTRIES, Qt::SkipEmptyParts);
-    for (const QString& entry : entries) {
-        bool number = false;
-        const int index = entry.section(PARTS, 0, 0).toInt(&number);
-        if (number && index >= 0 && index < TOOTH_COUNT) setTooth(index, entry);
-    }
+        clearTooth(index);
+    for (const ToothSituation& situation : readMouth(mouthSituation))
+        setTooth(situation);
 }
 
-void ChartComposition::composeTooth(int index, const QString& entry) {
-    const bool plain = entry.section(PARTS, 1, 1).toInt() < 1 && entry.section(PARTS, 2).isEmpty();
-    setTooth(index, plain ? QString() : entry);
+void ChartComposition::composeTooth(const ToothSituation& situation) {
+    if (situation.isPlain())
+        clearTooth(situation.tooth);
+    else
+        setTooth(situation);
 }
 
-void ChartComposition::setTooth(int index, const QString& entry) {
+void ChartComposition::clearTooth(int index) {
     ComposedTooth& tooth = teeth_[static_cast<std::size_t>(index)];
-    const QString situation = entry.section(PARTS, 1, 1);
-    tooth.situation = entry;
-    tooth.text = entry.section(PARTS, 2); // a text with ":" in it, from elsewhere, stays whole
+    tooth.situation.clear();
+    tooth.text.clear();
     tooth.picture = plainPicture(index);
+}
+
+void ChartComposition::setTooth(const ToothSituation& situation) {
+    clearTooth(situation.tooth);
+    ComposedTooth& tooth = teeth_[static_cast<std::size_t>(situation.tooth)];
+    tooth.situation = situation.entry();
+    tooth.text = situation.text;
     QString image;
-    if (situation.isEmpty() || !graphics_.SituazioneDente(DenteDaIndice(index), situation, image)) return;
+    const QString name = DenteDaIndice(situation.tooth);
+    if (situation.situation.isEmpty() || !graphics_.SituazioneDente(name, situation.situation, image)) return;
     if (platform::files::exists(image)) tooth.picture = image;
 }
 
 QString ChartComposition::mouthSituation() const {
-    QStringList entries;
-    for (const ComposedTooth& tooth : teeth_)
-        if (!tooth.situation.isEmpty()) entries.append(tooth.situation);
-    return entries.join(ENTRIES);
+    QList<ToothSituation> entries;
+    for (int index = 0; index < TOOTH_COUNT; ++index) {
+        if (!tooth(index).situation.isEmpty()) entries << situation(index);
+    }
+    return writeMouth(entries);
+}
+
+ToothSituation ChartComposition::situation(int index) const {
+    return ToothSituation::fromEntry(tooth(index).situation).value_or(ToothSituation{index, QString(), QString()});
 }
 
 void ChartComposition::clearServices() {

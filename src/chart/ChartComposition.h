@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chart/ToothList.h"
+#include "chart/ToothSituation.h"
 #include "chart/modDenti.h"
 
 #include <QList>
@@ -81,13 +82,14 @@ public:
 
     /// Plain teeth, then the entries of the plan's `mouthSituation`, joined by ";".
     void composeTeeth(const QString& mouthSituation);
-    /// One entry "index:situation:text", as the user sets it; no situation and no text give the plain tooth back.
-    void composeTooth(int index, const QString& entry);
+    /// As the user sets it; no situation and no text give the plain tooth back.
+    void composeTooth(const ToothSituation& situation);
     void composeServices(const QList<ChartRow>& rows); ///< Layers, strip, short list and marks at a glance.
     void composeMarks(const QList<ChartRow>& rows);    ///< Status marks.
 
     /// The entries of all teeth that have one, in index order, as the plan stores them.
     QString mouthSituation() const;
+    ToothSituation situation(int index) const; ///< A plain one for a tooth without an entry.
 
     const ComposedTooth& tooth(int index) const { return teeth_[static_cast<std::size_t>(index)]; }
     const QList<HighlightedService>& strip() const { return strip_; }
@@ -97,7 +99,8 @@ public:
     const QString& phase() const { return phase_; } ///< "step 1" to "step 5.d", for the message of an unexpected error.
 
 private:
-    void setTooth(int index, const QString& entry);
+    void clearTooth(int index);
+    void setTooth(const ToothSituation& situation);
     void clearServices();
     void addLayers(const ChartRow& row);
     void addToStrip(const ChartRow& row);

@@ -6,7 +6,6 @@
 #include "platform/Regional.h"
 #include "platform/ReportColumn.h"
 #include "platform/ReportRecord.h"
-#include "store/modConversioni.h"
 #include "store/modUtenti.h"
 
 #include <QColor>
@@ -142,7 +141,7 @@ void fillRecord(const clsItemRigoTrattamento& row, platform::ReportRecord& recor
     record.cell(ASSISTANT).value = DescrizioneUtente(row.assistente);
     record.cell(ASSISTANT).tag = row.assistente;
     record.cell(INVOICE).value = row.fattura;
-    record.cell(INVOICE).tag = platform::regional().format(row.prezzo, QStringLiteral("###0.00"));
+    record.cell(INVOICE).tag = row.prezzo.text();
     record.cell(NOTES).value = row.note;
     record.cell(NOTES).tag = row.statuslavori;
     record.cell(OUTSIDE_ESTIMATE).setCheckBox(row.fuoripreventivo);
@@ -164,7 +163,7 @@ clsItemRigoTrattamento readRecord(const platform::ReportRecord& record, int posi
     row.note = record.cell(NOTES).value;
     row.fuoripreventivo = record.cell(OUTSIDE_ESTIMATE).isChecked();
     row.fattura = record.cell(INVOICE).value;
-    row.prezzo = CastSingle(record.cell(INVOICE).tag);
+    row.prezzo = Amount::fromText(record.cell(INVOICE).tag);
     row.statuslavori = record.cell(NOTES).tag;
     return row;
 }

@@ -7,10 +7,9 @@ RowTotals sumRows(const QList<clsItemRigoTrattamento>& rows) {
     RowTotals totals;
     for (const clsItemRigoTrattamento& row : rows) {
         if (row.servizio.isEmpty()) continue;
-        const float price = row.prezzo == 0.0F ? PrezzoServizio(row.servizio) : row.prezzo;
-        const double value = static_cast<double>(price) * ToothList::fromRecord(row.dente, row.denti).factor();
-        float& total = !row.inizio.isEmpty() && !row.fine.isEmpty() ? totals.finished : totals.toFinish;
-        total = static_cast<float>(static_cast<double>(total) + value);
+        const Amount price = row.prezzo.isZero() ? PrezzoServizio(row.servizio) : row.prezzo;
+        Amount& total = !row.inizio.isEmpty() && !row.fine.isEmpty() ? totals.finished : totals.toFinish;
+        total = total.wide() + price.wide() * ToothList::fromRecord(row.dente, row.denti).factor();
     }
     return totals;
 }

@@ -4,10 +4,10 @@
 
 #include <QList>
 
-/// What the rows of a plan are worth. Money is stored in single precision after each step.
+/// What the rows of a plan are worth.
 struct RowTotals {
-    float finished = 0;
-    float toFinish = 0;
+    Amount finished;
+    Amount toFinish;
 };
 
 /// Sums the rows that have a service; a row without a price counts with the catalogue's.

@@ -92,17 +92,12 @@ void TeethPanel::toothMenu(int index) {
     const int choice = oHost->Framework().Popup(entries);
     if (choice == DETAILS) emit detailsRequested(index);
     if (choice < FIRST_SITUATION) return;
-    const QString situation = MENU_SITUATIONS.value(choice - FIRST_SITUATION);
-    const QString text = entry(index).section(QLatin1Char(':'), 2);
-    apply(index, QString::number(index) + QLatin1Char(':') + situation + QLatin1Char(':') + text);
+    ToothSituation chosen = situation(index);
+    chosen.situation = MENU_SITUATIONS.value(choice - FIRST_SITUATION);
+    apply(chosen);
 }
 
-QString TeethPanel::entry(int index) const {
-    const QString entry = composition_.tooth(index).situation;
-    return entry.isEmpty() ? QString::number(index) + QStringLiteral("::") : entry;
-}
-
-void TeethPanel::apply(int index, const QString& entry) {
-    composition_.composeTooth(index, entry);
+void TeethPanel::apply(const ToothSituation& situation) {
+    composition_.composeTooth(situation);
     chart_->setComposition(composition_);
 }

@@ -22,10 +22,9 @@ public:
     void setRows(const QList<ChartRow>& rows); ///< Services and status marks, from the rows.
     /// Marks the teeth of a selection ("1.1" or "+1.1;1.2"); empty clears all marks.
     void plbSelezionaTooh(const QString& teeth);
-    /// The entry of a tooth, "index:situation:text"; a plain one has empty parts.
-    QString entry(int index) const;
+    ToothSituation situation(int index) const { return composition_.situation(index); }
     const ComposedTooth& tooth(int index) const { return composition_.tooth(index); }
-    void apply(int index, const QString& entry); ///< Gives a tooth the situation and text of the entry.
+    void apply(const ToothSituation& situation); ///< Gives it to its tooth.
     void setReadOnly() { readOnly_ = true; }
 
 signals:

@@ -4,7 +4,6 @@
 #include "documents/MemoText.h"
 #include "platform/Regional.h"
 #include "platform/SingleByteText.h"
-#include "store/modConversioni.h"
 #include "treatments/clsItemTrattamento.h"
 
 #include <QStringList>
@@ -33,8 +32,7 @@ void writeRow(QString& memo, const clsItemRigoTrattamento& row) {
     memo::appendAttribute(memo, QLatin1String("fineLavori"), row.fine);
     memo::appendEncoded(memo, QLatin1String("statusLavori"), row.statuslavori);
     memo::appendAttribute(memo, QLatin1String("fattura"), row.fattura);
-    memo::appendAttribute(memo, QLatin1String("prezzo"),
-                          platform::regional().format(row.prezzo, QStringLiteral("###0.00")));
+    memo::appendAttribute(memo, QLatin1String("prezzo"), row.prezzo.text());
     memo::appendAttribute(memo, QLatin1String("fuoriPreventivo"),
                           row.fuoripreventivo ? QStringLiteral("1") : QStringLiteral("0"));
     memo::appendEncoded(memo, QLatin1String("note"), row.note);
@@ -73,10 +71,10 @@ void readTeeth(clsItemRigoTrattamento& row, const QString& teethAttribute) {
 
 // A free row that has no invoice takes the catalogue's present price at each load, on purpose; an invoiced one keeps
 // its 0.
-float readPrice(const clsItemRigoTrattamento& row, const std::optional<QString>& text) {
+Amount readPrice(const clsItemRigoTrattamento& row, const std::optional<QString>& text) {
     if (!text) return PrezzoServizio(row.servizio);
-    const float price = CastSingle(*text);
-    return price == 0.0F && row.fattura.isEmpty() ? PrezzoServizio(row.servizio) : price;
+    const Amount price = Amount::fromText(*text);
+    return price.wide() == 0.0 && row.fattura.isEmpty() ? PrezzoServizio(row.servizio) : price;
 }
 
 // The spelling with one s less was written by older versions.

@@ -1,20 +1,11 @@
 #include "treatments/TreatmentTotals.h"
 
 #include "platform/FormLayout.h"
-#include "platform/Regional.h"
 #include "treatments/RowTotals.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-
-namespace {
-
-QString amount(float value) {
-    return platform::regional().format(value, QStringLiteral("###0.00"));
-}
-
-} // namespace
 
 TreatmentTotals::TreatmentTotals(QWidget* parent)
     : QWidget(parent) {
@@ -46,12 +37,12 @@ TreatmentTotals::TreatmentTotals(QWidget* parent)
 
 void TreatmentTotals::updateWork(const QList<clsItemRigoTrattamento>& rows) {
     const RowTotals totals = sumRows(rows);
-    tbTotale_[0]->setText(amount(totals.finished));
-    tbTotale_[1]->setText(amount(totals.toFinish));
+    tbTotale_[0]->setText(totals.finished.text());
+    tbTotale_[1]->setText(totals.toFinish.text());
 }
 
 // Invoices and payments are not kept by this version: nothing is paid and no advance is open.
 void TreatmentTotals::updateBilling() {
-    tbTotale_[2]->setText(amount(0));
-    tbTotale_[3]->setText(amount(0));
+    tbTotale_[2]->setText(Amount().text());
+    tbTotale_[3]->setText(Amount().text());
 }

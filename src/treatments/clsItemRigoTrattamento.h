@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Amount.h"
+
 #include <QString>
 
 /// One row of a treatment plan: a service to be performed on one tooth, on several or on none, with its dates, its
@@ -20,7 +22,7 @@ struct clsItemRigoTrattamento {
     QString fattura; ///< Reference of the invoice; empty until billed.
     QString note;
     bool fuoripreventivo = false;
-    float prezzo = 0; ///< For one tooth.
+    Amount prezzo; ///< For one tooth.
     QString operatore;
     QString assistente;
 };

@@ -25,8 +25,6 @@ using platform::form::named;
 
 namespace {
 
-constexpr QChar PARTS = u':';
-constexpr QChar ENTRIES = u';';
 constexpr int ENLARGEMENT = 3;
 
 QString pictureFile(int index, const QString& situation) {
@@ -35,22 +33,8 @@ QString pictureFile(int index, const QString& situation) {
     return platform::files::exists(file) ? file : QString();
 }
 
-bool concerns(const clsItemRigoTrattamento& row, const QString& index) {
-    return row.dente == QLatin1String("+") ? row.denti.split(ENTRIES).contains(index) : row.dente == index;
-}
-
-/// The tooth's own entry in the situation of a plan; empty when it has none.
-QString entryOfTooth(const clsItemTrattamento& item, const QString& index) {
-    const QStringList entries = item.SituazioneOrale.split(ENTRIES);
-    for (const QString& entry : entries) {
-        if (entry.section(PARTS, 0, 0) == index) return entry;
-    }
-    return {};
-}
-
-/// The mark that parts the entries of a plan would tear this one apart, and its neighbours with it.
-QString withoutSeparators(QString text) {
-    return text.replace(ENTRIES, QLatin1Char(',')).simplified();
+bool concerns(const clsItemRigoTrattamento& row, const QString& tooth) {
+    return ToothList::fromRecord(row.dente, row.denti).contains(tooth);
 }
 
 platform::ReportGrid* makeList(const QString& name, const QString& accessibleName, QWidget* parent) {
@@ -79,6 +63,7 @@ frmEditDente::frmEditDente(const ToothPlan& plan, int index, const ComposedTooth
     : QDialog(parent)
     , plan_(plan)
     , index_(index)
+    , name_(DenteDaIndice(index))
     , tooth_(tooth) {
     setObjectName(QStringLiteral("frmEditDente"));
     setWindowTitle(TitoloForm(QStringLiteral("Gestione Dente")));
@@ -106,7 +91,7 @@ void frmEditDente::buildFields() {
             field->setEnabled(false);
         cbAnnulla_->setText(QStringLiteral("Chiudi"));
     }
-    connect(cbSituazione_, &QComboBox::currentIndexChanged, this, &frmEditDente::showSituation);
+    connect(cbSituazione_, &QComboBox::currentIndexChanged, this, [this] { showPicture(chosen()); });
     connect(cbNessuna_, &QPushButton::clicked, this, &frmEditDente::clearSituation);
     connect(cbConferma_, &QPushButton::clicked, this, &QDialog::accept);
     connect(cbAnnulla_, &QPushButton::clicked, this, &QDialog::reject);
@@ -142,7 +127,7 @@ QLayout* frmEditDente::toothColumn() {
     }
     picture_->numberLabel()->setObjectName(QString());
     plate->setFixedSize(picture_->size());
-    laDente_ = named(new QLabel(DenteDaIndice(index_), this), arrayName("laDente", 0));
+    laDente_ = named(new QLabel(name_, this), arrayName("laDente", 0));
     QFont large = laDente_->font();
     large.setPointSizeF(large.pointSizeF() * 1.6);
     large.setBold(true);
@@ -209,23 +194,24 @@ void frmEditDente::fillSituations() {
     cbSituazione_->setCurrentIndex(-1);
 }
 
-void frmEditDente::load(const QString& entry) {
-    const QString situation = entry.section(PARTS, 1, 1);
-    tbDati_->setText(entry.section(PARTS, 2));
-    cbSituazione_->setCurrentIndex(situation.isEmpty() ? -1 : cbSituazione_->findData(situation));
-    const QString file = situation.isEmpty() ? QString() : pictureFile(index_, situation);
-    tooth_.picture = file.isEmpty() ? pictureFile(index_, QString()) : file;
-    picture_->setTooth(tooth_);
+void frmEditDente::load(const ToothSituation& situation) {
+    tbDati_->setText(situation.text);
+    cbSituazione_->setCurrentIndex(situation.situation.isEmpty() ? -1 : cbSituazione_->findData(situation.situation));
+    showPicture(situation.situation); // also of one that the practice's list no longer has
     fillTreatments();
 }
 
-QString frmEditDente::entry() const {
-    const QString situation = cbSituazione_->currentIndex() < 0 ? QString() : cbSituazione_->currentData().toString();
-    return QString::number(index_) + PARTS + situation + PARTS + withoutSeparators(tbDati_->text());
+QString frmEditDente::chosen() const {
+    return cbSituazione_->currentIndex() < 0 ? QString() : cbSituazione_->currentData().toString();
 }
 
-void frmEditDente::showSituation() {
-    const QString situation = cbSituazione_->currentIndex() < 0 ? QString() : cbSituazione_->currentData().toString();
+ToothSituation frmEditDente::situation() const {
+    ToothSituation situation{index_, chosen(), QString()};
+    situation.setText(tbDati_->text());
+    return situation;
+}
+
+void frmEditDente::showPicture(const QString& situation) {
     const QString file = situation.isEmpty() ? QString() : pictureFile(index_, situation);
     tooth_.picture = file.isEmpty() ? pictureFile(index_, QString()) : file;
     picture_->setTooth(tooth_);
@@ -239,7 +225,6 @@ void frmEditDente::clearSituation() {
 // --------------------------------------------------------------------------------------------- what was done before
 
 void frmEditDente::fillTreatments() {
-    const QString index = QString::number(index_);
     const QString number = plan_.number.text();
     platform::ReportRecord* current = nullptr;
     reading_.read(*rcTrattamenti_, [&] {
@@ -247,15 +232,15 @@ void frmEditDente::fillTreatments() {
         for (const clsItemTrattamento& item : oTrattamenti->Lista()) {
             bool isTreated = false;
             for (const clsItemRigoTrattamento& row : item.righi)
-                isTreated = isTreated || concerns(row, index);
+                isTreated = isTreated || concerns(row, name_);
             if (!isTreated) continue;
-            const QString entry = entryOfTooth(item, index);
+            const ToothSituation then = situationOf(item.SituazioneOrale, index_);
             platform::ReportRecord* record = rcTrattamenti_->addRecord();
             record->tag = item.ID;
             record->cell(0).value = item.number().text();
             record->cell(1).value = item.Data;
-            record->cell(2).value = situationName(entry.section(PARTS, 1, 1));
-            record->cell(3).value = entry.section(PARTS, 2);
+            record->cell(2).value = situationName(then.situation);
+            record->cell(3).value = then.text;
             if (record->cell(0).value == number) current = record;
         }
     });
@@ -265,13 +250,12 @@ void frmEditDente::fillTreatments() {
 }
 
 void frmEditDente::showRows() {
-    const QString index = QString::number(index_);
     const platform::ReportRecord* chosen = rcTrattamenti_->focusedRecord();
     readingRows_.read(*rcRighi_, [&] {
         const clsItemTrattamento* item = chosen && oTrattamenti ? oTrattamenti->Lista().find(chosen->tag) : nullptr;
         if (!item) return;
         for (const clsItemRigoTrattamento& row : item->righi) {
-            if (!concerns(row, index)) continue;
+            if (!concerns(row, name_)) continue;
             platform::ReportRecord* record = rcRighi_->addRecord();
             record->cell(0).value = row.servizio;
             record->cell(1).value = row.descrizione;

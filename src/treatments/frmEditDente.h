@@ -26,8 +26,8 @@ class frmEditDente : public QDialog {
 public:
     frmEditDente(const ToothPlan& plan, int index, const ComposedTooth& tooth, QWidget* parent = nullptr);
 
-    void load(const QString& entry); ///< The entry "index:situation:text".
-    QString entry() const;           ///< The entry as it stands in the controls.
+    void load(const ToothSituation& situation);
+    ToothSituation situation() const; ///< As it stands in the controls.
     bool confirmed() const { return result() == Accepted; }
 
 private:
@@ -38,11 +38,13 @@ private:
     void fillSituations();
     void fillTreatments();
     void showRows();
-    void showSituation(); ///< The picture follows the situation that is chosen.
+    QString chosen() const;                     ///< The situation in the list; empty for none.
+    void showPicture(const QString& situation); ///< Of the tooth in that situation.
     void clearSituation();
 
     ToothPlan plan_;
     int index_;
+    QString name_; ///< Of the tooth.
     ComposedTooth tooth_;
     ToothBox* picture_ = nullptr;
     QLabel* laDente_ = nullptr;

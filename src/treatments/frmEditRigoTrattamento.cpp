@@ -11,7 +11,6 @@
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "platform/Regional.h"
-#include "store/modConversioni.h"
 #include "store/modUtenti.h"
 #include "treatments/GridRow.h"
 #include "treatments/StagePanel.h"
@@ -35,10 +34,6 @@ constexpr int DOCTOR_KIND = 0;
 constexpr int ASSISTANT_KIND = 3;
 const char* const TAG = "Tag";
 const QLatin1Char SEARCH_MARK('?');
-
-QString amount(double value) {
-    return platform::regional().format(static_cast<float>(value), QStringLiteral("###0.00"));
-}
 
 } // namespace
 
@@ -111,7 +106,7 @@ void frmEditRigoTrattamento::load(const clsItemRigoTrattamento& row) {
     teethTyped();
     tbNote_->setPlainText(row.note);
     CaricaComboRaggrMerc(cbRaggrMerc_, row.raggruppamento);
-    tbTotali_[0]->setText(amount(static_cast<double>(row.prezzo)));
+    tbTotali_[0]->setText(row.prezzo.text());
     priceTyped();
     cbFuoriPreventivo_->setChecked(row.fuoripreventivo);
     loadDates(row);
@@ -150,7 +145,7 @@ void frmEditRigoTrattamento::write(clsItemRigoTrattamento& row) const {
     // A group that the practice has since struck off its list is no line here, and stays with the row.
     if (cbRaggrMerc_->currentIndex() >= 0)
         row.raggruppamento = cbRaggrMerc_->currentText().section(QLatin1Char(' '), 0, 0);
-    row.prezzo = CastSingle(tbTotali_[0]->text());
+    row.prezzo = Amount::fromText(tbTotali_[0]->text());
     row.fuoripreventivo = cbFuoriPreventivo_->isChecked();
     row.inizio = day(0);
     row.fine = day(1);
@@ -191,8 +186,8 @@ void frmEditRigoTrattamento::serviceChanged() {
     for (qsizetype i = 0; i < names.size(); ++i)
         pbStatus_[static_cast<std::size_t>(i)]->use(names[i]);
     stagesArea_->setVisible(!names.isEmpty());
-    const float listPrice = isInvoiced_ ? 0.0F : PrezzoServizio(tbDati_[SERVICE]->text());
-    tbTotali_[0]->setPlaceholderText(amount(static_cast<double>(listPrice)));
+    const Amount listPrice = isInvoiced_ ? Amount() : PrezzoServizio(tbDati_[SERVICE]->text());
+    tbTotali_[0]->setPlaceholderText(listPrice.text());
     updateTotal();
 }
 
@@ -230,7 +225,7 @@ void frmEditRigoTrattamento::priceTyped() {
     const QString written = tbTotali_[0]->text();
     const bool isAmount = written.isEmpty() || platform::regional().toNumber(written);
     // A row without a price of its own has the catalogue's, which then shows through.
-    if (isAmount && !isInvoiced_ && CastSingle(written) == 0.0F) tbTotali_[0]->clear();
+    if (isAmount && !isInvoiced_ && Amount::fromText(written).isZero()) tbTotali_[0]->clear();
     platform::form::setNotice(tbTotali_[0], isAmount ? platform::Notice::None : platform::Notice::Error,
                               isAmount ? QString() : QStringLiteral("Non è un importo: non verrà memorizzato"));
 }
@@ -248,7 +243,7 @@ void frmEditRigoTrattamento::applyService() {
     const QString code = tbDati_[SERVICE]->text();
     service_ = serviceCode(code);
     noticeService();
-    tbTotali_[0]->setText(amount(static_cast<double>(PrezzoServizio(code))));
+    tbTotali_[0]->setText(PrezzoServizio(code).text());
     const clsItemServizio* service = oServizi->Carica(code);
     if (service && tbDati_[DESCRIPTION]->text().trimmed().isEmpty())
         tbDati_[DESCRIPTION]->setText(service->descrizione);
@@ -280,12 +275,12 @@ void frmEditRigoTrattamento::chooseUser(int kind, QLineEdit* field) {
 
 void frmEditRigoTrattamento::updateTotal() {
     const int count = ToothList::fromTyped(tbDati_[TEETH]->text()).value_or(ToothList()).factor();
-    tbTotali_[1]->setText(amount(static_cast<double>(price()) * count));
+    tbTotali_[1]->setText(Amount(price().wide() * count).text());
 }
 
-float frmEditRigoTrattamento::price() const {
-    const float own = CastSingle(tbTotali_[0]->text());
-    return own == 0.0F && !isInvoiced_ ? PrezzoServizio(tbDati_[SERVICE]->text()) : own;
+Amount frmEditRigoTrattamento::price() const {
+    const Amount own = Amount::fromText(tbTotali_[0]->text());
+    return own.isZero() && !isInvoiced_ ? PrezzoServizio(tbDati_[SERVICE]->text()) : own;
 }
 
 void frmEditRigoTrattamento::showDates() {

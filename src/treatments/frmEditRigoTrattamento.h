@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Amount.h"
+
 #include <QDialog>
 #include <QList>
 #include <array>
@@ -54,7 +56,7 @@ private:
     void serviceTyped();
     void teethTyped();
     void priceTyped();
-    float price() const; ///< The catalogue's while the row has none of its own.
+    Amount price() const; ///< The catalogue's while the row has none of its own.
     void searchService();
     void applyService();
     void chooseTeeth();

@@ -195,8 +195,8 @@ void frmEditTrattamento::firstActivation() {
 
 void frmEditTrattamento::openTooth(int index) {
     const ToothPlan plan{header_->number(), header_->date(), readOnly_};
-    QString entry = teeth_->entry(index);
-    if (ScegliSituazioneDente(plan, index, teeth_->tooth(index), entry, this)) teeth_->apply(index, entry);
+    ToothSituation situation = teeth_->situation(index);
+    if (ScegliSituazioneDente(plan, teeth_->tooth(index), situation, this)) teeth_->apply(situation);
 }
 
 void frmEditTrattamento::openZoom() {

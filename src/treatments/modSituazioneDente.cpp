@@ -5,13 +5,13 @@
 #include "platform/Collection.h"
 #include "treatments/frmEditDente.h"
 
-bool ScegliSituazioneDente(const ToothPlan& plan, int index, const ComposedTooth& tooth, QString& entry,
+bool ScegliSituazioneDente(const ToothPlan& plan, const ComposedTooth& tooth, ToothSituation& situation,
                            QWidget* parent) {
-    frmEditDente editor(plan, index, tooth, parent);
-    editor.load(entry);
+    frmEditDente editor(plan, situation.tooth, tooth, parent);
+    editor.load(situation);
     editor.exec();
     if (!editor.confirmed()) return false;
-    entry = editor.entry();
+    situation = editor.situation();
     return true;
 }
 

@@ -14,10 +14,9 @@ struct ToothPlan {
     bool readOnly = false;
 };
 
-/// Lets the user set the situation of one tooth in `frmEditDente`. `entry` is the tooth's entry "index:situation:text",
-/// empty parts included; `tooth` what the chart shows on it. True only on a confirm: `entry` is then the new entry,
-/// whose text holds neither ":" nor ";", which part the entries of a plan.
-bool ScegliSituazioneDente(const ToothPlan& plan, int index, const ComposedTooth& tooth, QString& entry,
+/// Lets the user set the situation of one tooth in `frmEditDente`; `tooth` is what the chart shows on it. True only on
+/// a confirm: `situation` is then the new one.
+bool ScegliSituazioneDente(const ToothPlan& plan, const ComposedTooth& tooth, ToothSituation& situation,
                            QWidget* parent = nullptr);
 
 /// Name of a situation in the practice's list; empty when it is not there.

@@ -220,7 +220,7 @@ TEST(ServicesTemplate, HoldsTheServicesOfAPracticeWithValidCodes) {
         SCOPED_TRACE(item.ID.toStdString());
         EXPECT_TRUE(rates.contains(item.codiceIva));
         EXPECT_TRUE(groups.contains(item.raggruppamento));
-        EXPECT_GT(item.prezzo, 0.0F);
+        EXPECT_GT(item.prezzo, Amount());
         const auto states = item.statusLavori.split(u8("\r\n"), Qt::SkipEmptyParts).size();
         EXPECT_LT(states, 5);
         EXPECT_LT(item.statusLavori.size() + 17 * states, 256);

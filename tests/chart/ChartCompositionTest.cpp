@@ -130,11 +130,11 @@ TEST(ChartComposition, SituationsComeFromThePlanAndGoBackUnchanged) {
     EXPECT_TRUE(composition.tooth(0).situation.isEmpty()) << "an index that is no number is not tooth 0";
     EXPECT_EQ(composition.mouthSituation(), u8("7:3:Carie;8:3:"));
     for (const char* plain : {"7:4:", "7:99:", "7::nota"}) {
-        composition.composeTooth(7, u8(plain));
+        composition.composeTooth(*ToothSituation::fromEntry(u8(plain)));
         EXPECT_EQ(composition.tooth(7).picture, file.shown("sano")) << plain;
         EXPECT_EQ(composition.tooth(7).situation, u8(plain));
     }
-    composition.composeTooth(7, u8("7:0:"));
+    composition.composeTooth(*ToothSituation::fromEntry(u8("7:0:")));
     EXPECT_TRUE(composition.tooth(7).situation.isEmpty());
     composition.composeTeeth(QString());
     EXPECT_TRUE(composition.mouthSituation().isEmpty());

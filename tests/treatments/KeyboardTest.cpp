@@ -99,7 +99,7 @@ TEST_F(Keyboard, ReachesAndNamesAllOfEveryWindow) {
         },
         [] {
             auto tooth = std::make_unique<frmEditDente>(ToothPlan(), 7, ComposedTooth());
-            tooth->load(QStringLiteral("7:3:testo"));
+            tooth->load(*ToothSituation::fromEntry(QStringLiteral("7:3:testo")));
             return tooth;
         },
         [] { return std::make_unique<frmZoomRighiTrattamento>(QStringLiteral("2026-0001")); },

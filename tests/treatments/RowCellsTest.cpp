@@ -173,8 +173,8 @@ TEST_F(RowCells, TakeTheServiceAsTheCatalogueSpellsAndPricesIt) {
     EXPECT_EQ(price(1), QStringLiteral("10,00")) << "billed at that price";
     confirm();
     const clsItemTrattamento after = storedPlan();
-    EXPECT_FLOAT_EQ(after.righi[0].prezzo, PrezzoServizio(QStringLiteral("IGIENE")));
-    EXPECT_FLOAT_EQ(after.righi[1].prezzo, 10);
+    EXPECT_EQ(after.righi[0].prezzo, PrezzoServizio(QStringLiteral("IGIENE")));
+    EXPECT_EQ(after.righi[1].prezzo, 10);
 }
 
 TEST_F(RowCells, SayThatANameOfNoOneIsNotStored) {
@@ -310,8 +310,8 @@ TEST_F(RowCells, SumFinishedWorkOnlyWithBothDates) {
         clsItemRigoTrattamento due = row("CORONA", "+", each.start, each.end);
         due.denti = QStringLiteral("7;8");
         const RowTotals totals = sumRows({due, row("", "7", each.start, each.end)});
-        EXPECT_FLOAT_EQ(totals.finished, each.finished);
-        EXPECT_FLOAT_EQ(totals.toFinish, each.toFinish);
+        EXPECT_EQ(totals.finished, each.finished);
+        EXPECT_EQ(totals.toFinish, each.toFinish);
     }
 }
 

@@ -68,7 +68,7 @@ TEST_F(RowEditor, GivesARowBackAsItWas) {
         EXPECT_EQ(row.fine, row_.fine);
         EXPECT_EQ(row.statuslavori, row_.statuslavori);
         EXPECT_EQ(row.note, row_.note);
-        EXPECT_FLOAT_EQ(row.prezzo, row_.prezzo);
+        EXPECT_EQ(row.prezzo, row_.prezzo);
     }
     EXPECT_EQ(text(QStringLiteral("tbDati(3)")), QStringLiteral("Marchetti dott. Paolo"));
     EXPECT_EQ(text(QStringLiteral("tbTotali(1)")), QStringLiteral("30,00"));
@@ -137,7 +137,7 @@ TEST_F(RowEditor, ReadsWhatIsTypedOnLeavingTheField) {
     QTest::keyClick(service, Qt::Key_Tab);
     EXPECT_EQ(written().servizio, QStringLiteral("CORONA"));
     EXPECT_EQ(written().statuslavori, stages) << "the same service keeps its stages";
-    EXPECT_FLOAT_EQ(written().prezzo, 10);
+    EXPECT_EQ(written().prezzo, 10);
 }
 
 TEST_F(RowEditor, ShowsTheCataloguesPriceWhereTheRowHasNone) {
@@ -151,7 +151,7 @@ TEST_F(RowEditor, ShowsTheCataloguesPriceWhereTheRowHasNone) {
         EXPECT_EQ(price->text(), isInvoiced ? QStringLiteral("0,00") : QString());
         EXPECT_EQ(price->placeholderText(), isInvoiced ? QStringLiteral("0,00") : QStringLiteral("700,00"));
         EXPECT_EQ(text(QStringLiteral("tbTotali(1)")), isInvoiced ? QStringLiteral("0,00") : QStringLiteral("2100,00"));
-        EXPECT_FLOAT_EQ(written().prezzo, 0);
+        EXPECT_EQ(written().prezzo, 0);
         price->setFocus();
         price->selectAll();
         QTest::keyClicks(price, QStringLiteral("cento"));

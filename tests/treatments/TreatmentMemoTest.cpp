@@ -110,7 +110,7 @@ TEST_F(TreatmentMemo, ReadsWhatItWrote) {
     EXPECT_EQ(item.descrizione, QStringLiteral("Riabilitazione è più"));
     ASSERT_EQ(item.righi.size(), 2U);
     EXPECT_EQ(item.righi[0].note, QStringLiteral("città"));
-    EXPECT_FLOAT_EQ(item.righi[0].prezzo, 1250.5F);
+    EXPECT_EQ(item.righi[0].prezzo, 1250.5F);
     EXPECT_EQ(item.righi[0].kprogressivo, QStringLiteral("0007"));
     EXPECT_EQ(item.righi[1].dente, QStringLiteral("+"));
     EXPECT_EQ(item.righi[1].denti, QStringLiteral("7;8"));
@@ -157,7 +157,7 @@ TEST_F(TreatmentMemo, AppliesThePriceRule) {
         const auto item =
             loaded(withRows(QStringLiteral("<rigo progressivo='01' %1/>").arg(QLatin1String(each.attributes))));
         ASSERT_EQ(item.righi.size(), 1U);
-        EXPECT_FLOAT_EQ(item.righi[0].prezzo, each.price);
+        EXPECT_EQ(item.righi[0].prezzo, each.price);
     }
 }
 
@@ -248,8 +248,8 @@ TEST_F(RowTotalsTest, CountsEachToothAndTakesTheCataloguePriceOfFreeRows) {
     clsItemRigoTrattamento empty = finished;
     empty.servizio.clear();
     const RowTotals totals = sumRows({finished, open, empty});
-    EXPECT_FLOAT_EQ(totals.finished, 1250.5F);
-    EXPECT_FLOAT_EQ(totals.toFinish, 150.0F);
+    EXPECT_EQ(totals.finished, 1250.5F);
+    EXPECT_EQ(totals.toFinish, 150.0F);
 }
 
 TEST(WorkStages, ReadsAndWritesTheLinesOfARow) {
