@@ -75,24 +75,23 @@ void appendText(QString& memo, QLatin1String element, const QString& text) {
             element + QLatin1Char('>') + LINE_END;
 }
 
-void readPerson(const platform::XmlNode& node, QString& taxCode, QString& name) {
+void readPerson(const platform::XmlElement& node, QString& taxCode, QString& name) {
     if (!node) return;
     taxCode = node.attribute("codiceFiscale", QString());
-    name = platform::fromBase64(node.textBytes());
+    name = platform::fromBase64(node.text());
 }
 
-void readText(const platform::XmlNode& node, QString& text) {
-    if (node) text = platform::fromBase64(node.textBytes());
+void readText(const platform::XmlElement& node, QString& text) {
+    if (node) text = platform::fromBase64(node.text());
 }
 
-platform::XmlNode root(platform::XmlDocument& document, const QString& memo, QLatin1String element) {
-    if (!document.loadText(memo) || document.root().name() != element) return {};
-    return document.root();
+platform::XmlElement root(const platform::XmlReading& memo, const char* element) {
+    return memo.root().is(element) ? memo.root() : platform::XmlElement();
 }
 
-QString rowDescriptions(const platform::XmlNode& rows) {
+QString rowDescriptions(const platform::XmlElement& rows) {
     QStringList descriptions;
-    for (platform::XmlNode row = rows.firstChild("rigo"); row; row = row.nextSibling("rigo")) {
+    for (platform::XmlElement row = rows.firstChild("rigo"); row; row = row.nextSibling("rigo")) {
         const QString description = platform::fromBase64(row.attributeBytes("descrizione"));
         if (!description.isEmpty()) descriptions << description;
     }

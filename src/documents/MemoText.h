@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/XmlDocument.h"
+#include "platform/XmlReading.h"
 
 #include <QLatin1String>
 #include <QString>
@@ -23,11 +23,11 @@ void appendPerson(QString& memo, QLatin1String element, const QString& taxCode, 
 void appendText(QString& memo, QLatin1String element, const QString& text); ///< A line with a text in Base64.
 
 /// Reading. What is absent leaves the values as they are.
-void readPerson(const platform::XmlNode& node, QString& taxCode, QString& name);
-void readText(const platform::XmlNode& node, QString& text);
-/// The root of a memo, or a null node when the memo cannot be read or is another kind's. Lives as long as the document.
-platform::XmlNode root(platform::XmlDocument& document, const QString& memo, QLatin1String element);
+void readPerson(const platform::XmlElement& node, QString& taxCode, QString& name);
+void readText(const platform::XmlElement& node, QString& text);
+/// The root of a memo, or a null element when the memo could not be read or is another kind's.
+platform::XmlElement root(const platform::XmlReading& memo, const char* element);
 /// The descriptions of all rows that have one, a line each: what a document without a description is called.
-QString rowDescriptions(const platform::XmlNode& rows);
+QString rowDescriptions(const platform::XmlElement& rows);
 
 } // namespace memo

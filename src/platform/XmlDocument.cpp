@@ -68,20 +68,6 @@ QString contentOf(xmlDoc* doc, xmlNode* list) {
     return toText(joined.get());
 }
 
-QByteArray bytesOf(xmlDoc* doc, xmlNode* list) {
-    if (!list) return {};
-    if (!list->next && list->type == XML_TEXT_NODE)
-        return QByteArray::fromRawData(chars(list->content), xmlStrlen(list->content));
-    const Owned<xmlChar> joined(xmlNodeListGetString(doc, list, 1));
-    return QByteArray(chars(joined.get()));
-}
-
-bool isSameAscii(const QString& text, const QByteArray& utf8) {
-    return std::equal(text.begin(), text.end(), utf8.begin(), utf8.end(), [](QChar letter, char byte) {
-        return static_cast<unsigned char>(byte) < 0x80 && letter.unicode() == static_cast<unsigned char>(byte);
-    });
-}
-
 xmlAttr* findAttribute(const xmlNode* node, const char* name) {
     if (!node) return nullptr;
     xmlAttr* attribute = node->properties;
@@ -182,17 +168,6 @@ bool XmlNode::hasAttribute(const char* name) const {
     return findAttribute(node_, name) != nullptr;
 }
 
-QByteArray XmlNode::attributeBytes(const char* name) const {
-    const xmlAttr* found = findAttribute(node_, name);
-    return found ? bytesOf(found->doc, found->children) : QByteArray();
-}
-
-QByteArray XmlNode::textBytes() const {
-    if (!node_ || !node_->children) return {};
-    if (!node_->children->next && node_->children->type == XML_TEXT_NODE) return bytesOf(node_->doc, node_->children);
-    return text().toUtf8();
-}
-
 std::vector<std::pair<QString, QString>> XmlNode::attributes() const {
     std::vector<std::pair<QString, QString>> all;
     for (const xmlAttr* one = node_ ? node_->properties : nullptr; one; one = one->next)
@@ -249,46 +224,6 @@ XmlNode XmlNode::selectOne(const char* xpath) const {
     return nodes.empty() ? XmlNode() : nodes.front();
 }
 
-XmlAttributes::XmlAttributes(const XmlNode& node)
-    : first_(node.node_ ? node.node_->properties : nullptr)
-    , next_(first_) {}
-
-const _xmlAttr* XmlAttributes::seek(const char* name) {
-    const auto matches = [name](const xmlAttr* attribute) { return std::strcmp(chars(attribute->name), name) == 0; };
-    const xmlAttr* found = next_;
-    while (found && !matches(found))
-        found = found->next;
-    if (!found) {
-        for (const xmlAttr* before = first_; before != next_ && !found; before = before->next)
-            if (matches(before)) found = before;
-    }
-    if (found) next_ = found->next;
-    return found;
-}
-
-std::optional<QString> XmlAttributes::find(const char* name) {
-    const xmlAttr* found = seek(name);
-    return found ? std::optional<QString>(contentOf(found->doc, found->children)) : std::nullopt;
-}
-
-QString XmlAttributes::text(const char* name) {
-    const xmlAttr* found = seek(name);
-    return found ? contentOf(found->doc, found->children) : QString();
-}
-
-QString XmlAttributes::text(const char* name, const QString& likely) {
-    const xmlAttr* found = seek(name);
-    if (!found) return {};
-    const QByteArray content = bytesOf(found->doc, found->children);
-    if (content.isEmpty()) return QStringLiteral("");
-    return isSameAscii(likely, content) ? likely : QString::fromUtf8(content);
-}
-
-QByteArray XmlAttributes::bytes(const char* name) {
-    const xmlAttr* found = seek(name);
-    return found ? bytesOf(found->doc, found->children) : QByteArray();
-}
-
 void XmlDocument::Free::operator()(_xmlDoc* doc) const {
     xmlFreeDoc(doc);
 }
@@ -312,8 +247,8 @@ bool XmlDocument::parse(const QByteArray& content, const char* encoding, int opt
     Q_UNUSED(ready)
     doc_.reset();
     xmlParserCtxt& context = parser();
-    doc_.reset(xmlCtxtReadMemory(&context, content.constData(), static_cast<int>(content.size()), nullptr, encoding,
-                                 options));
+    doc_.reset(
+        xmlCtxtReadMemory(&context, content.constData(), static_cast<int>(content.size()), nullptr, encoding, options));
     lastError_ = doc_ ? QString() : describe(context);
     return doc_ != nullptr;
 }

@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-struct _xmlAttr;
 struct _xmlDoc;
 struct _xmlNode;
 
@@ -35,9 +34,6 @@ public:
     std::optional<QString> attribute(const char* name) const;   ///< Nothing when absent. ASCII names.
     QString attribute(const char* name, const QString& otherwise) const;
     bool hasAttribute(const char* name) const;
-    /// UTF-8 of an attribute or of the text, borrowed from the document where it lies in one piece; empty when absent.
-    QByteArray attributeBytes(const char* name) const;
-    QByteArray textBytes() const;
     std::vector<std::pair<QString, QString>> attributes() const; ///< Names and values, in document order.
     void setAttribute(const char* name, const QString& value) const; ///< Adds or replaces; keeps the place of an existing one.
 
@@ -55,28 +51,8 @@ public:
 
 private:
     friend class XmlDocument;
-    friend class XmlAttributes;
     explicit XmlNode(_xmlNode* node) : node_(node) {}
     _xmlNode* node_ = nullptr;
-};
-
-/// The attributes of one element, read one after the other: fastest in the order in which they were written, right in any.
-/// Borrowed, like the node.
-class XmlAttributes {
-public:
-    explicit XmlAttributes(const XmlNode& node);
-
-    std::optional<QString> find(const char* name);
-    QString text(const char* name); ///< Null when absent, as the one below.
-    /// As the one above; shares the memory of `likely` when that is the text, as it often is from one row to the next.
-    QString text(const char* name, const QString& likely);
-    QByteArray bytes(const char* name); ///< UTF-8, borrowed from the document; empty when absent.
-
-private:
-    const _xmlAttr* seek(const char* name);
-
-    const _xmlAttr* first_;
-    const _xmlAttr* next_; ///< Behind the one that was read last.
 };
 
 /// One XML document over libxml2: strict well-formedness, no network, no entity expansion; a document with a document type

@@ -11,9 +11,9 @@
 
 namespace {
 
-using platform::XmlNode;
+using platform::XmlElement;
 
-const QLatin1String ROOT("trattamento");
+const char* const ROOT = "trattamento";
 const QString UNREADABLE = QStringLiteral("il testo registrato del piano non si può leggere");
 
 // ------------------------------------------------------------------------------------------------------------- writing
@@ -51,7 +51,7 @@ void writeOpening(QString& memo, const clsItemTrattamento& item) {
 
 // ------------------------------------------------------------------------------------------------------------- reading
 
-void readOpening(clsItemTrattamento& item, const XmlNode& treatment) {
+void readOpening(clsItemTrattamento& item, const XmlElement& treatment) {
     item.anno = treatment.attribute("anno", item.anno);
     item.progressivo = treatment.attribute("progressivo", item.progressivo);
     // A text that is no date would leave the plan on the day of its next save.
@@ -84,7 +84,7 @@ QString readAssistant(platform::XmlAttributes& attributes, const QString& before
 }
 
 // In the order in which the attributes are written; people, dates and groups are mostly those of the row before.
-clsItemRigoTrattamento readRow(const clsItemTrattamento& item, const XmlNode& node,
+clsItemRigoTrattamento readRow(const clsItemTrattamento& item, const XmlElement& node,
                                const clsItemRigoTrattamento& before) {
     platform::XmlAttributes attributes(node);
     clsItemRigoTrattamento row;
@@ -117,11 +117,11 @@ void count(clsItemTrattamento& item, bool isStarted, bool isFinished) {
 
 /// Hands each row on, in the order of the document, and counts it.
 template <class Add>
-void readRows(clsItemTrattamento& item, const XmlNode& rows, Add add) {
+void readRows(clsItemTrattamento& item, const XmlElement& rows, Add add) {
     constexpr std::size_t USUAL_ROWS = 16;
     item.righi.reserve(USUAL_ROWS); // one step of growth for nearly every plan
     const clsItemRigoTrattamento none;
-    for (XmlNode node = rows.firstChild("rigo"); node; node = node.nextSibling("rigo")) {
+    for (XmlElement node = rows.firstChild("rigo"); node; node = node.nextSibling("rigo")) {
         clsItemRigoTrattamento row = readRow(item, node, item.righi.empty() ? none : item.righi.back());
         const bool isStarted = !row.inizio.isEmpty();
         const bool isFinished = !row.fine.isEmpty();
@@ -139,7 +139,7 @@ QString freeKey(const clsItemTrattamento& item, const QString& number) {
 }
 
 // All but the rows.
-void readHead(clsItemTrattamento& item, const XmlNode& treatment) {
+void readHead(clsItemTrattamento& item, const XmlElement& treatment) {
     readOpening(item, treatment);
     memo::readPerson(treatment.firstChild("paziente"), item.cliente, item.descrizionecliente);
     memo::readPerson(treatment.firstChild("medico"), item.medico, item.descrizionemedico);
@@ -171,8 +171,8 @@ QString writeTreatmentMemo(const clsItemTrattamento& item) {
 }
 
 void readTreatmentMemo(clsItemTrattamento& item, const QString& memo) {
-    platform::XmlDocument document;
-    const XmlNode treatment = memo::root(document, memo, ROOT);
+    const platform::XmlReading reading(memo);
+    const XmlElement treatment = memo::root(reading, ROOT);
     item.fault = treatment ? QString() : UNREADABLE;
     if (!treatment) return;
     readHead(item, treatment);
@@ -181,8 +181,8 @@ void readTreatmentMemo(clsItemTrattamento& item, const QString& memo) {
 }
 
 void salvageMemo(clsItemTrattamento& item, const QString& memo) {
-    platform::XmlDocument document;
-    const XmlNode treatment = memo::root(document, memo, ROOT);
+    const platform::XmlReading reading(memo);
+    const XmlElement treatment = memo::root(reading, ROOT);
     item.fault = treatment ? QString() : UNREADABLE;
     if (!treatment) return;
     readHead(item, treatment);
@@ -197,11 +197,11 @@ void salvageMemo(clsItemTrattamento& item, const QString& memo) {
 }
 
 void readMemoForList(clsItemTrattamento& item, const QString& memo) {
-    platform::XmlDocument document;
-    const XmlNode treatment = memo::root(document, memo, ROOT);
+    const platform::XmlReading reading(memo);
+    const XmlElement treatment = memo::root(reading, ROOT);
     if (!treatment) return;
     readHead(item, treatment);
-    const XmlNode rows = treatment.firstChild("righi");
-    for (XmlNode node = rows.firstChild("rigo"); node; node = node.nextSibling("rigo"))
+    const XmlElement rows = treatment.firstChild("righi");
+    for (XmlElement node = rows.firstChild("rigo"); node; node = node.nextSibling("rigo"))
         count(item, !node.attributeBytes("inizioLavori").isEmpty(), !node.attributeBytes("fineLavori").isEmpty());
 }
