@@ -25,7 +25,7 @@ TEST(DeskOptions, RefusesWhatMakesNoSenseAndNamesIt) {
         QStringList arguments;
         const char* named;
     } cases[] = {
-        {{QStringLiteral("--pippo")}, "--pippo"},
+        {{QStringLiteral("--pippo")}, "pippo"},
         {{QStringLiteral("studio.db")}, "studio.db"},
         {{QStringLiteral("--db")}, "--db"},
         {{QStringLiteral("--db"), QStringLiteral("--demo")}, "--db"},

@@ -2,64 +2,65 @@
 
 #include "platform/SpecialFolders.h"
 
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace desk {
 
 namespace {
 
 struct TextOption {
-    const char* name;
+    QString name;
     QString Options::*value;
 };
 
-constexpr TextOption TEXT_OPTIONS[] = {
-    {"--db", &Options::databaseUrl}, {"--config-dir", &Options::configDir},
-    {"--user", &Options::userCode},  {"--scenario", &Options::scenarioFile},
-    {"--out", &Options::outDir},     {"--reset-password", &Options::forgottenCode},
-    {"--copy-to", &Options::copyTo}, {"--restore", &Options::restoreFrom},
+const TextOption TEXT_OPTIONS[] = {
+    {QStringLiteral("db"), &Options::databaseUrl}, {QStringLiteral("config-dir"), &Options::configDir},
+    {QStringLiteral("user"), &Options::userCode},  {QStringLiteral("scenario"), &Options::scenarioFile},
+    {QStringLiteral("out"), &Options::outDir},     {QStringLiteral("reset-password"), &Options::forgottenCode},
+    {QStringLiteral("copy-to"), &Options::copyTo}, {QStringLiteral("restore"), &Options::restoreFrom},
 };
+const QString DEMO = QStringLiteral("demo");
+const QString HELP = QStringLiteral("help");
 
-const TextOption* findOption(const QString& name) {
-    for (const TextOption& option : TEXT_OPTIONS)
-        if (name == QLatin1String(option.name)) return &option;
-    return nullptr;
+/// Without the values, among which is the password of the server.
+QString names(QStringList arguments) {
+    for (QString& argument : arguments)
+        argument = argument.section(u'=', 0, 0);
+    return arguments.filter(QRegularExpression(QStringLiteral("^--"))).join(u' ');
 }
 
-/// The value of an option, after "=" or as the next argument.
-QString takeValue(const QString& name, const QString& argument, const QStringList& arguments, qsizetype& position) {
-    const qsizetype sign = argument.indexOf(QLatin1Char('='));
-    QString value;
-    if (sign > 0)
-        value = argument.mid(sign + 1);
-    else if (position + 1 < arguments.size() && !arguments.at(position + 1).startsWith(QLatin1String("--")))
-        value = arguments.at(++position);
-    if (value.isEmpty()) throw OptionError(QStringLiteral("L'opzione %1 richiede un valore.").arg(name));
-    return value;
+QString valueOf(const TextOption& option, const QCommandLineParser& parser) {
+    const QString name = QStringLiteral("--") + option.name;
+    const QStringList values = parser.values(option.name);
+    if (values.isEmpty()) return {};
+    if (values.size() > 1) throw OptionError(QStringLiteral("L'opzione %1 è indicata due volte.").arg(name));
+    // The next option is no value, though the parser would take it.
+    if (values.first().isEmpty() || values.first().startsWith(QStringLiteral("--")))
+        throw OptionError(QStringLiteral("L'opzione %1 richiede un valore.").arg(name));
+    return values.first();
 }
 
 } // namespace
 
 Options Options::parse(const QStringList& arguments) {
+    QCommandLineParser parser;
+    parser.addOption(QCommandLineOption(DEMO));
+    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), HELP}));
+    for (const TextOption& option : TEXT_OPTIONS)
+        parser.addOption({option.name, QString(), QStringLiteral("valore")});
+    const bool understood = parser.parse(QStringList(QString()) + arguments);
     Options options;
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        const QString& argument = arguments.at(i);
-        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
-            options.help = true;
-            return options;
-        }
-        if (argument == QLatin1String("--demo")) {
-            options.demo = true;
-            continue;
-        }
-        const QString name = argument.section(QLatin1Char('='), 0, 0);
-        const TextOption* option = findOption(name);
-        if (!option) throw OptionError(QStringLiteral("Argomento non riconosciuto: %1").arg(argument));
-        QString& value = options.*(option->value);
-        if (!value.isEmpty()) throw OptionError(QStringLiteral("L'opzione %1 è indicata due volte.").arg(name));
-        value = takeValue(name, argument, arguments, i);
-    }
+    options.help = parser.isSet(HELP);
+    if (options.help) return options;
+    const QStringList strange = parser.unknownOptionNames() + parser.positionalArguments();
+    if (!strange.isEmpty()) throw OptionError(QStringLiteral("Argomento non riconosciuto: ") + strange.first());
+    if (!understood) throw OptionError(QStringLiteral("Manca un valore, o ce n'è uno di troppo: ") + names(arguments));
+    options.demo = parser.isSet(DEMO);
+    for (const TextOption& option : TEXT_OPTIONS)
+        options.*(option.value) = valueOf(option, parser);
     if (options.scenarioFile.isEmpty() && !options.outDir.isEmpty())
         throw OptionError(QStringLiteral("L'opzione --out ha senso solo con --scenario."));
     if (!options.copyTo.isEmpty() && (options.demo || !options.scenarioFile.isEmpty()))
