@@ -3,7 +3,7 @@
 #include "Measures.h"
 
 #include "desk/shell/DeskApplication.h"
-#include "desk/shell/MessageFilter.h"
+#include "desk/shell/DeskLog.h"
 #include "desk/shell/Options.h"
 
 #include <QTemporaryDir>
@@ -26,7 +26,7 @@ private:
     static int& withoutScreen(int& argc) {
         if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
-        desk::installMessageFilter();
+        desk::log::install();
         return argc;
     }
 

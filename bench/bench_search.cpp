@@ -5,7 +5,7 @@
 #include "desk/data/Transaction.h"
 #include "desk/people/PatientSearch.h"
 #include "desk/shell/DeskApplication.h"
-#include "desk/shell/MessageFilter.h"
+#include "desk/shell/DeskLog.h"
 #include "platform/Theme.h"
 
 #include <QElapsedTimer>
@@ -100,7 +100,7 @@ void searchOnce(benchmark::State& state, desk::PatientDirectory& patients, const
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    desk::installMessageFilter();
+    desk::log::install();
     desk::DeskApplication application(argc, argv);
     platform::applyTheme(application);
     benchmark::Initialize(&argc, argv);

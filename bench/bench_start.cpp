@@ -3,7 +3,7 @@
 
 #include "desk/shell/Desk.h"
 #include "desk/shell/DeskApplication.h"
-#include "desk/shell/MessageFilter.h"
+#include "desk/shell/DeskLog.h"
 #include "desk/shell/Options.h"
 #include "platform/Theme.h"
 
@@ -24,7 +24,7 @@ constexpr int STARTS = 30;
 constexpr double LIMIT = 3;
 
 int startDesk(int argc, char** argv, const QString& folder) {
-    desk::installMessageFilter();
+    desk::log::install();
     desk::DeskApplication application(argc, argv);
     platform::applyTheme(application);
     desk::Options options;

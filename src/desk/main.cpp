@@ -5,7 +5,7 @@
 #include "desk/shell/ArchiveRestore.h"
 #include "desk/shell/Desk.h"
 #include "desk/shell/DeskApplication.h"
-#include "desk/shell/MessageFilter.h"
+#include "desk/shell/DeskLog.h"
 #include "desk/shell/Options.h"
 #include "platform/Dialogs.h"
 #include "platform/FileHold.h"
@@ -95,7 +95,7 @@ int runDesk(desk::Options options) {
 
 int main(int argc, char** argv) {
     platform::keepNewFilesPrivate(); // archive, copies, extracted files, settings
-    desk::installMessageFilter();
+    desk::log::install();
     desk::Options options;
     try {
         options = desk::Options::parse(argumentsOf(argc, argv));

@@ -7,6 +7,7 @@
 #include "desk/people/PatientSearch.h"
 #include "desk/shell/ChildWindows.h"
 #include "desk/shell/DeskCommands.h"
+#include "desk/shell/DeskLog.h"
 #include "desk/shell/PatientDesk.h"
 #include "desk/shell/RibbonBar.h"
 #include "host/contract/PluginInterface.h"
@@ -14,6 +15,7 @@
 #include "platform/Guarded.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QStatusBar>
 #include <QTimer>
 #include <algorithm>
@@ -292,8 +294,9 @@ void Desk::Parts::showInformation() {
                           : module               ? QStringLiteral("Il modulo di odontoiatria \u00e8 attivo.")
                                                  : QStringLiteral("Nessun modulo caricato.");
     platform::dialogs().message(
-        QStringLiteral("Tessara 5000, scrivania dello studio\nVersione %1\n\nArchivio: %2\n%3")
-            .arg(QCoreApplication::applicationVersion(), practice->database().url().toDisplay(), state),
+        QStringLiteral("Tessara 5000, scrivania dello studio\nVersione %1\n\nArchivio: %2\nRegistro: %3\n%4")
+            .arg(QCoreApplication::applicationVersion(), practice->database().url().toDisplay(),
+                 QDir::toNativeSeparators(log::fileName()), state),
         platform::MB_INFORMATION, QStringLiteral("Informazioni"));
 }
 
