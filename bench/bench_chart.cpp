@@ -107,8 +107,8 @@ void openPlan(benchmark::State& state, const QString& id) {
     }
 }
 
-/// A date into the last row of an endless plan: row, marks, chart and totals follow.
-void editEndless(benchmark::State& state, const QString& id) {
+/// A date into the last row of a plan: row, marks, chart and totals follow.
+void editDate(benchmark::State& state, const QString& id) {
     sIDTrattamento = id;
     frmEditTrattamento editor;
     editor.resize(SCREEN);
@@ -162,9 +162,10 @@ int main(int argc, char** argv) {
         const auto open = [id = id](benchmark::State& state) { openPlan(state, id); };
         benchmark::RegisterBenchmark(name, open)->Unit(benchmark::kMillisecond);
     }
-    benchmark::RegisterBenchmark("editEndless", [&endless](benchmark::State& state) {
-        editEndless(state, endless);
-    })->Unit(benchmark::kMillisecond);
+    for (const auto& [name, id] : {std::pair("editPlan", usual), std::pair("editEndless", endless)}) {
+        const auto edit = [id = id](benchmark::State& state) { editDate(state, id); };
+        benchmark::RegisterBenchmark(name, edit)->Unit(benchmark::kMillisecond);
+    }
     benchmark::RegisterBenchmark("saveEndless", [&endless](benchmark::State& state) {
         saveEndless(state, endless);
     })->Unit(benchmark::kMillisecond);
@@ -176,7 +177,8 @@ int main(int argc, char** argv) {
     measures.printLimit("chart after a change of one row", "changeOfARow", 8);
     measures.printLimit("stored plan of 60 rows to a painted window", "openPlan", 120);
     measures.printLimit("the same with 2,000 rows", "openEndless", 1000);
-    measures.printLimit("a date into one of 2,000 rows", "editEndless", 100);
+    measures.printLimit("a date into one of 60 rows", "editPlan", 2);
+    measures.printLimit("a date into one of 2,000 rows", "editEndless", 6);
     measures.printLimit("a plan of 2,000 rows saved", "saveEndless", 1000);
     return 0;
 }

@@ -4,6 +4,8 @@
 #include "chart/clsGraphical.h"
 #include "platform/Files.h"
 
+#include <algorithm>
+
 namespace {
 
 ToothState stateOf(const ChartRow& row) {
@@ -132,31 +134,30 @@ void ChartComposition::addLayers(const ChartRow& row) {
     for (const QString& name : row.teeth.entries()) {
         ComposedTooth* tooth = toothNamed(name);
         if (tooth == nullptr) continue;
+        const auto place = std::find_if(tooth->layers.begin(), tooth->layers.end(),
+                                        [](const ToothLayer& each) { return each.service.isEmpty(); });
+        // A fourth service on a tooth has no layer left and is dropped without a word: more would hide the tooth.
+        if (place == tooth->layers.end()) continue;
         ToothLayer layer;
         if (!graphics_.ImmagineServizio(name, row.service, layer.left, layer.top, layer.picture)) continue;
         if (!platform::files::exists(layer.picture)) continue;
         layer.service = row.service;
-        // A fourth service on a tooth has no layer left and is dropped without a word: more would hide the tooth.
-        for (ToothLayer& place : tooth->layers) {
-            if (!place.service.isEmpty()) continue;
-            place = layer;
-            break;
-        }
+        *place = layer;
     }
 }
 
 void ChartComposition::addToStrip(const ChartRow& row) {
     phase_ = QStringLiteral("step 5.b");
+    if (strip_.size() >= options_.stripPlaces) return;
     HighlightedService entry{row.service, row.description, QString(), QString(), stateOf(row)};
-    if (!graphics_.ImmagineInEvidenza(row.service, entry.picture)) return;
-    if (strip_.size() < options_.stripPlaces) strip_.append(entry);
+    if (graphics_.ImmagineInEvidenza(row.service, entry.picture)) strip_.append(entry);
 }
 
 void ChartComposition::addToShortList(const ChartRow& row, QString& seen) {
     phase_ = QStringLiteral("step 5.c");
+    if (shortList_.size() >= options_.shortListPlaces) return;
     HighlightedService entry{row.service, row.description, QString(), QString(), stateOf(row)};
-    if (!ServizioInEvidenza(row.service, entry.shortText) || !firstTime(row.service, seen)) return;
-    if (shortList_.size() < options_.shortListPlaces) shortList_.append(entry);
+    if (ServizioInEvidenza(row.service, entry.shortText) && firstTime(row.service, seen)) shortList_.append(entry);
 }
 
 void ChartComposition::addAtAGlance(const ChartRow& row, QString& seen) {

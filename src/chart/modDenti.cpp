@@ -20,6 +20,22 @@ constexpr std::array<Tooth, TOOTH_COUNT> TEETH{{
 
 constexpr QChar SEPARATOR = u';';
 
+/// The places of the teeth by quadrant and position; -1 where there is none.
+constexpr auto PLACES = [] {
+    std::array<std::array<qint16, 10>, 10> places{};
+    for (auto& quadrant : places)
+        quadrant.fill(-1);
+    for (std::size_t index = 0; index < TEETH.size(); ++index)
+        places[static_cast<std::size_t>(TEETH[index].quadrant)][static_cast<std::size_t>(TEETH[index].position)] =
+            static_cast<qint16>(index);
+    return places;
+}();
+
+/// -1 for a character that is no digit.
+int digit(QChar character) {
+    return character >= u'0' && character <= u'9' ? character.unicode() - u'0' : -1;
+}
+
 bool exists(int index) {
     return index >= 0 && index < TOOTH_COUNT;
 }
@@ -57,12 +73,10 @@ QString DentiDaIndici(const QString& indices) {
 
 qint16 IndiceDaDente(const QString& text) {
     if (text.size() != 3 || text[1] != u'.') return -1;
-    for (int index = 0; index < TOOTH_COUNT; ++index) {
-        const Tooth& candidate = toothAt(index);
-        if (text[0] == QChar(u'0' + candidate.quadrant) && text[2] == QChar(u'0' + candidate.position))
-            return static_cast<qint16>(index);
-    }
-    return -1;
+    const int quadrant = digit(text[0]);
+    const int position = digit(text[2]);
+    if (quadrant < 0 || position < 0) return -1;
+    return PLACES[static_cast<std::size_t>(quadrant)][static_cast<std::size_t>(position)];
 }
 
 QString IndiciDaDenti(const QString& teeth) {

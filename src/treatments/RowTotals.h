@@ -2,13 +2,11 @@
 
 #include "treatments/clsItemRigoTrattamento.h"
 
-#include <QList>
-
 /// What the rows of a plan are worth.
 struct RowTotals {
     Amount finished;
     Amount toFinish;
-};
 
-/// Sums the rows that have a service; a row without a price counts with the catalogue's.
-RowTotals sumRows(const QList<clsItemRigoTrattamento>& rows);
+    /// Adds a row, unless it has no service: its price, or the catalogue's when it has none, for so many teeth.
+    void add(const clsItemRigoTrattamento& row, int teeth);
+};

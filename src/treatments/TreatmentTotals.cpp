@@ -35,10 +35,9 @@ TreatmentTotals::TreatmentTotals(QWidget* parent)
     updateBilling();
 }
 
-void TreatmentTotals::updateWork(const QList<clsItemRigoTrattamento>& rows) {
-    const RowTotals totals = sumRows(rows);
-    tbTotale_[0]->setText(totals.finished.text());
-    tbTotale_[1]->setText(totals.toFinish.text());
+void TreatmentTotals::updateWork(const RowTotals& work) {
+    tbTotale_[0]->setText(work.finished.text());
+    tbTotale_[1]->setText(work.toFinish.text());
 }
 
 // Invoices and payments are not kept by this version: nothing is paid and no advance is open.

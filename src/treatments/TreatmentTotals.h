@@ -1,12 +1,11 @@
 #pragma once
 
-#include "treatments/clsItemRigoTrattamento.h"
-
-#include <QList>
 #include <QWidget>
 #include <array>
 
 class QLineEdit;
+
+struct RowTotals;
 
 /// The four totals tbTotale(0) to tbTotale(3) of the plan editor: finished work, work to finish, invoiced and paid
 /// work, advances not used. Read-only fields that follow the rows.
@@ -16,7 +15,7 @@ class TreatmentTotals : public QWidget {
 public:
     explicit TreatmentTotals(QWidget* parent = nullptr);
 
-    void updateWork(const QList<clsItemRigoTrattamento>& rows);
+    void updateWork(const RowTotals& work);
     /// Paid invoices and open advances.
     void updateBilling();
 

@@ -1,50 +1,39 @@
 #include "treatments/frmEditRigoTrattamento.h"
 
-#include "catalogues/clsServizi.h"
 #include "catalogues/modSceltaServizio.h"
 #include "catalogues/modServizi.h"
 #include "chart/ToothList.h"
 #include "chart/modSceltaDenti.h"
-#include "host/context.h"
+#include "documents/CellNotice.h"
 #include "host/contract/Host.h"
 #include "host/modForm.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
 #include "platform/Regional.h"
 #include "store/modUtenti.h"
-#include "treatments/GridRow.h"
 #include "treatments/StagePanel.h"
 #include "treatments/clsItemRigoTrattamento.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QEvent>
 #include <QGroupBox>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalBlocker>
-#include <QTimer>
 
 namespace {
 
 constexpr int DOCTOR_KIND = 0;
 constexpr int ASSISTANT_KIND = 3;
 const char* const TAG = "Tag";
-const QLatin1Char SEARCH_MARK('?');
 
 } // namespace
 
 frmEditRigoTrattamento::frmEditRigoTrattamento(QWidget* parent)
-    : QDialog(parent)
-    , tmCavolo_(new QTimer(this)) {
-    setObjectName(QStringLiteral("frmEditRigoTrattamento"));
-    setWindowTitle(TitoloForm(QStringLiteral("Dettaglio Trattamento")));
-    tmCavolo_->setObjectName(QStringLiteral("tmCavolo"));
-    tmCavolo_->setSingleShot(true);
-    tmCavolo_->setInterval(0);
+    : RowDialog(QStringLiteral("frmEditRigoTrattamento"), QStringLiteral("Dettaglio Trattamento"),
+                {2, QStringLiteral("tbTotali(0)")}, parent) {
     buildFields();
     layOut();
     wire();
@@ -53,36 +42,17 @@ frmEditRigoTrattamento::frmEditRigoTrattamento(QWidget* parent)
     keepGeometry(this);
 }
 
-// The field that loses the keyboard with the window has its say while the window is whole.
 frmEditRigoTrattamento::~frmEditRigoTrattamento() {
     hide();
 }
 
 void frmEditRigoTrattamento::wire() {
-    connect(cbAccetta_, &QPushButton::clicked, this, &frmEditRigoTrattamento::acceptRow);
-    connect(cbAnnulla_, &QPushButton::clicked, this, &frmEditRigoTrattamento::reject);
-    connect(search_[SEARCH_SERVICE], &QPushButton::clicked, this, &frmEditRigoTrattamento::searchService);
-    connect(search_[SEARCH_TEETH], &QPushButton::clicked, this, &frmEditRigoTrattamento::chooseTeeth);
-    connect(search_[SEARCH_OPERATOR], &QPushButton::clicked, this,
-            [this] { chooseUser(DOCTOR_KIND, tbDati_[OPERATOR]); });
-    connect(search_[SEARCH_ASSISTANT], &QPushButton::clicked, this,
-            [this] { chooseUser(ASSISTANT_KIND, tbDati_[ASSISTANT]); });
-    connect(tbDati_[SERVICE], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::serviceChanged);
-    for (QLineEdit* field : {tbDati_[SERVICE], tbDati_[DESCRIPTION]}) {
-        connect(field, &QLineEdit::textEdited, this, [this](const QString& text) {
-            if (text.contains(SEARCH_MARK)) tmCavolo_->start();
-        });
-    }
-    connect(tmCavolo_, &QTimer::timeout, this, [this] {
-        for (QLineEdit* field : {tbDati_[SERVICE], tbDati_[DESCRIPTION]})
-            field->setText(field->text().replace(SEARCH_MARK, QLatin1Char(' ')).trimmed());
-        searchService();
-    });
-    connect(tbDati_[TEETH], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::updateTotal);
-    connect(tbTotali_[0], &QLineEdit::textChanged, this, &frmEditRigoTrattamento::updateTotal);
-    connect(tbDati_[SERVICE], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::serviceTyped);
-    connect(tbDati_[TEETH], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::teethTyped);
-    connect(tbTotali_[0], &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::priceTyped);
+    connect(cbFndDente_, &QPushButton::clicked, this, &frmEditRigoTrattamento::chooseTeeth);
+    connect(cbFndOperatore_, &QPushButton::clicked, this, [this] { chooseUser(DOCTOR_KIND, operator_); });
+    connect(cbFndAssistente_, &QPushButton::clicked, this, [this] { chooseUser(ASSISTANT_KIND, assistant_); });
+    connect(teeth_, &QLineEdit::textChanged, this, &frmEditRigoTrattamento::updateTotal);
+    connect(price(), &QLineEdit::textChanged, this, &frmEditRigoTrattamento::updateTotal);
+    connect(teeth_, &QLineEdit::editingFinished, this, &frmEditRigoTrattamento::teethTyped);
     connect(cbDate_[0], &QCheckBox::toggled, this, [this](bool isStarted) {
         if (!isStarted) cbDate_[1]->setChecked(false); // no end without a start
         showDates();
@@ -93,25 +63,21 @@ void frmEditRigoTrattamento::wire() {
 // ---------------------------------------------------------------------------------------------- the row in and out
 
 void frmEditRigoTrattamento::load(const clsItemRigoTrattamento& row) {
-    service_ = serviceCode(row.servizio);
     isInvoiced_ = !row.fattura.isEmpty();
-    laProgressivo_->setText(row.progressivo);
-    tbDati_[SERVICE]->setText(row.servizio);
-    tbDati_[DESCRIPTION]->setText(row.descrizione);
-    tbDati_[OPERATOR]->setText(DescrizioneUtente(row.operatore));
-    tbDati_[OPERATOR]->setProperty(TAG, row.operatore);
-    tbDati_[ASSISTANT]->setText(DescrizioneUtente(row.assistente));
-    tbDati_[ASSISTANT]->setProperty(TAG, row.assistente);
-    tbDati_[TEETH]->setText(ToothList::fromRecord(row.dente, row.denti).selection());
+    loadService(row.progressivo, row.servizio, row.descrizione);
+    operator_->setText(DescrizioneUtente(row.operatore));
+    operator_->setProperty(TAG, row.operatore);
+    assistant_->setText(DescrizioneUtente(row.assistente));
+    assistant_->setProperty(TAG, row.assistente);
+    teeth_->setText(ToothList::fromRecord(row.dente, row.denti).selection());
     teethTyped();
     tbNote_->setPlainText(row.note);
     CaricaComboRaggrMerc(cbRaggrMerc_, row.raggruppamento);
-    tbTotali_[0]->setText(row.prezzo.text());
+    price()->setText(row.prezzo.text());
     priceTyped();
     cbFuoriPreventivo_->setChecked(row.fuoripreventivo);
     loadDates(row);
-    serviceChanged();
-    noticeService();
+    codeChanged();
     const QList<WorkStage> stages = workstages::read(row.statuslavori);
     for (std::size_t i = 0; i < pbStatus_.size() && static_cast<qsizetype>(i) < stages.size(); ++i)
         pbStatus_[i]->setDate(stages[static_cast<qsizetype>(i)]);
@@ -132,20 +98,18 @@ void frmEditRigoTrattamento::write(clsItemRigoTrattamento& row) const {
     const auto day = [this](std::size_t i) {
         return cbDate_[i]->isChecked() ? platform::regional().shortDate(dtpData_[i]->date()) : QString();
     };
-    const QString written = tbDati_[SERVICE]->text();
-    const QString code = serviceCode(written);
-    row.servizio = code.isEmpty() ? written : code;
-    row.descrizione = tbDati_[DESCRIPTION]->text();
-    row.operatore = tbDati_[OPERATOR]->property(TAG).toString();
-    row.assistente = tbDati_[ASSISTANT]->property(TAG).toString();
-    const ToothList teeth = ToothList::fromTyped(tbDati_[TEETH]->text()).value_or(ToothList());
+    row.servizio = service();
+    row.descrizione = description()->text();
+    row.operatore = operator_->property(TAG).toString();
+    row.assistente = assistant_->property(TAG).toString();
+    const ToothList teeth = ToothList::fromTyped(teeth_->text()).value_or(ToothList());
     row.dente = teeth.tooth();
     row.denti = teeth.toothList();
     row.note = tbNote_->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"));
     // A group that the practice has since struck off its list is no line here, and stays with the row.
     if (cbRaggrMerc_->currentIndex() >= 0)
         row.raggruppamento = cbRaggrMerc_->currentText().section(QLatin1Char(' '), 0, 0);
-    row.prezzo = Amount::fromText(tbTotali_[0]->text());
+    row.prezzo = Amount::fromText(price()->text());
     row.fuoripreventivo = cbFuoriPreventivo_->isChecked();
     row.inizio = day(0);
     row.fine = day(1);
@@ -156,106 +120,52 @@ void frmEditRigoTrattamento::write(clsItemRigoTrattamento& row) const {
     row.statuslavori = workstages::write(stages);
 }
 
-void frmEditRigoTrattamento::setReadOnly() {
-    cbAccetta_->setEnabled(false);
-    cbAnnulla_->setText(QStringLiteral("Chiudi"));
-}
-
-bool frmEditRigoTrattamento::isAccepted() const {
-    return laOUTB_->text() == QLatin1String("OK");
-}
-
-void frmEditRigoTrattamento::acceptRow() {
-    serviceTyped();
-    laOUTB_->setText(QStringLiteral("OK"));
-    done(QDialog::Accepted);
-}
-
-void frmEditRigoTrattamento::reject() {
-    laOUTB_->clear();
-    done(QDialog::Rejected);
-}
-
 // --------------------------------------------------------------------------------------- what follows from a change
 
-void frmEditRigoTrattamento::serviceChanged() {
+void frmEditRigoTrattamento::codeChanged() {
     // The dates of the old service's stages go with it, on purpose.
     for (StagePanel* stage : pbStatus_)
         stage->release();
-    const QStringList names = workstages::names(StatusLavoriServizio(tbDati_[SERVICE]->text()));
+    const QStringList names = workstages::names(StatusLavoriServizio(code()->text()));
     for (qsizetype i = 0; i < names.size(); ++i)
         pbStatus_[static_cast<std::size_t>(i)]->use(names[i]);
     stagesArea_->setVisible(!names.isEmpty());
-    const Amount listPrice = isInvoiced_ ? Amount() : PrezzoServizio(tbDati_[SERVICE]->text());
-    tbTotali_[0]->setPlaceholderText(listPrice.text());
+    const Amount listPrice = isInvoiced_ ? Amount() : PrezzoServizio(code()->text());
+    price()->setPlaceholderText(listPrice.text());
     updateTotal();
 }
 
+// What an invoice has billed keeps its price.
 void frmEditRigoTrattamento::serviceTyped() {
-    const QString code = serviceCode(tbDati_[SERVICE]->text());
-    if (!code.isEmpty()) {
-        const QSignalBlocker sameService(tbDati_[SERVICE]); // in other letters, and its stages stay
-        tbDati_[SERVICE]->setText(code);
-    }
-    noticeService();
-    if (code.isEmpty() || code == service_) return;
-    if (isInvoiced_)
-        service_ = code;
-    else
-        applyService();
+    if (!isInvoiced_) takeService();
 }
 
-void frmEditRigoTrattamento::noticeService() {
-    const QString written = tbDati_[SERVICE]->text();
-    const bool isUnknown = !written.isEmpty() && serviceCode(written).isEmpty();
-    platform::form::setNotice(tbDati_[SERVICE], isUnknown ? platform::Notice::Warning : platform::Notice::None,
-                              isUnknown ? QStringLiteral("Il servizio non è nel catalogo") : QString());
-}
-
-void frmEditRigoTrattamento::teethTyped() {
-    const QString written = tbDati_[TEETH]->text();
-    const auto read = ToothList::fromTyped(written);
-    if (read && read->selection() != written) tbDati_[TEETH]->setText(read->selection());
-    const QString notice = gridrow::teethNotice(read.value_or(ToothList()), written.trimmed());
-    platform::form::setNotice(tbDati_[TEETH], notice.isEmpty() ? platform::Notice::None : platform::Notice::Error,
-                              notice);
-}
-
-void frmEditRigoTrattamento::priceTyped() {
-    const QString written = tbTotali_[0]->text();
-    const bool isAmount = written.isEmpty() || platform::regional().toNumber(written);
-    // A row without a price of its own has the catalogue's, which then shows through.
-    if (isAmount && !isInvoiced_ && Amount::fromText(written).isZero()) tbTotali_[0]->clear();
-    platform::form::setNotice(tbTotali_[0], isAmount ? platform::Notice::None : platform::Notice::Error,
-                              isAmount ? QString() : QStringLiteral("Non è un importo: non verrà memorizzato"));
-}
-
-void frmEditRigoTrattamento::searchService() {
-    QString code = tbDati_[SERVICE]->text();
-    QString description = tbDati_[DESCRIPTION]->text();
-    if (!ScegliServizio(true, code, description)) return;
-    tbDati_[SERVICE]->setText(code);
-    tbDati_[DESCRIPTION]->setText(description);
-    applyService();
-}
-
-void frmEditRigoTrattamento::applyService() {
-    const QString code = tbDati_[SERVICE]->text();
-    service_ = serviceCode(code);
-    noticeService();
-    tbTotali_[0]->setText(PrezzoServizio(code).text());
-    const clsItemServizio* service = oServizi->Carica(code);
-    if (service && tbDati_[DESCRIPTION]->text().trimmed().isEmpty())
-        tbDati_[DESCRIPTION]->setText(service->descrizione);
-    CaricaComboRaggrMerc(cbRaggrMerc_, RaggruppamentoServizio(code));
+void frmEditRigoTrattamento::applyService(const QString& serviceCode) {
+    price()->setText(PrezzoServizio(serviceCode).text());
+    CaricaComboRaggrMerc(cbRaggrMerc_, RaggruppamentoServizio(serviceCode));
     priceTyped();
 }
 
+void frmEditRigoTrattamento::teethTyped() {
+    const QString written = teeth_->text();
+    const auto read = ToothList::fromTyped(written);
+    if (read && read->selection() != written) teeth_->setText(read->selection());
+    const CellNotice notice = noticeOfTeeth(read.value_or(ToothList()), read ? QString() : written);
+    platform::form::setNotice(teeth_, notice.kind, notice.text);
+}
+
+void frmEditRigoTrattamento::priceTyped() {
+    RowDialog::priceTyped();
+    // A row without a price of its own has the catalogue's, which then shows through.
+    const bool isAmount = platform::regional().toNumber(price()->text()).has_value();
+    if (isAmount && !isInvoiced_ && Amount::fromText(price()->text()).isZero()) price()->clear();
+}
+
 void frmEditRigoTrattamento::chooseTeeth() {
-    QString selection = tbDati_[TEETH]->text();
+    QString selection = teeth_->text();
     qint16 count = 0;
     if (!ScegliDenti(selection, count)) return;
-    tbDati_[TEETH]->setText(selection);
+    teeth_->setText(selection);
     teethTyped();
 }
 
@@ -274,13 +184,13 @@ void frmEditRigoTrattamento::chooseUser(int kind, QLineEdit* field) {
 }
 
 void frmEditRigoTrattamento::updateTotal() {
-    const int count = ToothList::fromTyped(tbDati_[TEETH]->text()).value_or(ToothList()).factor();
-    tbTotali_[1]->setText(Amount(price().wide() * count).text());
+    const int count = ToothList::fromTyped(teeth_->text()).value_or(ToothList()).factor();
+    total_->setText(Amount(unitPrice().wide() * count).text());
 }
 
-Amount frmEditRigoTrattamento::price() const {
-    const Amount own = Amount::fromText(tbTotali_[0]->text());
-    return own.isZero() && !isInvoiced_ ? PrezzoServizio(tbDati_[SERVICE]->text()) : own;
+Amount frmEditRigoTrattamento::unitPrice() const {
+    const Amount own = Amount::fromText(price()->text());
+    return own.isZero() && !isInvoiced_ ? PrezzoServizio(code()->text()) : own;
 }
 
 void frmEditRigoTrattamento::showDates() {
@@ -291,22 +201,14 @@ void frmEditRigoTrattamento::showDates() {
 }
 
 bool frmEditRigoTrattamento::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == tbNote_->viewport() && event->type() == QEvent::MouseButtonDblClick) {
-        tbNote_->setReadOnly(!tbNote_->isReadOnly());
-        QPalette colours = palette();
-        if (tbNote_->isReadOnly()) colours.setColor(QPalette::Base, colours.color(QPalette::Window));
-        tbNote_->setPalette(colours);
-        return true;
-    }
     // In the note, which has lines, Enter writes one, on purpose; Tab leaves it.
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            platform::form::focusNextField(static_cast<QWidget*>(watched));
-            return true;
-        }
-    }
-    return QDialog::eventFilter(watched, event);
+    if (!tbNote_ || watched != tbNote_->viewport()) return RowDialog::eventFilter(watched, event);
+    if (event->type() != QEvent::MouseButtonDblClick) return false;
+    tbNote_->setReadOnly(!tbNote_->isReadOnly());
+    QPalette colours = palette();
+    if (tbNote_->isReadOnly()) colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+    tbNote_->setPalette(colours);
+    return true;
 }
 
 bool ModificaRigoTrattamento(clsItemRigoTrattamento& row, bool readOnly, QWidget* parent) {

@@ -208,7 +208,7 @@ void frmEditTrattamento::openZoom() {
 
 void frmEditTrattamento::refreshChart() {
     teeth_->setRows(rows_->forChart());
-    totals_->updateWork(rows_->rows());
+    totals_->updateWork(rows_->totals());
 }
 
 void frmEditTrattamento::keyPressEvent(QKeyEvent* event) {

@@ -3,7 +3,6 @@
 #include "host/modForm.h"
 #include "platform/FormLayout.h"
 #include "platform/ReportGrid.h"
-#include "treatments/GridRow.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -53,35 +52,25 @@ void frmZoomRighiTrattamento::buildGrid() {
         larger.setPointSizeF(larger.pointSizeF() * ENLARGEMENT);
         rcRighi_->setFont(larger);
     }
-    for (platform::ReportColumn column : columns()) {
-        // Here the people give way too: there is room for their names in full.
-        const int index = rcRighi_->columnCount();
-        column.resizable = column.resizable || index == OPERATOR || index == ASSISTANT;
-        if (index == DESCRIPTION) column.sample = QStringLiteral("Otturazione in composito, due superfici");
-        rcRighi_->addColumn(column);
-    }
-    rcRighi_->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QString());
-    rcRighi_->setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
-    rcRighi_->setGroupBoxVisible(false);
-    rcRighi_->setSort(-1, Qt::AscendingOrder);
+    columns_ = columns();
+    // Here the people give way too: there is room for their names in full.
+    columns_[OPERATOR].head.resizable = columns_[ASSISTANT].head.resizable = true;
+    columns_[DESCRIPTION].head.sample = QStringLiteral("Otturazione in composito, due superfici");
+    addColumns(*rcRighi_, columns_);
+    setUpRowsGrid(*rcRighi_);
     rcRighi_->setEditMode(false, false);
     rcRighi_->setReadOnly(true);
     connect(rcRighi_, &platform::ReportGrid::focusedRecordChanged, this, [this](platform::ReportRecord* record) {
-        emit rowSelected(record ? teethOf(*record).selection() : QString());
+        const int at = positionOf(*rcRighi_, record);
+        emit rowSelected(at < 0 ? QString() : lines_[static_cast<std::size_t>(at)].row.teeth.selection());
     });
 }
 
-void frmZoomRighiTrattamento::add(const platform::ReportRecord& record) {
-    platform::ReportRecord* copy = rcRighi_->addRecord();
-    while (copy->cellCount() < record.cellCount())
-        copy->addCell();
-    for (int i = 0; i < record.cellCount(); ++i) {
-        copy->cell(i).value = record.cell(i).value;
-        copy->cell(i).tag = record.cell(i).tag;
-        const platform::ReportCellStyle& look = record.cell(i).style();
-        copy->cell(i).setBackground(look.background);
-        copy->cell(i).setNotice(look.notice, look.tooltip);
-        if (i == DESCRIPTION) copy->cell(i).setBold(record.cell(i).style().bold);
+void frmZoomRighiTrattamento::setRows(const std::vector<RowLine<PlanRow>>& lines) {
+    lines_ = lines;
+    for (RowLine<PlanRow>& line : lines_) {
+        line.highlighted = false; // of the chart behind
+        paintLine(columns_, line, *addRecord(*rcRighi_, columns_));
     }
 }
 

@@ -1,14 +1,12 @@
 #pragma once
 
+#include "treatments/GridRow.h"
+
 #include <QDialog>
 #include <QString>
+#include <vector>
 
 class QPushButton;
-
-namespace platform {
-class ReportGrid;
-class ReportRecord;
-} // namespace platform
 
 /// The rows of a plan in a large window, to be read and pointed at while the chart stays in view behind it. It holds
 /// copies and changes nothing in the plan. Modal, one per call of the editor.
@@ -19,7 +17,7 @@ public:
     /// `number` is that of the plan, "2026-0001".
     explicit frmZoomRighiTrattamento(const QString& number, QWidget* parent = nullptr);
 
-    void add(const platform::ReportRecord& record); ///< A copy, cell by cell, at the end.
+    void setRows(const std::vector<RowLine<PlanRow>>& lines);
 
 signals:
     void rowSelected(const QString& teeth); ///< Teeth of the row now selected.
@@ -31,5 +29,7 @@ private:
     void buildGrid();
 
     platform::ReportGrid* rcRighi_ = nullptr;
+    RowColumns<PlanRow> columns_;
+    std::vector<RowLine<PlanRow>> lines_;
     QPushButton* cbChiudi_ = nullptr;
 };

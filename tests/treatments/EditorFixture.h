@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TreatmentFixture.h"
+#include "documents/DocumentRows.h"
 #include "platform/FormLayout.h"
 #include "platform/ReportGrid.h"
 #include "treatments/GridRow.h"

@@ -148,7 +148,7 @@ TEST_F(RowCells, TakeTheServiceAsTheCatalogueSpellsAndPricesIt) {
     clsItemTrattamento item = savedPlan(QStringLiteral("2026"), QStringLiteral("0001"));
     for (const char* invoice : {"", "2026-0003"}) {
         clsItemRigoTrattamento priced = row("CORONA", "7");
-        priced.progressivo = rowNumber(static_cast<int>(item.righi.size()) + 1);
+        priced.progressivo = DocumentRows::rowNumber(static_cast<int>(item.righi.size()) + 1);
         priced.statuslavori = QStringLiteral("Preparazione|20260301");
         priced.fattura = QLatin1String(invoice);
         item.righi.add(priced.progressivo, priced);
@@ -308,8 +308,9 @@ TEST_F(RowCells, SumFinishedWorkOnlyWithBothDates) {
     for (const auto& each : cases) {
         SCOPED_TRACE(testing::Message() << each.start << '-' << each.end);
         clsItemRigoTrattamento due = row("CORONA", "+", each.start, each.end);
-        due.denti = QStringLiteral("7;8");
-        const RowTotals totals = sumRows({due, row("", "7", each.start, each.end)});
+        RowTotals totals;
+        totals.add(due, 2);
+        totals.add(row("", "7", each.start, each.end), 1);
         EXPECT_EQ(totals.finished, each.finished);
         EXPECT_EQ(totals.toFinish, each.toFinish);
     }

@@ -322,7 +322,7 @@ TEST_F(TreatmentFaults, OpensAndSavesAPlanOfUnknownThings) {
     } cases[] = {{"99", ""}, {"-1", ""}, {"boh", ""}, {"+", "7;77;boh;8"}, {"+", ""}, {"7", ""}};
     for (const auto& each : cases) {
         clsItemRigoTrattamento row;
-        row.progressivo = gridrow::rowNumber(static_cast<int>(item.righi.size()) + 1);
+        row.progressivo = DocumentRows::rowNumber(static_cast<int>(item.righi.size()) + 1);
         row.servizio = QStringLiteral("MAI_VISTO");
         row.dente = QLatin1String(each.tooth);
         row.denti = QLatin1String(each.teeth);
@@ -357,7 +357,7 @@ TEST_F(TreatmentFaults, WorksInAPlanOfTwoThousandRows) {
     clsItemTrattamento item = savedPlan(QStringLiteral("2026"), QStringLiteral("0001"));
     for (int number = 1; number <= 2000; ++number) {
         clsItemRigoTrattamento row;
-        row.progressivo = gridrow::rowNumber(number);
+        row.progressivo = DocumentRows::rowNumber(number);
         row.servizio = QStringLiteral("VISITA");
         row.descrizione = QString::number(number);
         row.dente = QString::number(number % 52);

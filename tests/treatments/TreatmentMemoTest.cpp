@@ -2,7 +2,6 @@
 
 #include "platform/XmlDocument.h"
 #include "support/ServiceFile.h"
-#include "treatments/RowTotals.h"
 #include "treatments/TreatmentState.h"
 #include "treatments/WorkStages.h"
 #include "treatments/clsItemTrattamento.h"
@@ -85,7 +84,6 @@ protected:
     }
     ServiceFile catalogue_;
 };
-using RowTotalsTest = TreatmentMemo;
 
 clsItemTrattamento loaded(const QString& memo) {
     clsItemTrattamento item;
@@ -236,20 +234,6 @@ TEST(TreatmentState, TellsHowFarAPlanHasCome) {
         EXPECT_EQ(state.text, QLatin1String(each.text));
         EXPECT_EQ(state.icon, each.icon);
     }
-}
-
-TEST_F(RowTotalsTest, CountsEachToothAndTakesTheCataloguePriceOfFreeRows) {
-    clsItemRigoTrattamento finished = crown(); // 1250,50 on one tooth
-    clsItemRigoTrattamento open = finished;
-    open.fine.clear();
-    open.dente = QStringLiteral("+");
-    open.denti = QStringLiteral("7;8;9");
-    open.prezzo = 0;
-    clsItemRigoTrattamento empty = finished;
-    empty.servizio.clear();
-    const RowTotals totals = sumRows({finished, open, empty});
-    EXPECT_EQ(totals.finished, 1250.5F);
-    EXPECT_EQ(totals.toFinish, 150.0F);
 }
 
 TEST(WorkStages, ReadsAndWritesTheLinesOfARow) {
