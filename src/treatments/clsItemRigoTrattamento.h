@@ -25,4 +25,6 @@ struct clsItemRigoTrattamento {
     Amount prezzo; ///< For one tooth.
     QString operatore;
     QString assistente;
+
+    bool operator==(const clsItemRigoTrattamento& other) const = default;
 };

@@ -4,7 +4,6 @@
 #include "ModalWindow.h"
 #include "catalogues/modServizi.h"
 #include "chart/ToothChart.h"
-#include "treatments/RowTotals.h"
 #include "treatments/TreatmentMemo.h"
 #include "treatments/TreatmentRows.h"
 
@@ -47,16 +46,6 @@ protected:
         return field;
     }
 };
-
-clsItemRigoTrattamento row(const char* service, const char* tooth, const char* start = "", const char* end = "") {
-    clsItemRigoTrattamento row;
-    row.servizio = QLatin1String(service);
-    row.dente = QLatin1String(tooth);
-    row.inizio = QLatin1String(start);
-    row.fine = QLatin1String(end);
-    row.prezzo = 10;
-    return row;
-}
 
 } // namespace
 
@@ -129,25 +118,59 @@ TEST_F(RowCells, ReadTheDatesOrKeepTheFormerOnes) {
         EXPECT_EQ(look(0, END).notice, before ? Notice::Warning : Notice::None);
         EXPECT_EQ(look(0, END).tooltip, before ? QStringLiteral("La fine è prima dell'inizio") : QString());
     }
-    // The row editor knows only what is stored; what it leaves alone stays as typed.
-    type(0, END, QStringLiteral("poi"));
-    type(0, TOOTH, QStringLiteral("sesto"));
-    const ModalWindow expected("frmEditRigoTrattamento", [](QWidget& editor) {
-        editor.findChild<QPushButton*>(QStringLiteral("cbAccetta"))->click();
-    });
-    selectRow(0);
-    press(arrayName("cbRighi", 1));
-    EXPECT_EQ(cell(0, END), QStringLiteral("poi"));
-    EXPECT_EQ(cell(0, TOOTH), QStringLiteral("sesto"));
     confirm();
-    EXPECT_EQ(storedPlan().righi[0].inizio, QStringLiteral("10/03/2026"));
     EXPECT_EQ(storedPlan().righi[0].fine, QStringLiteral("10/03/2026"));
+}
+
+TEST_F(RowCells, KeepWhatCouldNotBeReadUntilTheRowSaysOtherwise) {
+    open(QString());
+    newRow(QStringLiteral("VISITA"), QStringLiteral("1.1"));
+    newRow(QStringLiteral("IGIENE"));
+    type(0, START, QStringLiteral("10/03/2026"));
+    const std::pair<int, QString> unread[] = {{START, QStringLiteral("ieri")},
+                                              {END, QStringLiteral("poi")},
+                                              {TOOTH, QStringLiteral("sesto")},
+                                              {OPERATOR, QStringLiteral("Nessuno")}};
+    const auto staysRed = [&](platform::ReportGrid& grid, int row) {
+        for (const auto& [column, text] : unread) {
+            const platform::ReportCell& cell = grid.rowRecord(row)->cell(column);
+            EXPECT_EQ(cell.value, text);
+            EXPECT_EQ(cell.style().notice, Notice::Error) << column;
+        }
+    };
+    for (const auto& [column, text] : unread)
+        type(0, column, text);
+    type(0, NOTES, QStringLiteral("altro"));
+    selectRow(0);
+    pressKey(Qt::Key_Down, Qt::ControlModifier | Qt::AltModifier);
+    staysRed(*rows(), 1);
+    {
+        const ModalWindow zoom("frmZoomRighiTrattamento",
+                               [&](QWidget& shown) { staysRed(*shown.findChild<platform::ReportGrid*>(), 1); });
+        press(arrayName("cbRighi", 3));
+        QTest::qWait(60);
+    }
+    // The row editor knows only what is stored; what it leaves alone stays as typed.
+    const ModalWindow editor("frmEditRigoTrattamento", [](QWidget& shown) {
+        shown.findChild<QPushButton*>(QStringLiteral("cbAccetta"))->click();
+    });
+    press(arrayName("cbRighi", 1));
+    staysRed(*rows(), 1);
+    type(1, TOOTH, QStringLiteral("2.1"));
+    EXPECT_EQ(look(1, TOOTH).notice, Notice::None);
+    confirm();
+    const clsItemRigoTrattamento stored = storedPlan().righi[1];
+    EXPECT_EQ(stored.inizio + u'|' + stored.fine + u'|' + stored.dente + u'|' + stored.operatore,
+              QStringLiteral("10/03/2026||8|"));
 }
 
 TEST_F(RowCells, TakeTheServiceAsTheCatalogueSpellsAndPricesIt) {
     clsItemTrattamento item = savedPlan(QStringLiteral("2026"), QStringLiteral("0001"));
     for (const char* invoice : {"", "2026-0003"}) {
-        clsItemRigoTrattamento priced = row("CORONA", "7");
+        clsItemRigoTrattamento priced;
+        priced.servizio = QStringLiteral("CORONA");
+        priced.dente = QStringLiteral("7");
+        priced.prezzo = 10;
         priced.progressivo = DocumentRows::rowNumber(static_cast<int>(item.righi.size()) + 1);
         priced.statuslavori = QStringLiteral("Preparazione|20260301");
         priced.fattura = QLatin1String(invoice);
@@ -282,55 +305,31 @@ TEST_F(RowCells, LeaveTheKeyboardWhereTheUserWent) {
     EXPECT_EQ(storedPlan().righi[0].descrizione, QStringLiteral("fine"));
 }
 
-TEST_F(RowCells, TellChartAndTotalsOfARowThatGoes) {
+TEST_F(RowCells, TellChartAndTotalsOfWhatIsDoneAndOfARowThatGoes) {
     open(QString());
-    newRow(QStringLiteral("CORONA"), QStringLiteral("1.1"));
+    newRow(QStringLiteral("CORONA"), QStringLiteral("1.1 2.1"));
     newRow(QStringLiteral("VISITA"));
-    const QString all = total(1);
-    selectRow(0);
-    press(arrayName("cbRighi", 2));
-    EXPECT_TRUE(drawn().isEmpty());
-    EXPECT_NE(total(1), all);
-    EXPECT_EQ(total(1), QStringLiteral("60,00"));
-    EXPECT_FALSE(window_->findChild<ToothChart*>()->isMarked(7));
-}
-
-TEST_F(RowCells, SumFinishedWorkOnlyWithBothDates) {
+    newRow(QString(), QStringLiteral("1.1")); // without a service: worth nothing
+    newRow(QStringLiteral("CORONA"), QStringLiteral("2.1"));
+    EXPECT_EQ(window_->findChild<TreatmentRows*>()->teethOfService(QStringLiteral("CORONA")),
+              QStringLiteral("+1.1;2.1"));
     const struct {
-        const char *start, *end;
-        float finished, toFinish;
+        int column;
+        const char *date, *finished, *toFinish;
     } cases[] = {
-        {"", "", 0, 20},
-        {"01/03/2026", "", 0, 20},
-        {"", "02/03/2026", 0, 20},
-        {"01/03/2026", "02/03/2026", 20, 0},
+        {START, "01/03/2026", "0,00", "2160,00"},
+        {END, "02/03/2026", "1400,00", "760,00"},
+        {START, "", "0,00", "2160,00"}, // an end alone is no work done
     };
     for (const auto& each : cases) {
-        SCOPED_TRACE(testing::Message() << each.start << '-' << each.end);
-        clsItemRigoTrattamento due = row("CORONA", "+", each.start, each.end);
-        RowTotals totals;
-        totals.add(due, 2);
-        totals.add(row("", "7", each.start, each.end), 1);
-        EXPECT_EQ(totals.finished, each.finished);
-        EXPECT_EQ(totals.toFinish, each.toFinish);
+        SCOPED_TRACE(each.toFinish);
+        type(0, each.column, QLatin1String(each.date));
+        EXPECT_EQ(total(0), QLatin1String(each.finished));
+        EXPECT_EQ(total(1), QLatin1String(each.toFinish));
     }
-}
-
-TEST_F(RowCells, NameAToothOfAServiceOnce) {
-    clsItemTrattamento item;
-    const std::pair<const char*, const char*> rows[] = {{"CORONA", "7"}, {"CORONA", "7"}, {"VISITA", "9"}};
-    for (const auto& [service, tooth] : rows)
-        item.righi.add(QString::number(item.righi.size()), row(service, tooth));
-    TreatmentRows grid;
-    grid.load(item);
-    EXPECT_EQ(grid.teethOfService(QStringLiteral("CORONA")), QStringLiteral("1.1"));
-}
-
-TEST_F(RowCells, OfferNoSituationsInAReadOnlyPlan) {
-    const QString id = savedPlan(QStringLiteral("2026"), QStringLiteral("0007")).ID;
-    sIDTrattamento = id;
-    const frmEditTrattamento first;
-    open(id);
-    QTest::mouseClick(find<QWidget>(arrayName("imTooth", 7)), Qt::RightButton);
-    EXPECT_EQ(dialogs_.menu, QStringList{QStringLiteral("Informazioni")});
+    selectRow(0);
+    press(arrayName("cbRighi", 2));
+    EXPECT_EQ(drawn(), QStringList{QStringLiteral("2.1")});
+    EXPECT_EQ(total(1), QStringLiteral("760,00"));
+    EXPECT_FALSE(window_->findChild<ToothChart*>()->isMarked(7));
 }

@@ -57,18 +57,13 @@ TEST_F(RowEditor, GivesARowBackAsItWas) {
     for (const char* group : {"07", "99"}) { // the second is no longer on the practice's list
         row_.raggruppamento = QLatin1String(group);
         open();
-        const clsItemRigoTrattamento row = written();
-        EXPECT_EQ(row.servizio, row_.servizio);
-        EXPECT_EQ(row.descrizione, row_.descrizione);
-        EXPECT_EQ(row.dente, row_.dente);
-        EXPECT_EQ(row.denti, row_.denti);
-        EXPECT_EQ(row.raggruppamento, row_.raggruppamento);
-        EXPECT_EQ(row.operatore, row_.operatore);
-        EXPECT_EQ(row.inizio, row_.inizio);
-        EXPECT_EQ(row.fine, row_.fine);
-        EXPECT_EQ(row.statuslavori, row_.statuslavori);
-        EXPECT_EQ(row.note, row_.note);
-        EXPECT_EQ(row.prezzo, row_.prezzo);
+        // Nothing is taken over from the row but what the window has no field for.
+        clsItemRigoTrattamento back;
+        back.progressivo = row_.progressivo;
+        back.fattura = row_.fattura;
+        back.raggruppamento = row_.raggruppamento == QLatin1String("99") ? row_.raggruppamento : QString();
+        window_->write(back);
+        EXPECT_TRUE(back == row_) << group;
     }
     EXPECT_EQ(text(QStringLiteral("tbDati(3)")), QStringLiteral("Marchetti dott. Paolo"));
     EXPECT_EQ(text(QStringLiteral("tbTotali(1)")), QStringLiteral("30,00"));

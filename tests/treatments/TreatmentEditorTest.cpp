@@ -146,6 +146,8 @@ TEST_F(Editor, OpensReadOnlyWhatIsInUseAndLeavesTheOthersLock) {
     EXPECT_EQ(find<QPushButton>(QStringLiteral("cbRighi(1)"))->text(), QStringLiteral("dettagli"));
     EXPECT_EQ(find<QPushButton>(QStringLiteral("cbAppunti(1)"))->text(), QStringLiteral("dettagli"));
     EXPECT_EQ(find<QPushButton>(QStringLiteral("cbAnnulla"))->text(), QStringLiteral("Chiudi"));
+    QTest::mouseClick(find<QWidget>(arrayName("imTooth", 7)), Qt::RightButton);
+    EXPECT_EQ(dialogs_.menu, QStringList{QStringLiteral("Informazioni")}) << "no situations to choose";
     press(QStringLiteral("cbAnnulla"));
     EXPECT_FALSE(window_->isVisible());
     EXPECT_TRUE(EsisteLock(QStringLiteral("Trattamento"), id));
@@ -213,6 +215,8 @@ TEST_F(Editor, TiesChartAndRowsTogether) {
     QTest::mouseClick(tooth(6), Qt::LeftButton);
     EXPECT_TRUE(rows()->rowRecord(0)->cell(SERVICE).style().bold);
     EXPECT_FALSE(rows()->rowRecord(1)->cell(SERVICE).style().bold);
+    type(0, NOTES, QStringLiteral("resta in grassetto"));
+    EXPECT_TRUE(rows()->rowRecord(0)->cell(NOTES).style().bold);
     QTest::mouseClick(tooth(6), Qt::LeftButton);
     EXPECT_FALSE(rows()->rowRecord(0)->cell(SERVICE).style().bold);
 
