@@ -98,8 +98,7 @@ void composition(benchmark::State& state) {
 
 void openPlan(benchmark::State& state, const QString& id) {
     for (auto _ : state) {
-        sIDTrattamento = id;
-        frmEditTrattamento editor;
+        frmEditTrattamento editor(id);
         editor.resize(SCREEN);
         editor.show();
         QCoreApplication::processEvents();
@@ -109,8 +108,7 @@ void openPlan(benchmark::State& state, const QString& id) {
 
 /// A date into the last row of a plan: row, marks, chart and totals follow.
 void editDate(benchmark::State& state, const QString& id) {
-    sIDTrattamento = id;
-    frmEditTrattamento editor;
+    frmEditTrattamento editor(id);
     editor.resize(SCREEN);
     editor.show();
     auto* grid = editor.findChild<platform::ReportGrid*>(QStringLiteral("rcRighi"));
@@ -127,8 +125,7 @@ void editDate(benchmark::State& state, const QString& id) {
 void saveEndless(benchmark::State& state, const QString& id) {
     for (auto _ : state) {
         state.PauseTiming();
-        sIDTrattamento = id;
-        frmEditTrattamento editor;
+        frmEditTrattamento editor(id);
         editor.show();
         state.ResumeTiming();
         editor.findChild<QPushButton*>(QStringLiteral("cbConferma"))->click();

@@ -25,9 +25,9 @@ constexpr qint32 OTHER_MENU_CONTROL = 74;
 constexpr qint32 HIDDEN_CONTROLS[] = {10, 11, 20, 69, 70, 71, 279, 417, 418, 419, 420};
 
 /// An answer that could not be read counts as yes: the command reads anew, and says what is wrong.
-bool unlessUnread(const std::function<bool()>& question) {
+bool unlessUnread(const Hooks::OfCommand& question, const QString& key) {
     try {
-        return question();
+        return question && question(key);
     } catch (const host::HostError&) {
         return true;
     }
@@ -241,17 +241,12 @@ void clsConfig::RefreshGUI(bool enabled) {
     enable(commandIds.periodontal, enabled && hasAction(PARADONTALE));
     for (const clsItemService& service : ListaServices()) {
         if (!service.Patient || !service.Enabled || !hasAction(service.Key)) continue;
-        bool active = enabled;
-        if (enabled && !UnicaSchedaTrattamento() && service.Key == QLatin1String(PATIENT_PLAN)) {
-            active = hooks.patientHasPlans && unlessUnread(hooks.patientHasPlans);
-        }
-        enable(service.ID, active);
+        enable(service.ID, enabled && unlessUnread(hooks.commandFitsPatient, service.Key));
     }
 }
 
 void clsConfig::RefreshGUITrattamento() {
-    if (UnicaSchedaTrattamento() || !UsableService(QLatin1String(PATIENT_PLAN))) return;
-    const bool open =
-        currentPatient() && hooks.countOpenTreatments && unlessUnread([] { return hooks.countOpenTreatments() > 0; });
-    enable(IDService(QLatin1String(PATIENT_PLAN)), open);
+    const QString key = QLatin1String(PATIENT_PLAN);
+    if (UnicaSchedaTrattamento() || !UsableService(key)) return;
+    enable(IDService(key), currentPatient() && unlessUnread(hooks.commandFitsRecords, key));
 }

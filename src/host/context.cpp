@@ -13,22 +13,6 @@ platform::Collection<clsItemIva>* colIva = nullptr;
 platform::Collection<clsItemRaggMerc>* colRaggMerc = nullptr;
 platform::Collection<clsItemSituazioneDente>* colSituazioniDenti = nullptr;
 
-clsPreventivi* oPreventivi = nullptr;
-clsViewPreventivi* oViewPreventivi = nullptr;
-QString sIDPreventivo;
-clsFatture* oFatture = nullptr;
-clsViewFatture* oViewFatture = nullptr;
-QString sIDFattura;
-clsTrattamenti* oTrattamenti = nullptr;
-clsViewTrattamenti* oViewTrattamenti = nullptr;
-QString sIDTrattamento;
-QString sTreatmentRow;
-clsParadontale* oParadontale = nullptr;
-clsViewSondaggi* oViewSondaggi = nullptr;
-QString sIDParadontale;
-clsPagamenti* oPagamenti = nullptr;
-clsViewPagamenti* oViewPagamenti = nullptr;
-QString sIDPagamento;
 clsServizi* oServizi = nullptr;
 
 CommandIds commandIds;

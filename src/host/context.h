@@ -18,16 +18,6 @@ class Collection;
 class clsConfig;
 class clsGraphical;
 class clsServizi;
-class clsTrattamenti;
-class clsViewTrattamenti;
-class clsPreventivi;
-class clsViewPreventivi;
-class clsFatture;
-class clsViewFatture;
-class clsPagamenti;
-class clsViewPagamenti;
-class clsParadontale;
-class clsViewSondaggi;
 struct clsItemIva;
 struct clsItemRaggMerc;
 struct clsItemSituazioneDente;
@@ -43,22 +33,6 @@ extern platform::Collection<clsItemIva>* colIva;
 extern platform::Collection<clsItemRaggMerc>* colRaggMerc;
 extern platform::Collection<clsItemSituazioneDente>* colSituazioniDenti;
 
-extern clsPreventivi* oPreventivi;
-extern clsViewPreventivi* oViewPreventivi;
-extern QString sIDPreventivo; ///< Record that the next editor opens; empty for a new one. The same for those below.
-extern clsFatture* oFatture;
-extern clsViewFatture* oViewFatture;
-extern QString sIDFattura;
-extern clsTrattamenti* oTrattamenti;
-extern clsViewTrattamenti* oViewTrattamenti;
-extern QString sIDTrattamento;
-extern QString sTreatmentRow; ///< Number of the row with which that plan opens at once; empty for none.
-extern clsParadontale* oParadontale;
-extern clsViewSondaggi* oViewSondaggi;
-extern QString sIDParadontale;
-extern clsPagamenti* oPagamenti;
-extern clsViewPagamenti* oViewPagamenti;
-extern QString sIDPagamento;
 extern clsServizi* oServizi;
 
 /// The command ids that the host gave to the entries beside the services: the group and buttons of its desk tab, and
@@ -78,10 +52,11 @@ extern CommandIds commandIds;
 
 /// What a lower room asks of a higher one. Filled by the module's assembly; empty before and after.
 struct Hooks {
-    std::function<bool()> patientHasPlans;    ///< Whether the open patient has a treatment plan.
-    std::function<int()> countOpenTreatments; ///< How many plans of the open patient have open work.
-    std::function<bool()> removeAllLocks;     ///< Removes the marks of all records in use; tells a failure itself.
-    std::function<bool(const QString& key)> commandHasAction; ///< Whether a command does anything yet.
+    std::function<bool()> removeAllLocks; ///< Removes the marks of all records in use; tells a failure itself.
+    using OfCommand = std::function<bool(const QString& key)>;
+    OfCommand commandHasAction;   ///< Whether a command does anything yet.
+    OfCommand commandFitsPatient; ///< Whether it has anything to do for the patient who was just opened.
+    OfCommand commandFitsRecords; ///< The same after a change of the patient's records.
 };
 extern Hooks hooks;
 

@@ -28,6 +28,20 @@ constexpr FixedEntry FIXED_ENTRIES[] = {
 
 } // namespace
 
+void Commands::add(const QString& key, Action action, Conditions conditions) {
+    commands_.insert(key, {std::move(action), std::move(conditions)});
+}
+
+bool Commands::fitsPatient(const QString& key) const {
+    const Test test = commands_.value(key).conditions.patient;
+    return !test || test();
+}
+
+bool Commands::fitsRecords(const QString& key) const {
+    const Test test = commands_.value(key).conditions.records;
+    return !test || test();
+}
+
 void Commands::EseguiComando(qint32 id) const {
     if (id == 0) return;
     const QString key = serviceKey_ ? serviceKey_(id) : QString();
@@ -50,8 +64,8 @@ bool Commands::runFixed(qint32 id) const {
 }
 
 void Commands::run(const QString& key) const {
-    const auto action = actions_.constFind(key);
-    if (action != actions_.cend()) (*action)();
+    const auto command = commands_.constFind(key);
+    if (command != commands_.cend()) command->action();
 }
 
 void openWindow(const QString& text, const std::function<QWidget*()>& create) {

@@ -7,18 +7,27 @@
 class QWidget;
 
 /// The commands of the module by their keys ("CRVL0302"). Each room adds its own; what has no entry has no window yet
-/// and is grey./// Owned by the module's assembly.
+/// and is grey. Owned by the module's assembly.
 class Commands {
 public:
     using Action = std::function<void()>;
     using KeyOf = std::function<QString(qint32)>;
+    using Test = std::function<bool()>;
+
+    /// Whether a command that needs a patient has anything to do; empty for always. HostError when nobody can tell.
+    struct Conditions {
+        Test patient; ///< When a patient was opened.
+        Test records; ///< When the patient's records changed.
+    };
 
     /// `serviceKey` gives the key of a service by its command id, empty for an id that is none.
     explicit Commands(KeyOf serviceKey)
         : serviceKey_(std::move(serviceKey)) {}
 
-    void add(const QString& key, Action action) { actions_.insert(key, std::move(action)); }
-    bool contains(const QString& key) const { return actions_.contains(key); }
+    void add(const QString& key, Action action, Conditions conditions = {});
+    bool contains(const QString& key) const { return commands_.contains(key); }
+    bool fitsPatient(const QString& key) const;
+    bool fitsRecords(const QString& key) const;
 
     /// Runs the command that the host gave this id; nothing happens for an id that is not known. Passes on what the
     /// action throws.
@@ -28,7 +37,11 @@ private:
     bool runFixed(qint32 id) const;
     void run(const QString& key) const;
 
-    QHash<QString, Action> actions_;
+    struct Command {
+        Action action;
+        Conditions conditions;
+    };
+    QHash<QString, Command> commands_;
     KeyOf serviceKey_;
 };
 

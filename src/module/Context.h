@@ -1,8 +1,11 @@
 #pragma once
 
+#include "host/Changes.h"
 #include "host/modComandi.h"
 
 #include <memory>
+
+class Rooms;
 
 namespace host {
 class Host;
@@ -19,6 +22,10 @@ public:
     Context& operator=(const Context&) = delete;
 
     Commands& commands() { return commands_; }
+    const Rooms& rooms() const;
+
+    /// Rereads everything shown for the open patient, what other workstations wrote included.
+    void refreshPatientData();
 
     /// Whether what every room reaches is of this run; another one may have taken its place.
     bool isCurrent() const { return current_ == this; }
@@ -30,10 +37,10 @@ public:
 private:
     struct Objects;
 
-    void createManagers();
     void wire();
 
-    std::unique_ptr<Objects> objects_;
     Commands commands_;
+    std::unique_ptr<Objects> objects_;
+    Changes changes_;
     static const Context* current_;
 };

@@ -9,7 +9,6 @@
 #include "module/Context.h"
 #include "module/ModuleFolder.h"
 #include "module/modComandiModulo.h"
-#include "module/modPannelli.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 
@@ -18,8 +17,11 @@
 Plugin::Plugin() {
     bTerminato = false;
     if (sAppPath.isEmpty()) sAppPath = moduleFolder();
-    objects_ = std::make_unique<frmOggetti>(frmOggetti::Services{
-        [] { return oConfig ? std::optional<int>(oConfig->MinuteRefresh()) : std::nullopt; }, refreshPatientData});
+    objects_ = std::make_unique<frmOggetti>(
+        frmOggetti::Services{[] { return oConfig ? std::optional<int>(oConfig->MinuteRefresh()) : std::nullopt; },
+                             [this] {
+                                 if (context_ && context_->isCurrent()) context_->refreshPatientData();
+                             }});
 }
 
 Plugin::~Plugin() = default;

@@ -1,20 +1,14 @@
 #include "config/clsConfig.h"
-#include "estimates/clsPreventivi.h"
 #include "host/Step.h"
 #include "host/context.h"
 #include "host/contract/Forms.h"
 #include "host/contract/Host.h"
 #include "host/contract/Prescrizione.h"
 #include "host/contract/View.h"
-#include "host/modAggiorna.h"
-#include "invoicing/clsFatture.h"
 #include "module/Context.h"
 #include "module/Plugin.h"
-#include "module/modPannelli.h"
-#include "payments/clsPagamenti.h"
-#include "periodontal/clsParadontale.h"
+#include "module/Rooms.h"
 #include "store/modAvvisi.h"
-#include "treatments/clsTrattamenti.h"
 
 #include <QHash>
 
@@ -76,16 +70,9 @@ void Plugin::formLoad(host::Host*, QVariantList& args) {
 
 // The patient has changed, or the patient's desk has opened.
 void Plugin::deskLoaded() {
-    step([] { oPreventivi->Refresh(); });
-    step([] { oTrattamenti->Refresh(); });
-    step([] { oParadontale->Refresh(); });
-    step([] { oFatture->Refresh(); });
-    step([] { oPagamenti->Refresh(); });
+    context_->rooms().forget();
     step([] { oConfig->RefreshGUI(true); });
-    step([] { RefreshGraficaPreventivi(); });
-    step([] { RefreshGraficaTrattamenti(); });
-    step([] { RefreshGraficaFatture(); });
-    step([] { RefreshGraficaPagamenti(); });
+    context_->rooms().refreshMarks();
 }
 
 void Plugin::closeAll(host::Host*, QVariantList&) {
@@ -111,11 +98,11 @@ void Plugin::activeTab(host::Host*, QVariantList& args) {
 
 void Plugin::panelList(host::Host*, QVariantList& args) {
     const bool isCollecting = !args.isEmpty() && args[0].typeId() == QMetaType::QStringList;
-    if (isCollecting) args[0] = args[0].toStringList() + panelNames();
+    if (isCollecting) args[0] = args[0].toStringList() + context_->rooms().panelNames();
 }
 
 void Plugin::giveParent(host::Host*, QVariantList& args) {
-    host::View* view = panelView(args.value(0).toString());
+    host::View* view = context_->rooms().panelView(args.value(0).toString());
     if (!view) return;
     if (args.size() > 1) args[1] = QVariant::fromValue<qint16>(0);
     if (args.size() > 2) args[2] = QVariant::fromValue(view);

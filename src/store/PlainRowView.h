@@ -8,8 +8,11 @@ class PlainRowManager;
 /// records have no window.
 class PlainRowView : public clsViewBase {
 public:
-    explicit PlainRowView(PlainRowManager& manager)
-        : manager_(manager) {}
+    PlainRowView(PlainRowManager& manager, qint32 recordType)
+        : manager_(manager)
+        , recordType_(recordType) {}
+
+    qint32 TipoRecord() const override { return recordType_; }
 
 protected:
     void buildColumns(platform::ReportGrid& grid) override;
@@ -17,4 +20,5 @@ protected:
 
 private:
     PlainRowManager& manager_;
+    qint32 recordType_;
 };

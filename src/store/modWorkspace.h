@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/Changes.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "platform/Collection.h"
@@ -90,6 +91,7 @@ public:
     virtual bool Elimina(host::Paziente& patient, const QString& id) {
         if (!patient.corvala().Elimina(id)) return false;
         Refresh();
+        announceChange(t1_);
         return true;
     }
 

@@ -3,10 +3,8 @@
 #include "config/clsConfig.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
-#include "host/frmOggetti.h"
 #include "host/modComandi.h"
 #include "platform/Dialogs.h"
-#include "platform/FormRegistry.h"
 #include "store/modPazienti.h"
 #include "treatments/clsTrattamenti.h"
 #include "treatments/frmEditTrattamento.h"
@@ -15,6 +13,8 @@
 
 #include <QApplication>
 #include <exception>
+
+QString sIDTrattamento;
 
 namespace {
 
@@ -51,17 +51,9 @@ void openPatientPlan() {
 
 } // namespace
 
-void ApriTrattamento(const QString& id) {
+EditorResult ApriTrattamento(const QString& id, const QString& row) {
     sIDTrattamento = id;
-    {
-        frmEditTrattamento editor(QApplication::activeWindow());
-        editor.exec();
-    }
-    // The module may have ended under the open window.
-    if (!oHost || oHost->Framework().DialogCancel()) return;
-    if (oConfig) oConfig->RefreshGUITrattamento();
-    if (auto* objects = qobject_cast<frmOggetti*>(platform::FormRegistry::find(QStringLiteral("frmOggetti"))))
-        objects->RefreshDatiPaziente();
+    return frmEditTrattamento(id, row, QApplication::activeWindow()).run();
 }
 
 bool deleteTreatment(host::Paziente& patient, const QString& id) {
@@ -73,8 +65,12 @@ bool deleteTreatment(host::Paziente& patient, const QString& id) {
     return false;
 }
 
-void registerTreatments(Commands& commands) {
+void addTreatmentCommands(Commands& commands) {
+    const auto hasPlans = [] {
+        return (oConfig && oConfig->UnicaSchedaTrattamento()) || !oTrattamenti->Lista().empty();
+    };
+    const auto hasOpenPlans = [] { return ContaTrattamentiAperti() > 0; };
     commands.add(QStringLiteral("CRVL0301"), openList);
     commands.add(QStringLiteral("CRVL0302"), newTreatment);
-    commands.add(QStringLiteral("CRVL0303"), openPatientPlan);
+    commands.add(QStringLiteral("CRVL0303"), openPatientPlan, {hasPlans, hasOpenPlans});
 }

@@ -1,12 +1,13 @@
 #include "treatments/clsTrattamenti.h"
 
-#include "config/clsConfig.h"
 #include "host/Step.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
 #include "platform/Dialogs.h"
 #include "treatments/StrangeInMemo.h"
 #include "treatments/TreatmentMemo.h"
+
+clsTrattamenti* oTrattamenti = nullptr;
 
 namespace {
 
@@ -95,6 +96,6 @@ bool clsTrattamenti::Elimina(host::Paziente& patient, const QString& id) {
     step([&] { patient.Files().Refresh(); });
     step([&] { patient.Eventi().Refresh(); });
     Refresh();
-    if (oConfig) oConfig->RefreshGUITrattamento();
+    announceChange(t1());
     return true;
 }

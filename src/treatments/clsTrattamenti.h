@@ -6,6 +6,9 @@
 #include <QString>
 #include <optional>
 
+class clsTrattamenti;
+extern clsTrattamenti* oTrattamenti; ///< From the start of the module to the end of its Plugin.
+
 /// The treatment plans of the patient open in the desk: loads, lists, saves and deletes them. One long-lived instance,
 /// `oTrattamenti`, owned by the module's assembly. Errors of the host pass through, and so does,
 /// from `Carica`, a plan with two rows of one number; the callers report them.

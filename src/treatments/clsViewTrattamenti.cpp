@@ -9,9 +9,11 @@
 #include "treatments/clsTrattamenti.h"
 #include "treatments/frmEditTrattamento.h"
 
+clsViewTrattamenti* oViewTrattamenti = nullptr;
+
 QObject* clsViewTrattamenti::EditForm(const QString& id) {
     sIDTrattamento = id;
-    return new frmEditTrattamento;
+    return new frmEditTrattamento(id);
 }
 
 void clsViewTrattamenti::buildColumns(platform::ReportGrid& grid) {

@@ -2,6 +2,9 @@
 
 #include "host/clsViewBase.h"
 
+class clsViewTrattamenti;
+extern clsViewTrattamenti* oViewTrattamenti; ///< As `oTrattamenti`.
+
 /// The plans of the open patient, as the host's panel shows them. Owned by the module's assembly.
 class clsViewTrattamenti : public clsViewBase {
 public:

@@ -1,10 +1,10 @@
 #include "treatments/frmEditTrattamento.h"
 
 #include "config/clsConfig.h"
+#include "host/Changes.h"
 #include "host/Step.h"
 #include "host/context.h"
 #include "host/contract/Host.h"
-#include "host/modAggiorna.h"
 #include "host/modForm.h"
 #include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
@@ -15,7 +15,6 @@
 #include "treatments/TreatmentRows.h"
 #include "treatments/TreatmentTotals.h"
 #include "treatments/clsTrattamenti.h"
-#include "treatments/clsViewTrattamenti.h"
 #include "treatments/frmZoomRighiTrattamento.h"
 #include "treatments/modSituazioneDente.h"
 
@@ -39,8 +38,10 @@ platform::Answer message(const QString& text, int value) {
 
 } // namespace
 
-frmEditTrattamento::frmEditTrattamento(QWidget* parent)
-    : QDialog(parent) {
+frmEditTrattamento::frmEditTrattamento(const QString& id, const QString& row, QWidget* parent)
+    : QDialog(parent)
+    , id_(id)
+    , row_(row) {
     setObjectName(QStringLiteral("frmEditTrattamento"));
     setWindowTitle(TitoloForm(QStringLiteral("Gestione Trattamento")));
     build();
@@ -115,7 +116,6 @@ void frmEditTrattamento::wire() {
 // ----------------------------------------------------------------------------------------------------------- opening
 
 void frmEditTrattamento::read() {
-    id_ = sIDTrattamento;
     try {
         if (id_.isEmpty()) {
             header_->prepare();
@@ -171,13 +171,17 @@ void frmEditTrattamento::setReadOnly() {
     links_->setReadOnly();
 }
 
+EditorResult frmEditTrattamento::run() {
+    const bool isConfirmed = exec() == Accepted;
+    return {isConfirmed, id_};
+}
+
 int frmEditTrattamento::exec() {
-    const QString number = std::exchange(sTreatmentRow, QString());
-    if (!rows_->hasRow(number) || id_.isEmpty() || readOnly_) return QDialog::exec();
+    if (!rows_->hasRow(row_) || id_.isEmpty() || readOnly_) return QDialog::exec();
     constexpr int STILL_OPEN = -1;
     setResult(STILL_OPEN);
     activated_ = true;
-    const bool isAccepted = rows_->openRow(number);
+    const bool isAccepted = rows_->openRow(row_);
     isAccepted ? confirm() : cancel();
     // Who chose to look the data over again, after a save that failed, gets the plan to see.
     return result() == STILL_OPEN ? QDialog::exec() : result();
@@ -292,18 +296,10 @@ void frmEditTrattamento::closeConfirmed() {
     releaseLock();
     oTrattamenti->Refresh();
     step([] {
-        if (oConfig) oConfig->RefreshGUITrattamento(); // there may be work going on now, or no more
-    });
-    step([] {
         if (oHost) oHost->Framework().setDialogCancel(false);
     });
-    step([this] { RefreshTrattamenti(id_); });
-    step([] { RefreshSintesi(); });
-    step([] {
-        const QString panel = QStringLiteral("Corvala: Lista Trattamenti");
-        if (oHost && oViewTrattamenti && oHost->Archivio().Pannelli().PannelloCaricato(panel))
-            oViewTrattamenti->RefreshPannello();
-    });
+    announceChange(oTrattamenti->t1(), id_);
+    deliverChanges();
     done(QDialog::Accepted);
 }
 

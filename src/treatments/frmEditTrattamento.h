@@ -1,5 +1,7 @@
 #pragma once
 
+#include "documents/EditorResult.h"
+
 #include <QDialog>
 #include <QString>
 
@@ -13,20 +15,20 @@ class TreatmentTotals;
 
 struct clsItemTrattamento;
 
-/// The editor of one treatment plan of the open patient. Opens the plan whose id stands in `sIDTrattamento`, a new one
-/// when that is empty, and holds its lock while it is open; a plan in use elsewhere, or one that
-/// could not be read whole, shows read-only.
+/// The editor of one treatment plan of the open patient, a new one without an id. Holds the lock of its plan while it is
+/// open; a plan in use elsewhere, or one that could not be read whole, shows read-only.
 /// `Framework.DialogCancel` is its result: false only after a good confirm. Its parts do the work: header, rows, chart,
 /// totals, links.
 class frmEditTrattamento : public QDialog {
     Q_OBJECT
 
 public:
-    explicit frmEditTrattamento(QWidget* parent = nullptr);
+    /// With the number of a row, `exec` shows only the row editor, and the plan follows its answer unseen, unless it
+    /// cannot be saved. A number that no row bears counts as none.
+    explicit frmEditTrattamento(const QString& id, const QString& row = {}, QWidget* parent = nullptr);
     ~frmEditTrattamento() override;
 
-    /// With a row asked for in `sTreatmentRow` only the row editor shows, and the plan follows its answer unseen,
-    /// unless it cannot be saved. A number that no row bears counts as none.
+    EditorResult run(); ///< As `exec`.
     int exec() override;
     void done(int result) override;
     void reject() override; ///< Escape and the frame: cancels without a question.
@@ -57,6 +59,7 @@ private:
     void releaseLock();
 
     QString id_; ///< Of the plan at hand; empty for a new one.
+    QString row_;
     bool readOnly_ = false;
     bool activated_ = false;
     TreatmentHeader* header_ = nullptr;

@@ -1,8 +1,6 @@
 #include "host/modComandi.h"
 #include "host/clsViewBase.h"
 #include "host/context.h"
-#include "host/modAggiorna.h"
-#include "platform/FormRegistry.h"
 #include "platform/ReportGrid.h"
 #include "support/ScriptedDialogs.h"
 
@@ -10,28 +8,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-/// Stands in the list of open windows under any name and writes down how it is refreshed.
-class HeardWindow : public QWidget {
-    Q_OBJECT
-
-public:
-    explicit HeardWindow(const char* name) {
-        setObjectName(QLatin1String(name));
-        platform::FormRegistry::add(this);
-    }
-    QStringList calls;
-
-    Q_INVOKABLE void RefreshPreventivi(const QString& id) { calls << QStringLiteral("P:") + id; }
-    Q_INVOKABLE void RefreshFatture(const QString& id) { calls << QStringLiteral("F:") + id; }
-    Q_INVOKABLE void RefreshPagamenti(const QString& id) { calls << QStringLiteral("G:") + id; }
-    Q_INVOKABLE void RefreshTrattamenti(const QString& id) { calls << QStringLiteral("T:") + id; }
-    Q_INVOKABLE void RefreshGraficaPreventivi() { calls << QStringLiteral("gP"); }
-    Q_INVOKABLE void RefreshGraficaFatture() { calls << QStringLiteral("gF"); }
-    Q_INVOKABLE void RefreshGraficaPagamenti() { calls << QStringLiteral("gG"); }
-    Q_INVOKABLE void RefreshGraficaTrattamenti() { calls << QStringLiteral("gT"); }
-    Q_INVOKABLE void plbRefresh() { calls << QStringLiteral("plb"); }
-};
 
 class MenuHost : public host::PopupBar {
 public:
@@ -53,34 +29,6 @@ protected:
 };
 
 } // namespace
-
-TEST(ModAggiorna, EachRoutineReachesItsWindowAndNoOther) {
-    RefreshTrattamenti(QStringLiteral("1")); // none open: nothing happens
-    const struct {
-        const char* form;
-        std::function<void()> routine;
-        const char* call;
-    } cases[] = {
-        {"frmMDIPreventivi", [] { RefreshPreventivi(QStringLiteral("7")); }, "P:7"},
-        {"frmMDIFatture", [] { RefreshFatture(QStringLiteral("7")); }, "F:7"},
-        {"frmMDIPagamenti", [] { RefreshPagamenti(QStringLiteral("7")); }, "G:7"},
-        {"frmMDITrattamenti", [] { RefreshTrattamenti(QString()); }, "T:"},
-        {"frmMDIPreventivi", RefreshGraficaPreventivi, "gP"},
-        {"frmMDIFatture", RefreshGraficaFatture, "gF"},
-        {"frmMDIPagamenti", RefreshGraficaPagamenti, "gG"},
-        {"frmMDITrattamenti", RefreshGraficaTrattamenti, "gT"},
-        {"frmMDISintesi", RefreshSintesi, "plb"},
-        {"frmMDIImmagini", RefreshImmagini, "plb"},
-    };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.form);
-        HeardWindow own(each.form);
-        HeardWindow other("frmMDIPrimaNotaMagazzino");
-        each.routine();
-        EXPECT_EQ(own.calls, QStringList{QLatin1String(each.call)});
-        EXPECT_TRUE(other.calls.isEmpty());
-    }
-}
 
 TEST(ModComandi, DispatchesByServiceThenByFixedIdAndIgnoresTheRest) {
     ScriptedDialogs dialogs;
@@ -129,5 +77,3 @@ TEST(ClsViewBase, SetsTheHostsGridUpOnceAndSurvivesIt) {
     EXPECT_FALSE(list.Elimina(QStringLiteral("42")));
     EXPECT_EQ(dialogs.messages, QStringList{QStringLiteral("Cancello 42")});
 }
-
-#include "ModComandiTest.moc"

@@ -3,7 +3,6 @@
 #include "config/clsConfig.h"
 #include "host/contract/Forms.h"
 #include "host/contract/Prescrizione.h"
-#include "module/modPannelli.h"
 #include "platform/FormRegistry.h"
 #include "platform/WebAddress.h"
 
@@ -89,7 +88,7 @@ TEST_F(Events, ArgumentsOfTheWrongKindAreLeftAsTheyAre) {
     EXPECT_TRUE(dialogs_.messages.isEmpty());
     EXPECT_EQ(raiseEvent("MainRibbonBar.ReturnTab", {false}), QVariantList{true}) << "names are read in any case";
     // A panel that is known, with less room than its answer needs.
-    const QString panel = panelNames().first();
+    const QString panel = QStringLiteral("Corvala: Lista Preventivi");
     EXPECT_EQ(raiseEvent("arcpannelli.daiparent", {panel}), QVariantList{panel});
     EXPECT_EQ(raiseEvent("arcpannelli.daiparent", {panel, 7}), (QVariantList{panel, 0}));
     FalseMainForm falseForm;

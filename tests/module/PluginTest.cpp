@@ -3,10 +3,11 @@
 #include "config/clsConfig.h"
 #include "desk/shell/PanelPage.h"
 #include "host/clsViewBase.h"
-#include "module/modPannelli.h"
-#include "periodontal/clsParadontale.h"
+#include "host/contract/Forms.h"
 #include "platform/FormRegistry.h"
 #include "platform/ReportGrid.h"
+#include "treatments/ApriTrattamento.h"
+#include "treatments/clsViewTrattamenti.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -27,6 +28,11 @@ public:
 
 private:
     [[noreturn]] static void fail() { throw host::HostError(QStringLiteral("il collegamento è caduto")); }
+};
+
+class DeskForm : public host::HostForm {
+public:
+    QString Name() const override { return QStringLiteral("frmAmbulatorio"); }
 };
 
 QTimer* timer1() {
@@ -65,14 +71,14 @@ TEST_F(PluginTest, ASecondOneNeitherRevivesTheFirstNorLosesItsObjectsToIt) {
     raiseEvent("fine");
     auto second = std::make_unique<Plugin>();
     EXPECT_TRUE(plugin_->terminated()) << "a second one revives it";
-    sTreatmentRow = QStringLiteral("03");
+    sIDTrattamento = QStringLiteral("03");
     QVariantList args;
     raiseEvent("registrazione", {QVariant()});
     EXPECT_EQ(oHost, nullptr);
     second->evento(QStringLiteral("listapannelli"), nullptr, args = {QStringList()});
     EXPECT_EQ(args, QVariantList{QStringList()}) << "it has not begun";
     second->Init(&desk_->host(), QVariant());
-    EXPECT_TRUE(sTreatmentRow.isEmpty()) << "what the former run left behind";
+    EXPECT_TRUE(sIDTrattamento.isEmpty()) << "what the former run left behind";
     EXPECT_EQ(raiseEvent("mainribbonbar.returntab", {false}), QVariantList{false});
     desk_.reset(); // and the first one with it
     EXPECT_NE(oHost, nullptr);
@@ -180,7 +186,8 @@ TEST_F(PluginTest, TheTimerRereadsTheLoadedPanels) {
         ASSERT_TRUE(desk_->host().paziente()->corvala().Salva(
             id, {QStringLiteral("01/03/2026"), QStringLiteral("2026-0001"), QString(), QLatin1String(t1), {}}));
     }
-    oParadontale->Refresh();
+    DeskForm deskForm;
+    raiseEvent("form.load", {QVariant::fromValue<host::HostForm*>(&deskForm)}); // all that is in memory is forgotten
     const auto minute = [] { QMetaObject::invokeMethod(timer1()->parent(), "Timer1_Timer"); };
     minute();
     EXPECT_EQ(rows("Corvala: Lista Fatture"), 0);
@@ -196,7 +203,9 @@ TEST_F(PluginTest, AChangeOfPatientEmptiesTheLists) {
     start();
     openRossi();
     platform::ReportGrid grid;
-    host::View* view = panelView(QStringLiteral("Corvala: Lista Fatture"));
+    auto* view = raiseEvent("arcpannelli.daiparent", {QStringLiteral("Corvala: Lista Fatture"), 0, QVariant()})
+                     .at(2)
+                     .value<host::View*>();
     view->refreshGrid(&grid, QString());
     EXPECT_EQ(grid.recordCount(), 0);
     QString ids[2];

@@ -4,12 +4,12 @@
 #include "desk/shell/Command.h"
 #include "desk/shell/RibbonGroupBox.h"
 #include "desk/shell/RibbonPage.h"
-#include "host/modAggiorna.h"
+#include "host/Changes.h"
 #include "platform/FormRegistry.h"
 #include "platform/ReportGrid.h"
 #include "platform/WebAddress.h"
 #include "support/Text.h"
-#include "treatments/clsTrattamenti.h"
+#include "treatments/modTrattamenti.h"
 
 #include <QImage>
 #include <QMainWindow>
@@ -217,7 +217,8 @@ TEST_F(Ribbon, TheListFollowsTheFanOutAndMarksTheRecord) {
         ASSERT_TRUE(desk_->host().paziente()->corvala().Salva(
             ids[i], {u8("10/03/2026"), QStringLiteral("2026-900%1").arg(i), u8("Nuovo"), u8("TRT"), u8("<t/>")}));
     }
-    RefreshTrattamenti(ids[0]);
+    announceChange(u8("TRT"), ids[0]);
+    deliverChanges();
     ASSERT_EQ(grid->recordCount(), before + 2);
     ASSERT_NE(grid->focusedRecord(), nullptr);
     EXPECT_EQ(grid->focusedRecord()->tag, ids[0]);
@@ -274,7 +275,7 @@ TEST_F(Ribbon, ThePatientsPlanFollowsThePatient) {
     ASSERT_TRUE(desk_->openPatientByTaxCode(QStringLiteral("FNTGPP51M01L781C")));
     EXPECT_TRUE(command("CRVL0303")->Enabled());
     oConfig->RefreshGUITrattamento();
-    EXPECT_EQ(command("CRVL0303")->Enabled(), hooks.countOpenTreatments() > 0);
+    EXPECT_EQ(command("CRVL0303")->Enabled(), ContaTrattamentiAperti() > 0);
     desk_->closePatient();
     EXPECT_FALSE(command("CRVL0303")->Enabled());
     EXPECT_FALSE(deskButton()->Enabled());

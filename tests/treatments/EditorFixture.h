@@ -18,8 +18,7 @@ class EditorFixture : public WindowFixture<frmEditTrattamento> {
 protected:
     void open(const QString& id) {
         window_.reset();
-        sIDTrattamento = id;
-        window_ = std::make_unique<frmEditTrattamento>();
+        window_ = std::make_unique<frmEditTrattamento>(id);
         window_->show();
         QTest::qWait(1);
     }

@@ -89,8 +89,7 @@ protected:
 TEST_F(Keyboard, ReachesAndNamesAllOfEveryWindow) {
     const std::function<std::unique_ptr<QWidget>()> windows[] = {
         [this] {
-            sIDTrattamento = id_;
-            return std::make_unique<frmEditTrattamento>();
+            return std::make_unique<frmEditTrattamento>(id_);
         },
         [this] {
             auto row = std::make_unique<frmEditRigoTrattamento>();

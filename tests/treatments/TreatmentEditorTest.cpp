@@ -132,8 +132,7 @@ TEST_F(Editor, TakesTheNextNumberWhenItsOwnWasTakenMeanwhile) {
 
 TEST_F(Editor, OpensReadOnlyWhatIsInUseAndLeavesTheOthersLock) {
     const QString id = savedPlan(QStringLiteral("2026"), QStringLiteral("0007")).ID;
-    sIDTrattamento = id;
-    frmEditTrattamento first;
+    frmEditTrattamento first(id);
     EXPECT_TRUE(EsisteLock(QStringLiteral("Trattamento"), id));
     EXPECT_EQ(first.findChild<QPushButton*>(QStringLiteral("cbAnnulla"))->property("Tag").toString(), id);
 
@@ -280,7 +279,6 @@ TEST_F(Editor, OpensStraightOnARowAndFollowsItsAnswerUnseen) {
     item.righi.add(row.progressivo, row);
     ASSERT_TRUE(treatments().Salva(item));
     for (const bool acceptRow : {false, true}) {
-        sTreatmentRow = QStringLiteral("01");
         QTimer::singleShot(30, [acceptRow] {
             QWidget* window = QApplication::activeModalWidget();
             ASSERT_NE(window, nullptr);
@@ -289,8 +287,9 @@ TEST_F(Editor, OpensStraightOnARowAndFollowsItsAnswerUnseen) {
             const QString button = acceptRow ? QStringLiteral("cbAccetta") : QStringLiteral("cbAnnulla");
             window->findChild<QPushButton*>(button)->click();
         });
-        ApriTrattamento(item.ID);
-        EXPECT_TRUE(sTreatmentRow.isEmpty());
+        const EditorResult result = ApriTrattamento(item.ID, QStringLiteral("01"));
+        EXPECT_EQ(result.confirmed, acceptRow);
+        EXPECT_EQ(result.id, item.ID);
         EXPECT_EQ(oHost->Framework().DialogCancel(), !acceptRow);
         EXPECT_FALSE(EsisteLock(QStringLiteral("Trattamento"), item.ID));
         const auto readBack = treatments().Carica(item.ID);

@@ -284,10 +284,8 @@ TEST_F(TreatmentFaults, ShowsThePlanBehindARowThatCouldNotBeSaved) {
     item.righi.add(QStringLiteral("01"), {});
     item.righi[0].progressivo = QStringLiteral("01");
     ASSERT_TRUE(treatments().Salva(item));
-    sIDTrattamento = item.ID;
-    sTreatmentRow = QStringLiteral("01");
     dialogs_.answer = platform::Answer::Yes; // look the data over again
-    frmEditTrattamento plan;
+    frmEditTrattamento plan(item.ID, QStringLiteral("01"));
     QTimer::singleShot(30, [&] {
         QWidget* row = QApplication::activeModalWidget();
         ASSERT_NE(row, nullptr);
@@ -305,9 +303,7 @@ TEST_F(TreatmentFaults, ShowsThePlanBehindARowThatCouldNotBeSaved) {
     EXPECT_EQ(treatments().Carica(item.ID)->righi[0].descrizione, QStringLiteral("Non va perso"));
 
     // A row that another workstation has deleted meanwhile: the plan opens as always.
-    sIDTrattamento = item.ID;
-    sTreatmentRow = QStringLiteral("07");
-    frmEditTrattamento other;
+    frmEditTrattamento other(item.ID, QStringLiteral("07"));
     QTimer::singleShot(30, [&other] {
         EXPECT_TRUE(other.isVisible());
         other.reject();

@@ -18,7 +18,6 @@ protected:
         openRossi();
         oTrattamenti->Refresh(); // the panels have listed the plans already
     }
-    ~TreatmentFixture() override { sIDTrattamento.clear(); }
 
     clsTrattamenti& treatments() { return *oTrattamenti; }
     clsViewTrattamenti& view() { return *oViewTrattamenti; }
