@@ -1,14 +1,9 @@
 #include "treatments/frmEditTrattamento.h"
 
 #include "config/clsConfig.h"
-#include "host/Changes.h"
-#include "host/Step.h"
 #include "host/context.h"
-#include "host/contract/Host.h"
 #include "host/modForm.h"
-#include "platform/Dialogs.h"
 #include "platform/FormLayout.h"
-#include "store/modLock.h"
 #include "treatments/TeethPanel.h"
 #include "treatments/TreatmentHeader.h"
 #include "treatments/TreatmentLinks.h"
@@ -19,41 +14,31 @@
 #include "treatments/modSituazioneDente.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTimer>
 #include <QVBoxLayout>
-#include <exception>
+#include <utility>
 
 namespace {
 
-const char* const TAG = "Tag";
-const QString LOCK = QStringLiteral("Trattamento");
 const QString LINE_END = QStringLiteral("\r\n");
-
-platform::Answer message(const QString& text, int value) {
-    return platform::dialogs().message(text, value, QString::fromUtf16(CORVALA_TITLE));
-}
 
 } // namespace
 
 frmEditTrattamento::frmEditTrattamento(const QString& id, const QString& row, QWidget* parent)
-    : QDialog(parent)
-    , id_(id)
+    : DocumentEditorOf(*oTrattamenti,
+                       {.window = QStringLiteral("frmEditTrattamento"),
+                        .title = QStringLiteral("Gestione Trattamento"),
+                        .lock = QStringLiteral("Trattamento"),
+                        .inUse = QStringLiteral("Attenzione! Trattamento in uso ad altro utente!") + LINE_END +
+                                 QStringLiteral("Eventuali modifiche verranno tralasciate!"),
+                        .readError = QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!"),
+                        .saveError = QStringLiteral("Attenzione! Riscontrati errori in salvataggio dati trattamento!")},
+                       id, parent)
     , row_(row) {
-    setObjectName(QStringLiteral("frmEditTrattamento"));
-    setWindowTitle(TitoloForm(QStringLiteral("Gestione Trattamento")));
     build();
     wire();
-    InizializzaForm(this);
-    keepGeometry(this);
-    read();
-    if (oHost) oHost->Framework().setDialogCancel(true);
-}
-
-frmEditTrattamento::~frmEditTrattamento() {
-    releaseLock();
+    open();
 }
 
 void frmEditTrattamento::build() {
@@ -70,15 +55,10 @@ void frmEditTrattamento::build() {
 
     cbFattura_ = form::button(QStringLiteral("cbFattura"), QStringLiteral("Fatture..."), this);
     cbPreventivo_ = form::button(QStringLiteral("cbPreventivo"), QStringLiteral("Da preventivo..."), this);
-    cbConferma_ = form::button(QStringLiteral("cbConferma"), QStringLiteral("Conferma"), this);
-    cbAnnulla_ = form::button(QStringLiteral("cbAnnulla"), QStringLiteral("Annulla"), this);
-    cbAnnulla_->setProperty(TAG, QString());
-    // Enter belongs to the fields and to the grid.
-    for (QPushButton* button : {cbFattura_, cbPreventivo_, cbConferma_, cbAnnulla_})
-        button->setAutoDefault(false);
-    // Invoices and estimates are not there yet.
-    cbFattura_->setEnabled(false);
-    cbPreventivo_->setEnabled(false);
+    for (QPushButton* button : {cbFattura_, cbPreventivo_}) {
+        button->setAutoDefault(false); // Enter belongs to the fields and to the grid
+        button->setEnabled(false);     // invoices and estimates are not there yet
+    }
 
     auto* footer = new QHBoxLayout;
     footer->addWidget(cbFattura_);
@@ -86,8 +66,7 @@ void frmEditTrattamento::build() {
     footer->addStretch(1);
     footer->addWidget(totals_);
     footer->addSpacing(16);
-    footer->addWidget(cbConferma_);
-    footer->addWidget(cbAnnulla_);
+    addButtons(*footer);
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(header_);
@@ -98,8 +77,6 @@ void frmEditTrattamento::build() {
 }
 
 void frmEditTrattamento::wire() {
-    connect(cbConferma_, &QPushButton::clicked, this, &frmEditTrattamento::confirm);
-    connect(cbAnnulla_, &QPushButton::clicked, this, &frmEditTrattamento::cancel);
     connect(rows_, &TreatmentRows::changed, this, &frmEditTrattamento::refreshChart);
     connect(rows_, &TreatmentRows::rowSelected, teeth_, &TeethPanel::plbSelezionaTooh);
     connect(teeth_, &TeethPanel::toothChosen, rows_, &TreatmentRows::highlight);
@@ -115,69 +92,40 @@ void frmEditTrattamento::wire() {
 
 // ----------------------------------------------------------------------------------------------------------- opening
 
-void frmEditTrattamento::read() {
-    try {
-        if (id_.isEmpty()) {
-            header_->prepare();
-            teeth_->loadSituation(QString());
-        } else {
-            loadTreatment();
-        }
-        refreshChart();
-        totals_->updateBilling();
-    } catch (const std::exception& error) {
-        notRead(QString::fromUtf8(error.what()));
-    }
+DocumentHeader& frmEditTrattamento::header() const {
+    return *header_;
 }
 
-// What was read only in part must not be saved over the whole.
-void frmEditTrattamento::notRead(const QString& why) {
-    releaseLock();
-    setReadOnly();
-    message(QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!") + LINE_END +
-                QStringLiteral("Errore: ") + why,
-            platform::MB_WARNING);
+void frmEditTrattamento::prepare() {
+    teeth_->loadSituation(QString());
 }
 
-void frmEditTrattamento::loadTreatment() {
-    // Marked before it is read: what others saved until then is in it.
-    const bool own = CreaLock(LOCK, id_);
-    if (own) cbAnnulla_->setProperty(TAG, id_);
-    const auto item = oTrattamenti->salvage(id_);
-    if (!item) { // the window stays empty, without a word
-        releaseLock();
-        return;
-    }
-    if (!own) {
-        setReadOnly();
-        message(QStringLiteral("Attenzione! Trattamento in uso ad altro utente!") + LINE_END +
-                    QStringLiteral("Eventuali modifiche verranno tralasciate!"),
-                platform::MB_WARNING);
-    }
-    header_->load(*item);
-    links_->load(*item);
-    teeth_->loadSituation(item->SituazioneOrale);
-    rows_->load(*item);
-    if (!item->fault.isEmpty()) notRead(item->fault);
+std::optional<clsItemTrattamento> frmEditTrattamento::loadItem() {
+    return oTrattamenti->salvage(id());
+}
+
+void frmEditTrattamento::fill(const clsItemTrattamento& item) {
+    header_->fill(item);
+    links_->load(item);
+    teeth_->loadSituation(item.SituazioneOrale);
+    rows_->load(item);
+}
+
+void frmEditTrattamento::shown() {
+    refreshChart();
+    totals_->updateBilling();
 }
 
 void frmEditTrattamento::setReadOnly() {
-    readOnly_ = true;
-    cbConferma_->setEnabled(false);
-    cbAnnulla_->setText(QStringLiteral("Chiudi"));
+    cancelButton().setText(QStringLiteral("Chiudi"));
     cbFattura_->setEnabled(false);
     rows_->setReadOnly();
     teeth_->setReadOnly();
     links_->setReadOnly();
 }
 
-EditorResult frmEditTrattamento::run() {
-    const bool isConfirmed = exec() == Accepted;
-    return {isConfirmed, id_};
-}
-
 int frmEditTrattamento::exec() {
-    if (!rows_->hasRow(row_) || id_.isEmpty() || readOnly_) return QDialog::exec();
+    if (!rows_->hasRow(row_) || isReadOnly()) return QDialog::exec();
     constexpr int STILL_OPEN = -1;
     setResult(STILL_OPEN);
     activated_ = true;
@@ -194,11 +142,11 @@ void frmEditTrattamento::showEvent(QShowEvent* event) {
 }
 
 void frmEditTrattamento::firstActivation() {
-    if (id_.isEmpty() && oConfig && oConfig->AutomaticoRigoVuoto()) rows_->arm(TreatmentRows::NEW);
+    if (id().isEmpty() && oConfig && oConfig->AutomaticoRigoVuoto()) rows_->arm(TreatmentRows::NEW);
 }
 
 void frmEditTrattamento::openTooth(int index) {
-    const ToothPlan plan{header_->number(), header_->date(), readOnly_};
+    const ToothPlan plan{header_->number(), header_->date(), isReadOnly()};
     ToothSituation situation = teeth_->situation(index);
     if (ScegliSituazioneDente(plan, teeth_->tooth(index), situation, this)) teeth_->apply(situation);
 }
@@ -215,56 +163,22 @@ void frmEditTrattamento::refreshChart() {
     totals_->updateWork(rows_->totals());
 }
 
-void frmEditTrattamento::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_F3:
-        pressButton(0);
-        return;
-    case Qt::Key_F4:
-        pressButton(1);
-        return;
-    case Qt::Key_F5:
-        pressButton(2);
-        return;
-    default:
-        QDialog::keyPressEvent(event);
-    }
-}
-
-void frmEditTrattamento::pressButton(int index) {
+void frmEditTrattamento::pressFunction(int index) {
+    if (index > TreatmentRows::REMOVE) return;
     if (tabs_->currentWidget() == rows_)
         rows_->press(static_cast<TreatmentRows::Command>(index));
     else
         links_->pressNotes(index);
 }
 
-// ------------------------------------------------------------------------------------------------------------ saving
+// -------------------------------------------------------------------------------------------------- saving, closing
 
-void frmEditTrattamento::confirm() {
-    bool saved = false;
-    try {
-        rows_->endEdit();
-        saved = check() && save();
-    } catch (const std::exception& error) {
-        message(QStringLiteral("Attenzione! Riscontrati errori in salvataggio dati trattamento!") + LINE_END +
-                    QStringLiteral("Errore: ") + QString::fromUtf8(error.what()),
-                platform::MB_WARNING);
-    }
-    if (saved) closeConfirmed();
+void frmEditTrattamento::endEdits() {
+    rows_->endEdit();
 }
 
-bool frmEditTrattamento::check() {
-    const auto missing = header_->check();
-    if (!missing) return true;
-    message(missing->message, platform::MB_WARNING);
-    missing->field->setFocus();
-    return false;
-}
-
-clsItemTrattamento frmEditTrattamento::compose() {
-    clsItemTrattamento item;
-    item.ID = id_;
-    header_->write(item);
+void frmEditTrattamento::compose(clsItemTrattamento& item) {
+    header_->compose(item);
     links_->write(item);
     item.SituazioneOrale = teeth_->mouthSituation();
     for (clsItemRigoTrattamento row : rows_->rows()) {
@@ -272,63 +186,9 @@ clsItemTrattamento frmEditTrattamento::compose() {
         row.kprogressivo = item.progressivo;
         item.righi.add(row.progressivo, row);
     }
-    return item;
 }
 
-bool frmEditTrattamento::save() {
-    clsItemTrattamento item = compose();
-    if (!(id_.isEmpty() ? oTrattamenti->saveNew(item) : oTrattamenti->Salva(item))) {
-        const platform::Answer review = message(
-            QStringLiteral("Attenzione! Salvataggio non a buon fine! Vuoi rivedere i dati?"), platform::MB_QUESTION);
-        if (review != platform::Answer::Yes) reject();
-        return false;
-    }
-    id_ = item.ID;
-    header_->setProgressive(item.progressivo); // the next one, when another workstation has taken its own meanwhile
-    return true;
-}
-
-// The plan is stored: what fails from here on concerns who shows it, and keeps nobody from the rest.
-void frmEditTrattamento::closeConfirmed() {
-    step([] {
-        if (host::Paziente* patient = currentPatient()) patient->GeneraEvento(patient->corvala());
-    });
-    releaseLock();
-    oTrattamenti->Refresh();
-    step([] {
-        if (oHost) oHost->Framework().setDialogCancel(false);
-    });
-    announceChange(oTrattamenti->t1(), id_);
-    deliverChanges();
-    done(QDialog::Accepted);
-}
-
-// ----------------------------------------------------------------------------------------------------------- closing
-
-void frmEditTrattamento::cancel() {
-    if (id_.isEmpty() && links_->hasLinks()) {
-        const platform::Answer sure = message(
-            QStringLiteral("Nota Bene: Sono stati collegati degli allegati e/o aggiunti degli scarichi di magazzino!") +
-                LINE_END + QStringLiteral("Attenzione! Vuoi davvero non salvare le modifiche?"),
-            platform::MB_QUESTION_DEFAULT_NO);
-        if (sure != platform::Answer::Yes) return;
-    }
-    reject();
-}
-
-void frmEditTrattamento::reject() {
-    if (oHost) oHost->Framework().setDialogCancel(true); // the module may have ended under the open window
-    done(QDialog::Rejected);
-}
-
-void frmEditTrattamento::done(int result) {
-    releaseLock();
-    QDialog::done(result);
-}
-
-void frmEditTrattamento::releaseLock() {
-    const QString tag = cbAnnulla_->property(TAG).toString();
-    if (tag.isEmpty() || !oConfig) return; // the folder of the locks went with the module
-    cbAnnulla_->setProperty(TAG, QString());
-    RimuoviLock(LOCK, tag);
+QStringList frmEditTrattamento::losses() const {
+    if (!id().isEmpty() || !links_->hasLinks()) return {};
+    return {QStringLiteral("Nota Bene: Sono stati collegati degli allegati e/o aggiunti degli scarichi di magazzino!")};
 }
