@@ -10,6 +10,8 @@ using platform::XmlDocument;
 using platform::XmlError;
 using platform::XmlNode;
 
+clsServizi* oServizi = nullptr;
+
 namespace {
 
 constexpr char ENTRIES[] = "/servizi/servizio";

@@ -12,6 +12,9 @@ namespace platform {
 class XmlDocument;
 } // namespace platform
 
+class clsServizi;
+extern clsServizi* oServizi; ///< From the start of the module to the end of its Plugin.
+
 /// The practice-wide catalogue of services and products: one XML file, read once and kept in memory until `Refresh`,
 /// written whole by each change. One object for the whole module, owned by its assembly. Nothing here shows a message:
 /// a failure is told by the result, and a file that cannot be read stays as it is. Workstations that share the file

@@ -13,8 +13,6 @@ platform::Collection<clsItemIva>* colIva = nullptr;
 platform::Collection<clsItemRaggMerc>* colRaggMerc = nullptr;
 platform::Collection<clsItemSituazioneDente>* colSituazioniDenti = nullptr;
 
-clsServizi* oServizi = nullptr;
-
 CommandIds commandIds;
 Hooks hooks;
 

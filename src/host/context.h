@@ -17,7 +17,6 @@ class Collection;
 
 class clsConfig;
 class clsGraphical;
-class clsServizi;
 struct clsItemIva;
 struct clsItemRaggMerc;
 struct clsItemSituazioneDente;
@@ -32,8 +31,6 @@ extern QString sAppPath; ///< Folder of the module, with its templates; without 
 extern platform::Collection<clsItemIva>* colIva;
 extern platform::Collection<clsItemRaggMerc>* colRaggMerc;
 extern platform::Collection<clsItemSituazioneDente>* colSituazioniDenti;
-
-extern clsServizi* oServizi;
 
 /// The command ids that the host gave to the entries beside the services: the group and buttons of its desk tab, and
 /// the main menu. Taken by `clsConfig::initGUI`; 0 before.
