@@ -276,5 +276,6 @@ TEST_F(TreatmentLists, OpensThePlanWithWorkGoingOnFromTheRibbon) {
 
     dialogs_.taskAnswer.button = QStringLiteral("Si");
     ASSERT_TRUE(oTrattamenti->Elimina(patient(), storedRow(QStringLiteral("2026-0001"))->ID));
+    QTest::qWait(1);
     EXPECT_FALSE(desk_->pressCommand(QStringLiteral("CRVL0303")));
 }
