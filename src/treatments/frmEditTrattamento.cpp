@@ -19,19 +19,13 @@
 #include <QVBoxLayout>
 #include <utility>
 
-namespace {
-
-const QString LINE_END = QStringLiteral("\r\n");
-
-} // namespace
-
 frmEditTrattamento::frmEditTrattamento(const QString& id, const QString& row, QWidget* parent)
     : DocumentEditorOf(*oTrattamenti,
                        {.window = QStringLiteral("frmEditTrattamento"),
                         .title = QStringLiteral("Gestione Trattamento"),
                         .lock = QStringLiteral("Trattamento"),
-                        .inUse = QStringLiteral("Attenzione! Trattamento in uso ad altro utente!") + LINE_END +
-                                 QStringLiteral("Eventuali modifiche verranno tralasciate!"),
+                        .inUse = QStringLiteral("Attenzione! Trattamento in uso ad altro utente!\r\n"
+                                                "Eventuali modifiche verranno tralasciate!"),
                         .readError = QStringLiteral("Attenzione! Riscontrati errori in lettura dati trattamento!"),
                         .saveError = QStringLiteral("Attenzione! Riscontrati errori in salvataggio dati trattamento!")},
                        id, parent)

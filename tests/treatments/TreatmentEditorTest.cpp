@@ -119,17 +119,6 @@ TEST_F(Editor, NamesWhatKeepsThePlanFromBeingSaved) {
     }
 }
 
-TEST_F(Editor, TakesTheNextNumberWhenItsOwnWasTakenMeanwhile) {
-    open(QString());
-    const QString proposed = field(1)->text();
-    savedPlan(QStringLiteral("2026"), proposed);
-    QTest::keyClicks(field(2), QStringLiteral("Secondo"));
-    confirm();
-    EXPECT_TRUE(dialogs_.messages.isEmpty());
-    ASSERT_TRUE(storedRow(QStringLiteral("2026-0002")));
-    EXPECT_EQ(storedRow(QStringLiteral("2026-0002"))->descrizione, QStringLiteral("Secondo"));
-}
-
 TEST_F(Editor, OpensReadOnlyWhatIsInUseAndLeavesTheOthersLock) {
     const QString id = savedPlan(QStringLiteral("2026"), QStringLiteral("0007")).ID;
     frmEditTrattamento first(id);
