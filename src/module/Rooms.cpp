@@ -25,13 +25,18 @@ Room imagesRoom() {
 
 constexpr int NOT_REREAD = 0; // probings are left out of a refresh of everything on purpose
 
+// In the order of the panels; a refresh of everything has an order of its own.
 struct Line {
     Room (*make)();
-    int turn; ///< In a refresh of everything, whose order is not that of the panels.
+    int turn; ///< In a refresh of everything.
 };
 constexpr Line ROOMS[] = {
-    {estimatesRoom, 1}, {treatmentsRoom, 4},           {invoicingRoom, 2},
-    {paymentsRoom, 3},  {periodontalRoom, NOT_REREAD}, {imagesRoom, 5},
+    {estimatesRoom, 1},            // PRV
+    {treatmentsRoom, 4},           // TRT
+    {invoicingRoom, 2},            // FTT
+    {paymentsRoom, 3},             // PGM
+    {periodontalRoom, NOT_REREAD}, // CPD
+    {imagesRoom, 5},
 };
 
 // Windows belong to the rooms and are reached by the names of their invokable members only.
