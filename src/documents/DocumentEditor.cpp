@@ -164,10 +164,10 @@ void DocumentEditor::announce() {
 // The document is stored: what fails from here on concerns who shows it, and keeps nobody from the rest.
 void DocumentEditor::closeConfirmed() {
     releaseLock();
+    announce();
     step([] {
         if (oHost) oHost->Framework().setDialogCancel(false);
     });
-    announce();
     deliverChanges();
     done(Accepted);
 }
