@@ -6,6 +6,7 @@
 #include "desk/shell/DeskLog.h"
 #include "desk/shell/Options.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 /// What a benchmark of the desk runs in: the application, without a screen where there is none, and the options of a
@@ -31,5 +32,6 @@ private:
     }
 
     desk::DeskApplication application_;
-    QTemporaryDir folder_;
+    /// By a name of its own: what bears the desk's is taken for a leftover and cleared away.
+    QTemporaryDir folder_{QDir::tempPath() + QStringLiteral("/corvala-bench-XXXXXX")};
 };

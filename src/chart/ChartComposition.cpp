@@ -121,9 +121,10 @@ void ChartComposition::composeServices(const QList<ChartRow>& rows) {
     phase_ = QStringLiteral("step 5");
     QString seenShort;
     QString seenAtAGlance;
+    QHash<QString, QString> pictures;
     for (const ChartRow& row : rows) {
         addLayers(row);
-        addToStrip(row);
+        addToStrip(row, pictures);
         if (options_.showShortList) addToShortList(row, seenShort);
         if (options_.showAtAGlance) addAtAGlance(row, seenAtAGlance);
     }
@@ -146,11 +147,16 @@ void ChartComposition::addLayers(const ChartRow& row) {
     }
 }
 
-void ChartComposition::addToStrip(const ChartRow& row) {
+// A plan has many rows of few services: each is looked up once in a pass.
+void ChartComposition::addToStrip(const ChartRow& row, QHash<QString, QString>& pictures) {
     phase_ = QStringLiteral("step 5.b");
     if (strip_.size() >= options_.stripPlaces) return;
-    HighlightedService entry{row.service, row.description, QString(), QString(), stateOf(row)};
-    if (graphics_.ImmagineInEvidenza(row.service, entry.picture)) strip_.append(entry);
+    auto picture = pictures.find(row.service);
+    if (picture == pictures.end()) {
+        picture = pictures.insert(row.service, QString());
+        graphics_.ImmagineInEvidenza(row.service, *picture);
+    }
+    if (!picture->isEmpty()) strip_.append({row.service, row.description, *picture, QString(), stateOf(row)});
 }
 
 void ChartComposition::addToShortList(const ChartRow& row, QString& seen) {

@@ -4,6 +4,7 @@
 #include "chart/ToothSituation.h"
 #include "chart/modDenti.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <array>
@@ -103,7 +104,7 @@ private:
     void setTooth(const ToothSituation& situation);
     void clearServices();
     void addLayers(const ChartRow& row);
-    void addToStrip(const ChartRow& row);
+    void addToStrip(const ChartRow& row, QHash<QString, QString>& pictures);
     void addToShortList(const ChartRow& row, QString& seen);
     void addAtAGlance(const ChartRow& row, QString& seen);
     void mark(ComposedTooth& tooth, const ChartRow& row) const;

@@ -3,6 +3,8 @@
 #include "platform/Regional.h"
 #include "store/modConversioni.h"
 
+#include <cmath>
+
 namespace {
 
 const QString PATTERN = QStringLiteral("###0.00");
@@ -17,6 +19,11 @@ double cents(const Amount& amount) {
 
 Amount Amount::fromText(const QString& text) {
     return static_cast<double>(CastSingle(text));
+}
+
+bool Amount::isZero() const {
+    constexpr float ONE_CENT = 0.01F; // asked of every row of a plan: most need not be written out for it
+    return std::abs(value_) < ONE_CENT && cents(*this) == 0;
 }
 
 QString Amount::text() const {

@@ -15,7 +15,7 @@ public:
     static Amount fromText(const QString& text); ///< As typed or stored; 0 for what is no amount.
 
     double wide() const { return static_cast<double>(value_); }
-    bool isZero() const { return *this == Amount(); }
+    bool isZero() const;
     QString text() const;           ///< "12,50"
     QString textUnlessZero() const; ///< Empty for zero.
 

@@ -15,8 +15,21 @@
 using platform::Notice;
 using platform::ReportCell;
 
-PlanRow::PlanRow(const clsItemRigoTrattamento& stored)
+namespace {
+
+QString nameOf(const QString& taxCode, PeopleNames& names) {
+    if (taxCode.isEmpty()) return {};
+    auto name = names.find(taxCode);
+    if (name == names.end()) name = names.insert(taxCode, DescrizioneUtente(taxCode));
+    return *name;
+}
+
+} // namespace
+
+PlanRow::PlanRow(const clsItemRigoTrattamento& stored, PeopleNames& names)
     : clsItemRigoTrattamento(stored)
+    , operatorName(nameOf(stored.operatore, names))
+    , assistantName(nameOf(stored.assistente, names))
     , applied(serviceCode(stored.servizio)) {
     setTeeth(ToothList::fromRecord(stored.dente, stored.denti));
 }
@@ -53,16 +66,21 @@ bool readText(PlanRow& row, const QString& typed) {
     return true;
 }
 
-// A field whose code the cell shows by the name in a list.
+// The people and the groups are kept by code and shown by name.
 template <auto FIELD, auto NAME>
-QString name(const PlanRow& row) {
-    return NAME(row.*FIELD);
+bool readPerson(PlanRow& row, const QString& typed) {
+    row.*FIELD = CodiceFiscaleUtente(typed);
+    row.*NAME = (row.*FIELD).isEmpty() ? QString() : typed;
+    return typed.isEmpty() || !(row.*FIELD).isEmpty();
 }
 
-template <auto FIELD, auto CODE>
-bool readName(PlanRow& row, const QString& typed) {
-    row.*FIELD = CODE(typed);
-    return typed.isEmpty() || !(row.*FIELD).isEmpty();
+QString groupText(const PlanRow& row) {
+    return DescrizioneRaggrMerc(row.raggruppamento);
+}
+
+bool readGroup(PlanRow& row, const QString& typed) {
+    row.raggruppamento = CodiceRaggrMerc(typed);
+    return typed.isEmpty() || !row.raggruppamento.isEmpty();
 }
 
 CellNotice noticeOfName(const PlanRow&, const QString& unread) {
@@ -202,24 +220,19 @@ RowColumns<PlanRow> columns() {
                     readDate<&Row::inizio>,          noticeOfStart,      lookOfDate};
     table[END] = {head(u"Fine", 64, DATE_SAMPLE), text<&Row::fine>, text<&Row::fine>,
                   readDate<&Row::fine>,           noticeOfEnd,      lookOfDate};
-    table[GROUP] = {head(u"Ragr.to", 100),
-                    name<&Row::raggruppamento, DescrizioneRaggrMerc>,
-                    text<&Row::raggruppamento>,
-                    readName<&Row::raggruppamento, CodiceRaggrMerc>,
-                    noticeOfName,
-                    nullptr,
+    table[GROUP] = {head(u"Ragr.to", 100), groupText, text<&Row::raggruppamento>, readGroup, noticeOfName, nullptr,
                     groupNames()};
     table[OPERATOR] = {head(u"Operatore", 100, PERSON_SAMPLE),
-                       name<&Row::operatore, DescrizioneUtente>,
+                       text<&Row::operatorName>,
                        text<&Row::operatore>,
-                       readName<&Row::operatore, CodiceFiscaleUtente>,
+                       readPerson<&Row::operatore, &Row::operatorName>,
                        noticeOfName,
                        nullptr,
                        userNames(DOCTOR_KIND)};
     table[ASSISTANT] = {head(u"Assistente", 100, PERSON_SAMPLE),
-                        name<&Row::assistente, DescrizioneUtente>,
+                        text<&Row::assistantName>,
                         text<&Row::assistente>,
-                        readName<&Row::assistente, CodiceFiscaleUtente>,
+                        readPerson<&Row::assistente, &Row::assistantName>,
                         noticeOfName,
                         nullptr,
                         userNames(ASSISTANT_KIND)};

@@ -4,12 +4,19 @@
 #include "documents/RowTable.h"
 #include "treatments/clsItemRigoTrattamento.h"
 
-/// One row of a plan as its editor works with it: the stored row with its teeth as a value.
+#include <QHash>
+
+/// The names of people by their tax codes. Each is asked of the host once: a plan has many rows of few people.
+using PeopleNames = QHash<QString, QString>;
+
+/// One row of a plan as its editor works with it: the stored row with its teeth as a value and its people by name.
 struct PlanRow : clsItemRigoTrattamento {
     PlanRow() = default;
-    explicit PlanRow(const clsItemRigoTrattamento& stored);
+    PlanRow(const clsItemRigoTrattamento& stored, PeopleNames& names);
 
-    ToothList teeth;      ///< `dente` and `denti` follow them.
+    ToothList teeth; ///< `dente` and `denti` follow them.
+    QString operatorName;
+    QString assistantName;
     QString applied;      ///< The service of the catalogue that was applied last.
     bool isPriced = true; ///< False until it has a price of its own; the catalogue's counts until then.
 

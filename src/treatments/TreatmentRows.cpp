@@ -21,8 +21,9 @@ TreatmentRows::TreatmentRows(QWidget* parent)
 
 void TreatmentRows::load(const clsItemTrattamento& item) {
     std::vector<PlanRow> rows;
+    PeopleNames names;
     for (const clsItemRigoTrattamento& stored : item.righi)
-        rows.emplace_back(stored);
+        rows.emplace_back(stored, names);
     setRows(std::move(rows));
 }
 
@@ -106,7 +107,8 @@ bool TreatmentRows::openRow(const QString& number) {
 bool TreatmentRows::editRow(int at) {
     clsItemRigoTrattamento edited = stored(at);
     if (!ModificaRigoTrattamento(edited, isReadOnly())) return false;
-    replaceRow(at, PlanRow(edited));
+    PeopleNames names;
+    replaceRow(at, PlanRow(edited, names));
     emit changed();
     rowFocused(at);
     return true;
