@@ -62,7 +62,8 @@ protected:
     template <class IsMeant>
     void highlightRows(IsMeant isMeant) {
         for (int at = 0; at < rowCount(); ++at) {
-            if (std::exchange(line(at).highlighted, isMeant(row(at))) != line(at).highlighted) paint(at);
+            const bool wasMeant = std::exchange(line(at).highlighted, isMeant(row(at)));
+            if (wasMeant != line(at).highlighted) paint(at);
         }
     }
 
