@@ -11,7 +11,6 @@
 #include "support/Text.h"
 #include "treatments/modTrattamenti.h"
 
-#include <QImage>
 #include <QMainWindow>
 #include <QMenu>
 #include <QToolButton>
@@ -74,60 +73,27 @@ private:
 
 } // namespace
 
-TEST_F(Ribbon, TabMenuAndDeskButtonsStandAsLaidOut) {
+TEST_F(Ribbon, EveryButtonHasAPictureAndExplainsItselfAndWhatHasNoWindowYetIsGrey) {
     start();
-    EXPECT_EQ(groups("Odontoiatria"), (QStringList{u8("Corvala Plugin:"), u8("Preventivi:CRVL0102 CRVL0101"),
-                                                   u8("Trattamenti:CRVL0302 CRVL0303 CRVL0301"),
-                                                   u8("Fatturazione:CRVL0202 CRVL0201 CRVL0901 CRVL0602 CRVL0601"),
-                                                   u8("Paziente:CRVL0701 CRVL0702 CRVL0501 CRVL0502"),
-                                                   u8("Archivi:CRVL0401 CRVL0402 CRVL0801 CRVL0802"),
-                                                   u8("Strumenti:CRVL.main.refresh CRVL.main.setup CRVL.main.about")}));
+    QStringList ready;
     for (const QString& group : groups("Odontoiatria")) {
         for (const QString& key : group.section(QLatin1Char(':'), 1).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
             SCOPED_TRACE(qPrintable(key));
             const desk::Command* found = command(oConfig->IDService(key));
-            EXPECT_FALSE(found->Caption().isEmpty() || found->tooltip().isEmpty());
-            if (!key.startsWith(u8("CRVL0"))) continue;
-            EXPECT_EQ(QImage(sAppPath + u8("/Styles/") + key + u8(".png")).size(), QSize(64, 64));
-            EXPECT_TRUE(oConfig->UsableService(key));
-            const bool isReady = key == u8("CRVL0301") || key == u8("CRVL0302");
-            EXPECT_EQ(found->Enabled(), isReady) << "what has no window yet is grey";
+            EXPECT_FALSE(found->Caption().isEmpty() || found->tooltip().isEmpty() || found->icon().isNull());
+            if (found->Enabled()) ready << key;
         }
     }
-    const struct {
-        const char* key;
-        const char* caption;
-        const char* tooltip;
-    } tools[] = {{"CRVL.main.refresh", "Aggiorna", "Aggiorna i dati visualizzati"},
-                 {"CRVL.main.setup", "Opzioni", "Configurazione della procedura"},
-                 {"CRVL.main.about", "About", "Informazioni sulla procedura"}};
-    for (const auto& tool : tools) {
-        EXPECT_EQ(command(tool.key)->Caption(), u8(tool.caption));
-        EXPECT_EQ(command(tool.key)->tooltip(), u8(tool.tooltip));
-        EXPECT_FALSE(command(tool.key)->icon().isNull());
-    }
-    // The two desk buttons share one tooltip, misspelt as practices know it.
-    for (const qint32 id : {commandIds.summary, commandIds.periodontal}) {
-        EXPECT_EQ(command(id)->tooltip(), u8("intesi di tutti gli intervernti effettuati"));
-        EXPECT_EQ(command(id)->Style(), host::StileBottone::IconaSopraDidascalia);
-        EXPECT_FALSE(command(id)->icon().isNull());
-    }
-    EXPECT_EQ(command(commandIds.summary)->Caption(), u8("Sintesi Odontoiatrica"));
-    EXPECT_EQ(command(commandIds.periodontal)->Caption(), u8("Cartella Paradontale"));
-    // Nine ids in a row, taken before the services are asked for theirs.
-    const qint32 ids[] = {commandIds.group,      commandIds.summary,       commandIds.periodontal,
-                          commandIds.menu,       commandIds.menuEstimates, commandIds.menuInvoicing,
-                          commandIds.menuImages, commandIds.menuSummary,   commandIds.menuPeriodontal};
-    for (int i = 1; i < 9; ++i)
-        EXPECT_GT(ids[i], ids[i - 1]);
+    EXPECT_EQ(ready, (QStringList{u8("CRVL0302"), u8("CRVL0301"), u8("CRVL.main.refresh"), u8("CRVL.main.setup"),
+                                  u8("CRVL.main.about")}));
     const auto* menu = desk_->window()->findChild<QMenu*>(QLatin1Char('I') + QString::number(commandIds.menu));
     ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->title(), u8("ODONTOIATRIA"));
-    QStringList entries;
-    for (const QAction* entry : menu->actions())
-        entries << entry->text();
-    EXPECT_EQ(entries, (QStringList{u8("Sintesi Odontoiatrica"), u8("Cartella Paradontale"), u8("Immagini"),
-                                    u8("Preventivi"), u8("Fatturazione")}));
+    EXPECT_EQ(menu->actions().size(), 5);
+    for (const qint32 id : {commandIds.summary, commandIds.periodontal})
+        EXPECT_FALSE(command(id)->icon().isNull());
+    // Practices know the two desk buttons by their tooltip, misspelt as it is.
+    EXPECT_EQ(command(commandIds.summary)->tooltip(), u8("intesi di tutti gli intervernti effettuati"));
+    EXPECT_GT(oConfig->IDService(u8("CRVL0101")), commandIds.menuPeriodontal) << "the fixed ids are taken first";
 }
 
 TEST_F(Ribbon, TheSingleSheetAndOddEntriesOfTheConfiguration) {
