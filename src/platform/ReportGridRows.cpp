@@ -176,7 +176,6 @@ bool ReportGrid::overGroupBox(const QPoint& globalPosition) const {
 bool ReportGrid::eventFilter(QObject* watched, QEvent* event) {
     if (watched == parts_->view->viewport() && event->type() == QEvent::Resize) parts_->widths.apply();
     if (watched != parts_->view) return false;
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) parts_->view->viewport()->update();
     // A key that an open editor did not want belongs to the edit, not to the commands of the grid.
     if (event->type() != QEvent::KeyPress || isEditing()) return false;
     auto* key = static_cast<QKeyEvent*>(event);

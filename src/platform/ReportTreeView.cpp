@@ -267,16 +267,47 @@ bool ReportTreeView::viewportEvent(QEvent* event) {
     return true;
 }
 
+// Only the rows whose look changed: painting all that is on the screen costs more than the change itself.
+
+void ReportTreeView::repaintRow(const QModelIndex& index) {
+    const QRect row = visualRect(index.siblingAtColumn(firstColumn()));
+    if (!row.isEmpty()) viewport()->update(0, row.top(), viewport()->width(), row.height());
+}
+
+void ReportTreeView::repaintRows(const QItemSelection& rows) {
+    constexpr int MANY = 100;
+    for (const QItemSelectionRange& range : rows) {
+        if (range.height() > MANY) return viewport()->update();
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            repaintRow(model_.index(row, 0, range.parent()));
+    }
+}
+
 void ReportTreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTreeView::currentChanged(current, previous);
-    viewport()->update();
+    repaintRow(previous);
+    repaintRow(current);
     emit moved();
 }
 
 void ReportTreeView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTreeView::selectionChanged(selected, deselected);
-    viewport()->update();
+    repaintRows(selected);
+    repaintRows(deselected);
     emit moved();
+}
+
+// The focus comes and goes with every edit, and QTreeView would paint everything anew for it; its other business with
+// the focus is to make the first row the current one where there is none.
+void ReportTreeView::focusInEvent(QFocusEvent* event) {
+    if (!currentIndex().isValid()) return QTreeView::focusInEvent(event);
+    QAbstractScrollArea::focusInEvent(event);
+    repaintRows(selectionModel()->selection());
+}
+
+void ReportTreeView::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    repaintRows(selectionModel()->selection());
 }
 
 } // namespace platform

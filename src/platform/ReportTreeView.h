@@ -68,6 +68,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
@@ -89,6 +91,8 @@ private:
     void paintRecord(QPainter& painter, const QRect& row, const QModelIndex& index) const;
     void announceEdit();
     void releaseLeft(const QModelIndex& at, Part part);
+    void repaintRow(const QModelIndex& index);
+    void repaintRows(const QItemSelection& rows);
 
     ReportGridModel& model_;
     const ReportColours& colours_;
