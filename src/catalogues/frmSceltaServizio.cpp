@@ -5,17 +5,11 @@
 #include "config/clsItemIva.h"
 #include "config/clsItemRaggMerc.h"
 #include "host/context.h"
-#include "host/modForm.h"
 #include "platform/FormLayout.h"
-#include "platform/ReportGrid.h"
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
-#include <QSplitter>
 #include <QTreeWidget>
-#include <QVBoxLayout>
-#include <algorithm>
 
 using platform::form::named;
 
@@ -23,7 +17,7 @@ namespace {
 
 constexpr int KEY_ROLE = Qt::UserRole;
 
-enum Column { CODE, VAT, UNIT, GROUP, DESCRIPTION };
+constexpr int DESCRIPTION = 4; // column
 
 /// The VAT list keeps the last of several entries with one code, as everywhere.
 QString descriptionOfVat(const QString& code) {
@@ -42,6 +36,16 @@ platform::ReportColumn groupColumn() {
     return column;
 }
 
+QList<platform::ReportColumn> columns() {
+    platform::ReportColumn code{QStringLiteral("Codice"), 60};
+    code.sample = QStringLiteral("OTTURAZ2"); // eight letters, in whatever font
+    return {code,
+            {QStringLiteral("IVA"), 80},
+            {QStringLiteral("Un.Mis"), 80},
+            groupColumn(),
+            {QStringLiteral("Descrizione"), 200, true}};
+}
+
 bool contains(const QString& text, const QString& part) {
     return part.isEmpty() || text.contains(part, Qt::CaseInsensitive);
 }
@@ -49,33 +53,20 @@ bool contains(const QString& text, const QString& part) {
 } // namespace
 
 frmSceltaServizio::frmSceltaServizio(bool onlyTreatments, QWidget* parent)
-    : QDialog(parent) {
-    setObjectName(QStringLiteral("frmSceltaServizio"));
-    setWindowTitle(TitoloForm(QStringLiteral("Ricerca Servizi e Prodotti")));
-    resize(1000, 560);
+    : frmSceltaServizio(onlyTreatments, parent, new QTreeWidget) {}
+
+frmSceltaServizio::frmSceltaServizio(bool onlyTreatments, QWidget* parent, QTreeWidget* groups)
+    : ChoiceWindow({QStringLiteral("frmSceltaServizio"), QStringLiteral("Ricerca Servizi e Prodotti"),
+                    QStringLiteral("SCELTA SERVIZIO")},
+                   columns(), parent, groups)
+    , treeView1_(named(groups, QStringLiteral("TreeView1"))) {
     laSoloTrattamenti_ =
         named(new QLabel(onlyTreatments ? QStringLiteral("S") : QString(), this), QStringLiteral("laSoloTrattamenti"));
     laSoloTrattamenti_->hide();
-    laOUTB_ = named(new QLabel(this), QStringLiteral("laOUTB"));
-    laOUTB_->hide();
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(platform::form::heading(QStringLiteral("laTitoloForm"), QStringLiteral("SCELTA SERVIZIO"), this));
     buildTree();
-    buildGrid();
-    auto* split = new QSplitter(Qt::Horizontal, this);
-    split->addWidget(treeView1_);
-    split->addWidget(rcLista_);
-    split->setStretchFactor(1, 1);
-    split->setSizes({220, 780});
-    layout->addWidget(split, 1);
-    buildButtons();
-    rcLista_->setFocus();
-    InizializzaForm(this);
 }
 
 void frmSceltaServizio::buildTree() {
-    treeView1_ = named(new QTreeWidget(this), QStringLiteral("TreeView1"));
     treeView1_->setHeaderHidden(true);
     treeView1_->setAccessibleName(QStringLiteral("Raggruppamenti merceologici"));
     auto* root = new QTreeWidgetItem(treeView1_, {QStringLiteral("Ragruppamenti")});
@@ -96,44 +87,12 @@ void frmSceltaServizio::buildTree() {
 }
 
 bool frmSceltaServizio::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != treeView1_ || event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    if (watched != treeView1_ || event->type() != QEvent::KeyPress) return ChoiceWindow::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
     // Taken here: the window would go on to its default button, and the first service of the group with it.
     if (QTreeWidgetItem* node = treeView1_->currentItem()) showGroup(node);
     return true;
-}
-
-void frmSceltaServizio::buildGrid() {
-    rcLista_ = named(new platform::ReportGrid(this), QStringLiteral("rcLista"));
-    // 60, or what a code of eight letters takes in the font of the screen.
-    const int codeWidth = std::max(60, fontMetrics().horizontalAdvance(QStringLiteral("OTTURAZ2")) + 16);
-    rcLista_->addColumn({QStringLiteral("Codice"), codeWidth});
-    rcLista_->addColumn({QStringLiteral("IVA"), 80});
-    rcLista_->addColumn({QStringLiteral("Un.Mis"), 80});
-    rcLista_->addColumn(groupColumn());
-    rcLista_->addColumn({QStringLiteral("Descrizione"), 200, true});
-    rcLista_->setTexts(QStringLiteral("Non ci sono dati da visualizzare"), QString(), QStringLiteral("Ordina per "));
-    rcLista_->setGroupBoxVisible(false);
-    rcLista_->setColours(Qt::white, Qt::white, QColor(212, 208, 200));
-    rcLista_->setReadOnly(true);
-    rcLista_->setEditMode(false, false);
-    connect(rcLista_, &platform::ReportGrid::rowDoubleClicked, this, [this] { take(); });
-    connect(rcLista_, &platform::ReportGrid::keyPressed, this, [this](QKeyEvent* event) {
-        if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return;
-        event->accept();
-        take();
-    });
-}
-
-void frmSceltaServizio::buildButtons() {
-    using platform::form::button;
-    cbPiglia_ = button(QStringLiteral("cbPiglia"), QStringLiteral("Seleziona!"), this);
-    cbChiudi_ = button(QStringLiteral("cbChiudi"), QStringLiteral("Annulla"), this);
-    cbPiglia_->setDefault(true);
-    connect(cbPiglia_, &QPushButton::clicked, this, &frmSceltaServizio::take);
-    connect(cbChiudi_, &QPushButton::clicked, this, &frmSceltaServizio::reject);
-    static_cast<QVBoxLayout*>(layout())->addLayout(platform::form::buttonRow({cbPiglia_, cbChiudi_}));
 }
 
 void frmSceltaServizio::filter(const QString& codePart, const QString& descriptionPart) {
@@ -153,48 +112,17 @@ void frmSceltaServizio::showGroup(QTreeWidgetItem* node) {
 
 void frmSceltaServizio::fill(const std::function<bool(const clsItemServizio&)>& passes) {
     static const platform::Collection<clsItemServizio> none;
-    const auto& services = oServizi == nullptr ? none : oServizi->Lista();
-    rcLista_->beginUpdate();
-    rcLista_->clear();
     const bool onlyTreatments = laSoloTrattamenti_->text() == QLatin1String("S");
-    for (const clsItemServizio& item : services) {
+    QList<Row> rows;
+    for (const clsItemServizio& item : oServizi == nullptr ? none : oServizi->Lista()) {
         if ((onlyTreatments && !item.usabileInPianoTrattamento) || !passes(item)) continue;
-        platform::ReportRecord* record = rcLista_->addRecord();
-        record->tag = item.ID;
-        record->cell(CODE).value = item.ID;
-        record->cell(VAT).value = descriptionOfVat(item.codiceIva);
-        record->cell(UNIT).value = item.UM;
-        record->cell(GROUP).value = DescrizioneRaggrMerc(item.raggruppamento);
-        record->cell(DESCRIPTION).value = item.descrizione.trimmed();
+        rows.append({item.ID,
+                     {item.ID, descriptionOfVat(item.codiceIva), item.UM, DescrizioneRaggrMerc(item.raggruppamento),
+                      item.descrizione.trimmed()}});
     }
-    rcLista_->endUpdate();
-    rcLista_->populate();
-    if (rcLista_->rowCount() > 0) rcLista_->setFocusedRecord(rcLista_->rowRecord(0));
-}
-
-bool frmSceltaServizio::confirmed() const {
-    return laOUTB_->text() == QLatin1String("OK");
-}
-
-QString frmSceltaServizio::code() const {
-    const platform::ReportRecord* record = rcLista_->focusedRecord();
-    return record == nullptr ? QString() : record->cell(CODE).value;
+    setRows(rows);
 }
 
 QString frmSceltaServizio::description() const {
-    const platform::ReportRecord* record = rcLista_->focusedRecord();
-    return record == nullptr ? QString() : record->cell(DESCRIPTION).value;
-}
-
-void frmSceltaServizio::take() {
-    if (rcLista_->focusedRecord() != nullptr) finish(QStringLiteral("OK"));
-}
-
-void frmSceltaServizio::finish(const QString& result) {
-    laOUTB_->setText(result);
-    done(confirmed() ? Accepted : Rejected);
-}
-
-void frmSceltaServizio::reject() {
-    finish(QStringLiteral("CANCEL"));
+    return cell(DESCRIPTION);
 }

@@ -3,6 +3,7 @@
 #include "host/contract/HostError.h"
 #include "platform/ReportGrid.h"
 
+#include <QColor>
 #include <QScopeGuard>
 
 namespace {
@@ -20,19 +21,34 @@ ListReading::ListReading(std::function<void()> again, QObject* parent)
     connect(&timer_, &QTimer::timeout, this, std::move(again));
 }
 
-void ListReading::read(platform::ReportGrid& grid, const std::function<void()>& fill) {
+bool ListReading::read(platform::ReportGrid& grid, const std::function<void()>& fill) {
     grid.beginUpdate();
     const auto show = qScopeGuard([&grid] { grid.endUpdate(); });
     grid.clear();
-    QString text = QStringLiteral("Non ci sono dati da visualizzare");
     timer_.stop();
+    say(grid, QStringLiteral("Non ci sono dati da visualizzare"));
     try {
         fill();
     } catch (const host::HostError& error) {
-        grid.clear(); // a part would be taken for the whole
-        text = QStringLiteral("Elenco non letto: ") + error.text();
-        timer_.start();
+        failed(grid, error);
+        return false;
     }
+    return true;
+}
+
+void ListReading::failed(platform::ReportGrid& grid, const host::HostError& error) {
+    grid.clear(); // a part would be taken for the whole
+    say(grid, QStringLiteral("Elenco non letto: ") + error.text());
+    timer_.start();
+}
+
+void ListReading::say(platform::ReportGrid& grid, const QString& text) {
     grid.setTexts(text, QStringLiteral("Trascinare qui il titolo di una colonna per raggruppare"),
                   QStringLiteral("Ordina per "));
+}
+
+void dressList(platform::ReportGrid& grid) {
+    grid.setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
+    grid.setGroupBoxVisible(true);
+    grid.setReadOnly(true);
 }

@@ -4,8 +4,6 @@
 #include "platform/Dialogs.h"
 #include "platform/ReportGrid.h"
 
-#include <QColor>
-
 namespace {
 
 // The entries with which the host opens the menu of every panel; the lists bring their own.
@@ -30,7 +28,10 @@ void clsViewBase::refreshGrid(QObject* grid, const QString& idToSelect) {
     auto* report = qobject_cast<platform::ReportGrid*>(grid);
     if (!report) return;
     grid_ = report;
-    if (report->columnCount() == 0) prepareGrid(*report);
+    if (report->columnCount() == 0) {
+        buildColumns(*report);
+        dressList(*report);
+    }
 
     adaptColumns(*report);
     reading_.read(*report, [&] {
@@ -42,16 +43,6 @@ void clsViewBase::refreshGrid(QObject* grid, const QString& idToSelect) {
         if (report->record(i)->tag == idToSelect) chosen = report->record(i);
     }
     report->setFocusedRecord(chosen);
-}
-
-void clsViewBase::prepareGrid(platform::ReportGrid& grid) {
-    buildColumns(grid);
-    grid.setColours(QColor(224, 233, 248), QColor(255, 255, 255), QColor(212, 208, 200));
-    grid.setGroupBoxVisible(true);
-    grid.setReadOnly(true);
-    for (int i = 0; i < grid.columnCount(); ++i) {
-        if (grid.column(i).caption == QLatin1String("Progressivo")) grid.setSort(i, Qt::DescendingOrder);
-    }
 }
 
 void clsViewBase::Popup(host::PopupBar& bar, QObject* grid) {
@@ -68,8 +59,3 @@ void clsViewBase::PopupExecute(int command, QObject* grid) {
 void clsViewBase::adaptColumns(platform::ReportGrid&) {}
 void clsViewBase::addEntries(host::PopupBar&, platform::ReportGrid&) {}
 void clsViewBase::run(int, platform::ReportGrid&) {}
-
-QString clsViewBase::selectedTag(const platform::ReportGrid& grid) {
-    const platform::ReportRecord* record = grid.focusedRecord();
-    return record ? record->tag : QString();
-}

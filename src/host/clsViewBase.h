@@ -37,7 +37,7 @@ public:
     void PopupExecute(int command, QObject* grid) override;
 
 protected:
-    /// Adds the columns, on the first fill of a grid.
+    /// Adds the columns and their sort, on the first fill of a grid.
     virtual void buildColumns(platform::ReportGrid& grid) = 0;
     /// Adds one record per item of the open patient, its tag the item's `ID`. The grid is empty and being updated. A
     /// HostError tells that they could not be read.
@@ -49,12 +49,7 @@ protected:
     /// Performs a command; only called with a patient open.
     virtual void run(int command, platform::ReportGrid& grid);
 
-    /// Tag of the focused record; empty when none.
-    static QString selectedTag(const platform::ReportGrid& grid);
-
 private:
-    void prepareGrid(platform::ReportGrid& grid);
-
     bool likePanel_ = false;
     QPointer<QObject> grid_;
     ListReading reading_{[this] { RefreshPannello(); }};

@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -35,7 +36,7 @@ ReportGrid::ReportGrid(QWidget* parent)
             [this, &p](int, const QPoint& at) { p.groupBox->setDropHint(overGroupBox(at)); });
     connect(p.header, &ReportHeader::headDropped, this, [this, &p](int head, const QPoint& at) {
         p.groupBox->setDropHint(false);
-        if (overGroupBox(at) && !groups().contains(head)) setGroups(groups() << head);
+        if (overGroupBox(at) && !groups().contains(head)) groupBy(head);
     });
     connect(p.groupBox, &ReportGroupBox::removed, this, [this](int head) {
         QList<int> kept = groups();
@@ -107,6 +108,10 @@ void ReportGrid::setSort(int column, Qt::SortOrder order) {
     parts_->header->setSortIndicator(parts_->model->sortColumn(), order);
 }
 
+int ReportGrid::sortColumn() const {
+    return parts_->model->sortColumn();
+}
+
 void ReportGrid::setGroups(const QList<int>& columns) {
     Parts& p = *parts_;
     QList<ReportGridModel::Group> groups;
@@ -174,6 +179,16 @@ void ReportGrid::removeRecord(ReportRecord* record) {
     });
 }
 
+void ReportGrid::removeRecords(const std::function<bool(const ReportRecord&)>& which) {
+    ReportRecord* focused = focusedRecord();
+    const bool keepsFocus = focused && !which(*focused);
+    parts_->change(*this, [&] {
+        parts_->view->abandonEdit();
+        parts_->model->removeIf(which);
+        if (keepsFocus) setFocusedRecord(focused);
+    });
+}
+
 void ReportGrid::moveRecord(int from, int to) {
     parts_->change(*this, [this, from, to] { parts_->model->move(from, to); });
 }
@@ -198,6 +213,10 @@ void ReportGrid::populate() {
         parts_->model->flush();
         parts_->model->arrange();
     });
+}
+
+void ReportGrid::setBeforeShown(std::function<void(ReportRecord&)> prepare) {
+    parts_->beforeShown = std::move(prepare);
 }
 
 void ReportGrid::refreshRecord(ReportRecord* record) {

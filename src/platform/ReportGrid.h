@@ -4,6 +4,7 @@
 #include "platform/ReportRecord.h"
 
 #include <QTreeView>
+#include <functional>
 #include <memory>
 
 namespace platform {
@@ -28,6 +29,7 @@ public:
     void setGroupBoxVisible(bool visible);
     void setColours(const QColor& shaded, const QColor& plain, const QColor& head);
     void setSort(int column, Qt::SortOrder order); ///< -1 for the order of adding. Taken up by `populate`.
+    int sortColumn() const;                        ///< -1 when not sorted.
     void setGroups(const QList<int>& columns);     ///< Outermost first; empty for none. Shown at once.
     QList<int> groups() const;
     void setEditMode(bool cellFocus, bool editable); ///< Cell focus marks one cell; else the whole row.
@@ -39,12 +41,17 @@ public:
     ReportRecord* addRecord(); ///< A record with a cell per column; owned by the grid.
     ReportRecord* insertRecord(int position);
     void removeRecord(ReportRecord* record); ///< Of the grid or a child; it lives on until the running handler ends.
+    /// The same for many at once; the focus stays on its record if that is kept.
+    void removeRecords(const std::function<bool(const ReportRecord&)>& which);
     void moveRecord(int from, int to);
     void clear();
     int recordCount() const;
     ReportRecord* record(int position) const; ///< In the order of adding.
     void populate();                          ///< Shows what was changed in records.
     void refreshRecord(ReportRecord* record);
+    /// Told of each record that is about to be painted: cells that take long to fill are filled then. It may change the
+    /// cells of the record, must not throw, and is told of a record again whenever it is painted again.
+    void setBeforeShown(std::function<void(ReportRecord&)> prepare);
 
     // Displayed rows
     int rowCount() const;
@@ -67,6 +74,7 @@ public:
     QTreeView* view() const; ///< For key and mouse handling and accessibility.
 
 signals:
+    void orderRequested(int column); ///< The user is about to sort or group by it; its cells are read next.
     void valueChanged(platform::ReportRecord* record,
                       int column); ///< After an edit in the cell or a check by the user.
     void rowDoubleClicked(platform::ReportRecord* record, int column);
@@ -83,7 +91,9 @@ protected:
 private:
     struct Parts;
     void announceFocus();
+    void prepareShown();
     void sortByHead(int column);
+    void groupBy(int column);
     void headMenu(int column);
     bool overGroupBox(const QPoint& globalPosition) const;
 

@@ -5,6 +5,7 @@
 #include "platform/ReportRows.h"
 
 #include <QAbstractItemModel>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -32,6 +33,7 @@ public:
     // Records
     ReportRecord* insert(int position);
     void remove(ReportRecord* record);
+    void removeIf(const std::function<bool(const ReportRecord&)>& which); ///< Of the records, not of their children.
     void move(int from, int to);
     void clear();
     int count() const { return static_cast<int>(records_.size()); }

@@ -30,6 +30,7 @@ struct ReportGrid::Parts {
     ReportHeader* header;
     ReportColumnWidths widths;
     QString sortPrompt;
+    std::function<void(ReportRecord&)> beforeShown;
     bool editable = false;
     bool readOnly = false;
     ReportRecord* announced = nullptr; ///< The focused record that the listeners know of.

@@ -67,6 +67,23 @@ void ReportGridModel::removeRow(int id) {
     }
 }
 
+void ReportGridModel::removeIf(const std::function<bool(const ReportRecord&)>& which) {
+    beginResetModel();
+    rows_.clear();
+    std::vector<Held> kept;
+    for (Held& held : records_) {
+        if (which(*held.record)) {
+            retire(std::move(held.record));
+        } else {
+            kept.push_back({std::move(held.record), false});
+        }
+    }
+    records_ = std::move(kept);
+    heldBack_ = !records_.empty();
+    endResetModel();
+    flush();
+}
+
 void ReportGridModel::move(int from, int to) {
     if (from == to || from < 0 || to < 0 || from >= count() || to >= count()) return;
     flush();

@@ -142,6 +142,7 @@ void ReportGrid::sortByHead(int column) {
     const ReportGridModel& model = *parts_->model;
     const bool grouped = groups().contains(column);
     if (!model.column(column).sortable && !grouped) return;
+    emit orderRequested(column);
     bool ascending = !(model.sortColumn() == column && model.sortOrder() == Qt::AscendingOrder);
     for (const ReportGridModel::Group& group : model.groups()) {
         if (group.column == column) ascending = group.order == Qt::DescendingOrder;
@@ -162,8 +163,13 @@ void ReportGrid::headMenu(int column) {
                                         {tr("Raggruppa per %1").arg(caption), !grouped},
                                         {tr("Togli i raggruppamenti"), !groups().isEmpty()}});
     if (chosen == 0) sortByHead(column);
-    if (chosen == 1) setGroups(groups() << column);
+    if (chosen == 1) groupBy(column);
     if (chosen == 2) setGroups({});
+}
+
+void ReportGrid::groupBy(int column) {
+    emit orderRequested(column);
+    setGroups(groups() << column);
 }
 
 bool ReportGrid::overGroupBox(const QPoint& globalPosition) const {
@@ -173,7 +179,18 @@ bool ReportGrid::overGroupBox(const QPoint& globalPosition) const {
 
 // Events
 
+void ReportGrid::prepareShown() {
+    if (!parts_->beforeShown) return;
+    const ReportTreeView& view = *parts_->view;
+    const int bottom = view.viewport()->height();
+    for (QModelIndex row = view.indexAt(QPoint(0, 0)); row.isValid(); row = view.indexBelow(row)) {
+        if (view.visualRect(row).top() > bottom) return;
+        if (ReportRecord* record = parts_->model->recordAt(row)) parts_->beforeShown(*record);
+    }
+}
+
 bool ReportGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parts_->view->viewport() && event->type() == QEvent::Paint) prepareShown();
     if (watched == parts_->view->viewport() && event->type() == QEvent::Resize) parts_->widths.apply();
     if (watched != parts_->view) return false;
     // A key that an open editor did not want belongs to the edit, not to the commands of the grid.

@@ -7,6 +7,7 @@ void PlainRowView::buildColumns(platform::ReportGrid& grid) {
     grid.addColumn({QStringLiteral("Progressivo"), 80});
     grid.addColumn({QStringLiteral("Data"), 80});
     grid.addColumn({QStringLiteral("Descrizione"), 240, true});
+    grid.setSort(0, Qt::DescendingOrder);
 }
 
 void PlainRowView::fill(platform::ReportGrid& grid) {

@@ -1,58 +1,54 @@
 #include "treatments/TreatmentColumns.h"
 
-#include "host/modIcone.h"
-#include "platform/ReportGrid.h"
+#include "config/clsConfig.h"
+#include "documents/DocumentKind.h"
+#include "host/context.h"
+#include "treatments/ApriTrattamento.h"
+#include "treatments/TreatmentMemo.h"
 #include "treatments/TreatmentState.h"
-#include "treatments/clsItemTrattamento.h"
+#include "treatments/clsTrattamenti.h"
+#include "treatments/frmEditTrattamento.h"
 
 namespace treatmentcolumns {
 
 namespace {
 
-platform::ReportColumn column(const QString& caption, int width, bool resizable = false) {
-    platform::ReportColumn description;
-    description.caption = caption;
-    description.width = width;
-    description.resizable = resizable;
-    return description;
+DocumentCells cells(const clsItemTrattamento& item) {
+    const TreatmentState state = treatmentState(item);
+    return {{item.number().text(), item.Data, item.cliente, item.descrizionecliente, item.descrizione, state.text},
+            state.icon};
 }
 
-void add(platform::ReportGrid& grid, const platform::ReportColumn& taxCode) {
-    grid.addColumn(column(QStringLiteral("Progressivo"), 80));
-    grid.addColumn(column(QStringLiteral("Data"), 80));
-    grid.addColumn(taxCode);
-    grid.addColumn(column(QStringLiteral("Cliente"), 300));
-    grid.addColumn(column(QStringLiteral("Descrizione"), 240, true));
-    platform::ReportColumn state = column(QStringLiteral("Status"), 240, true);
-    state.sample = QStringLiteral("1 lavori finiti. Ci sono 2 lavori aperti. Restano da iniziare 2 lavori");
-    grid.addColumn(state);
+DocumentColumn status() {
+    platform::ReportColumn column{QStringLiteral("Status"), 240, true};
+    column.sample = QStringLiteral("1 lavori finiti. Ci sono 2 lavori aperti. Restano da iniziare 2 lavori");
+    return {column};
+}
+
+QObject* editor(const QString& id) {
+    sIDTrattamento = id;
+    return new frmEditTrattamento(id);
 }
 
 } // namespace
 
-void addForPanel(platform::ReportGrid& grid) {
-    platform::ReportColumn taxCode = column(QStringLiteral("cdfCliente"), 0);
-    taxCode.visible = false;
-    add(grid, taxCode);
-}
-
-void addForList(platform::ReportGrid& grid) {
-    platform::ReportColumn taxCode = column(QStringLiteral("Cod.Fiscale"), 120);
-    taxCode.sample = QStringLiteral("MMMDDD80A41H501W"); // in bold on the rows of the open patient
-    add(grid, taxCode);
-}
-
-void fillRecord(const clsItemTrattamento& item, platform::ReportRecord& record) {
-    record.cell(PROGRESSIVE).value = item.number().text();
-    record.cell(DATE).value = item.Data;
-    record.cell(TAX_CODE).value = item.cliente;
-    record.cell(PATIENT).value = item.descrizionecliente;
-    record.cell(DESCRIPTION).value = item.descrizione;
-    const TreatmentState state = treatmentState(item);
-    record.cell(STATUS).value = state.text;
-    if (state.icon == 0) return;
-    record.cell(STATUS).changeStyle().icon = stateIcon(state.icon);
-    record.cell(STATUS).changeStyle().iconIndex = state.icon;
+DocumentKind kind() {
+    using namespace documentcolumns;
+    DocumentKind plans;
+    plans.recordType = 101014;
+    plans.t1 = QStringLiteral("TRT");
+    plans.plural = QStringLiteral("Trattamenti");
+    plans.columns = {number(), date(), taxCode(), patient(), description(), status()};
+    plans.sortColumn = PROGRESSIVE;
+    listDocuments(plans, oTrattamenti, cells, [](clsItemTrattamento& item, const QString& memo, host::Paziente&) {
+        readMemoForList(item, memo);
+    });
+    plans.editor = editor;
+    plans.open = [](const QString& id) { ApriTrattamento(id); };
+    plans.remove = deleteTreatment;
+    // "Stampa" does nothing, on purpose: plans have no print of their own. The single sheet must stay single.
+    plans.mayAdd = [](bool hasAny) { return !hasAny || !oConfig || !oConfig->UnicaSchedaTrattamento(); };
+    return plans;
 }
 
 } // namespace treatmentcolumns

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/PeriodList.h"
+#include "documents/PeriodList.h"
 
 /// The practice-wide list of treatment plans. Owned by the host as a child window; refreshed by name through its two
 /// invokable members.
@@ -10,14 +10,7 @@ class frmMDITrattamenti : public PeriodList {
 public:
     explicit frmMDITrattamenti(QWidget* parent = nullptr);
 
-    Q_INVOKABLE void
-    RefreshTrattamenti(const QString& id);        ///< Reloads and focuses that plan; empty keeps the selected one.
+    /// Reloads and focuses that plan; empty keeps the selected one.
+    Q_INVOKABLE void RefreshTrattamenti(const QString& id);
     Q_INVOKABLE void RefreshGraficaTrattamenti(); ///< Only marks the rows of the open patient anew.
-
-protected:
-    void buildColumns(platform::ReportGrid& grid) override;
-    void fill(platform::ReportRecord& record, const host::Recordset& row, host::Paziente& patient) override;
-    QList<int> patientColumns() const override;
-    void open(const QString& id) override;
-    bool remove(host::Paziente& patient, const QString& id) override;
 };

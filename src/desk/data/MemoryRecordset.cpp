@@ -14,22 +14,13 @@ namespace {
 constexpr qsizetype LONG_TEXT = 256;
 
 /// A long text at half its size: a list of the whole practice holds the memos of years at once.
-struct PackedText {
-    QByteArray utf8;
-};
-
 QVariant packed(const QVariant& value) {
     if (value.typeId() != QMetaType::QString) return value;
     const auto* text = static_cast<const QString*>(value.constData());
     if (text->size() < LONG_TEXT) return value;
-    PackedText small{text->toUtf8()};
-    small.utf8.squeeze(); // The conversion leaves room for three bytes a character.
-    return QVariant::fromValue(small);
-}
-
-QVariant unpacked(const QVariant& value) {
-    if (value.metaType() != QMetaType::fromType<PackedText>()) return value;
-    return QString::fromUtf8(static_cast<const PackedText*>(value.constData())->utf8);
+    QByteArray utf8 = text->toUtf8();
+    utf8.squeeze(); // The conversion leaves room for three bytes a character.
+    return utf8;
 }
 
 } // namespace
@@ -54,7 +45,7 @@ void MemoryRecordset::MoveNext() {
 QVariant MemoryRecordset::value(const QString& column) const {
     const auto found = columns_.constFind(column.toLower());
     if (isEOF() || found == columns_.cend()) return {};
-    return unpacked(cells_[static_cast<std::size_t>(current_) * width_ + static_cast<std::size_t>(*found)]);
+    return cells_[static_cast<std::size_t>(current_) * width_ + static_cast<std::size_t>(*found)];
 }
 
 QString MemoryRecordset::text(const QString& column) const {

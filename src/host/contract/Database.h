@@ -13,7 +13,8 @@ public:
     virtual int RecordCount() const = 0;
     virtual bool isEOF() const = 0;
     virtual void MoveNext() = 0;
-    /// Value in the current row; a null variant for a null value, an unknown column or past the end.
+    /// Value in the current row; a null variant for a null value, an unknown column or past the end. A long text may
+    /// come as its bytes in UTF-8, which convert to text as a variant does.
     virtual QVariant value(const QString& column) const = 0;
     /// The value as text: empty for a null, dates as "yyyy-MM-dd HH:mm:ss".
     virtual QString text(const QString& column) const = 0;
