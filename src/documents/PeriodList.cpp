@@ -225,8 +225,9 @@ void PeriodList::readMemo(platform::ReportRecord& record, const DocumentRow& row
         showCells(record, cells);
     } catch (const host::HostError&) {
         throw;
-    } catch (const std::runtime_error&) {
+    } catch (const std::runtime_error& error) {
         // One record that cannot be read must not hide those of the whole practice.
+        qWarning("%s %s: %s", qUtf8Printable(kind_.t1), qUtf8Printable(row.number), error.what());
     }
 }
 
