@@ -5,20 +5,26 @@
 #include "desk/data/Transaction.h"
 #include "host/contract/HostError.h"
 
+#include <QSqlRecord>
+
 namespace desk {
 
 namespace {
 
 /// The lists of the practice ask for whole records, years of them at once: the same columns, the memo in the form in
 /// which it is read fastest.
-QString withFastMemo(const QString& sql, const Database& database) {
-    const QString asked = QStringLiteral("select * from %1.tblWorkspace where").arg(database.schema());
-    if (!sql.startsWith(asked, Qt::CaseInsensitive)) return sql;
-    const QString memo = QStringLiteral("m1");
-    return QStringLiteral("select ID, tiporecord, t1, idrif1, idpaziente, Data, descrizione, %1 as %2, ModificatoDa, "
-                          "DataModifica, LastUpdate")
-               .arg(database.dialect().longText(memo), memo) +
-           sql.mid(QLatin1String("select *").size());
+QString withFastMemo(const QString& sql, Database& database) {
+    const QString records = QStringLiteral("select * from %1.tblWorkspace where ").arg(database.schema());
+    if (!sql.startsWith(records, Qt::CaseInsensitive)) return sql;
+    Query none = database.runText(records + QStringLiteral("1 = 0"));
+    const QSqlRecord fields = none.statement().record();
+    QStringList columns;
+    for (int i = 0; i < fields.count(); ++i) {
+        const QString name = fields.fieldName(i);
+        const bool isMemo = name.compare(QLatin1String("m1"), Qt::CaseInsensitive) == 0;
+        columns << (isMemo ? database.dialect().longText(name) + QStringLiteral(" as ") + name : name);
+    }
+    return QStringLiteral("select ") + columns.join(QStringLiteral(", ")) + sql.mid(QLatin1String("select *").size());
 }
 
 } // namespace
