@@ -26,7 +26,8 @@ clsItemRigoTrattamento rowSample(int position, int number) {
 
 clsItemTrattamento planSample(int rows, int number) {
     clsItemTrattamento plan;
-    plan.anno = QStringLiteral("2025");
+    // No number twice: a year has four digits of them.
+    plan.anno = QString::number(2025 - number / 10000);
     plan.progressivo = QStringLiteral("%1").arg(number % 10000, 4, 10, QLatin1Char('0'));
     plan.Data = QStringLiteral("10/03/2025");
     plan.descrizione = QStringLiteral("Piano di cura numero %1").arg(number);
